@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Result.h"
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace velmorath {
+
+/// Files, whole ones only. Paths are UTF-8 and absolute. Main thread only; each call has done its work
+/// when it returns. Required.
+class Files {
+public:
+    virtual ~Files() = default;
+
+    /// The folder that holds the user's documents, nothing when there is none to be had. It need not
+    /// exist yet: replace() makes the folders above a file.
+    virtual std::optional<std::string> documentDirectory() = 0;
+
+    /// The file of the user-defaults store, nothing when there is none to be had.
+    virtual std::optional<std::string> defaultsFile() = 0;
+
+    /// The folder of the program's own resources: sounds, pictures, strings tables.
+    virtual std::string resourceDirectory() = 0;
+
+    virtual bool exists(const std::string& path) = 0;
+
+    /// The whole file. A missing file is an error like any other.
+    virtual Result<std::string> read(const std::string& path) = 0;
+
+    /// Puts these bytes in the file's place: whenever the program or the machine stops, the old file or
+    /// the new one is there, whole, and it is readable by its owner alone. Nothing when it worked. After
+    /// an error the old file is as it was.
+    virtual std::optional<Error> replace(const std::string& path, std::string_view bytes) = 0;
+
+    /// Moves a file out of the way, beside its old place, under a name that no other file has. Nothing
+    /// when it worked.
+    virtual std::optional<Error> setAside(const std::string& path) = 0;
+};
+
+} // namespace velmorath

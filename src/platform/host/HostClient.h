@@ -1,0 +1,62 @@
+#pragma once
+
+#include "CGContext.h"
+#include <cstdint>
+#include <vector>
+
+namespace velmorath {
+
+/// One finger at one moment.
+struct HostTouch {
+    enum class Phase { began, moved, ended, cancelled };
+
+    /// The same from began to ended or cancelled, different from every other finger on the screen.
+    std::int64_t identifier = 0;
+    Phase phase = Phase::began;
+    CGPoint location;
+};
+
+/// What the program is to the user just now.
+enum class HostState {
+    /// In use.
+    active,
+    /// In sight, but something else is in use.
+    inactive,
+    /// Out of sight.
+    background,
+};
+
+/// What a host calls. One object implements it, the application. All on the main thread.
+class HostClient {
+public:
+    virtual ~HostClient() = default;
+
+    /// The fingers that changed since the last call, at a moment of Clock::now(). Wrong sequences (a
+    /// move of an unknown finger, a second began) are ignored.
+    virtual void touchesChanged(const std::vector<HostTouch>&, double time) = 0;
+
+    /// A wheel or a touchpad turned over this place, by this many points (positive: towards the
+    /// content's beginning, as a finger that drags down).
+    virtual void scrolled(CGPoint location, CGVector by) = 0;
+
+    /// Size or scale changed: Screen has the new values already. A frame follows.
+    virtual void screenChanged() = 0;
+
+    /// Brings everything up to this frame's moment and says which part of the screen, in points, must
+    /// be drawn again; the null rectangle when none. May ask for the next frame.
+    virtual CGRect prepareFrame() = 0;
+
+    /// Draws what falls inside the rectangle, background included. Changes nothing, and may be called
+    /// at any time, more than once or not at all.
+    virtual void draw(CGContext&, const CGRect& area) = 0;
+
+    /// The moment asked for with Clock::wakeAt() has come.
+    virtual void wake() = 0;
+
+    virtual void stateChanged(HostState) = 0;
+
+    /// The program is about to end. Everything is on disk already.
+    virtual void willTerminate() = 0;
+};
+
+} // namespace velmorath

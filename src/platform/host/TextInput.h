@@ -1,0 +1,51 @@
+#pragma once
+
+#include "CGGeometry.h"
+#include "CGText.h"
+#include <string>
+
+namespace velmorath {
+
+/// Told what happens while a text is edited. It may call TextInput::end() from any of these.
+class TextInputClient {
+public:
+    virtual ~TextInputClient() = default;
+
+    /// The text changed, unfinished input of an input method included.
+    virtual void textInputDidChange(const std::string& utf8) = 0;
+
+    /// Return was pressed in one line, or the editing was broken off by Escape or by the keyboard's
+    /// own button: the client decides whether the editing ends.
+    virtual void textInputDidReturn() = 0;
+};
+
+struct TextInputTraits {
+    /// Return makes a new line.
+    bool multiline = false;
+    bool darkKeyboard = false;
+    /// The keyboard's return key says "done".
+    bool doneKey = false;
+
+    bool operator==(const TextInputTraits&) const = default;
+};
+
+/// The machine's own text editing, laid over the field that is edited: caret, selection, clipboard,
+/// input methods, spelling. At most one text is edited at a time. Main thread only. Required.
+class TextInput {
+public:
+    virtual ~TextInput() = default;
+
+    /// Starts to edit, with the caret at the end. The client is kept until end(). A text that is being
+    /// edited already is ended first.
+    virtual void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) = 0;
+
+    /// Where the edited field is now, in screen points: the editor lies exactly there, and shows only
+    /// what falls inside the clip. Called with each frame in which it moved.
+    virtual void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) = 0;
+
+    /// Ends the editing and takes the editor away. What an input method still holds is taken over, and
+    /// the change reported, before this returns. Does nothing when nothing is edited.
+    virtual void end() = 0;
+};
+
+} // namespace velmorath
