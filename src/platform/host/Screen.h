@@ -23,8 +23,9 @@ public:
     /// before that changes nothing. While the program cannot be seen the frame may wait.
     virtual void requestFrame() = 0;
 
-    /// One line, not wrapped. A text without characters is as high as a line and has no width.
-    virtual CGTextMetrics measure(std::string_view utf8, const CGFont&) = 0;
+    /// How large a text is in one line or, with a width greater than zero, wrapped at that width. A
+    /// text without characters is as high as a line and has no width.
+    virtual CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth = 0) = 0;
 
     /// PNG or JPEG; nothing when the bytes are no picture that the host can read.
     virtual std::shared_ptr<CGImage> decodeImage(std::string_view bytes) = 0;

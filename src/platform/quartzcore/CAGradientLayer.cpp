@@ -1,0 +1,17 @@
+#include "CAGradientLayer.h"
+
+namespace velmorath {
+
+void CAGradientLayer::setGradient(CGGradient gradient)
+{
+    m_gradient = std::move(gradient);
+    setNeedsDisplay();
+}
+
+void CAGradientLayer::drawContent(CGContext& context, const CALayerGeometry& shown) const
+{
+    if (!m_gradient.colors.empty())
+        context.fill(shown.bounds, cornerRadius(), m_gradient);
+}
+
+} // namespace velmorath

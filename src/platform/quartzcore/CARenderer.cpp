@@ -1,0 +1,104 @@
+#include "CARenderer.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+bool isInvisible(const CALayer& layer, const CALayerGeometry& shown)
+{
+    return layer.isHidden() || shown.opacity <= 0;
+}
+
+} // namespace
+
+void CARenderer::collect(const CALayer& layer, double time, const CGAffineTransform& parent, CGFloat opacity,
+    const CGRect& clip, Frame& frame)
+{
+    const CALayerGeometry shown = layer.presented(time);
+    if (isInvisible(layer, shown))
+        return;
+    const CGAffineTransform toScreen = CALayer::toSuperlayer(shown).concatenated(parent);
+    const CGFloat totalOpacity = opacity * shown.opacity;
+    const CGRect area = toScreen.apply(layer.drawnArea(shown)).intersected(clip);
+    if (!area.isEmpty())
+        frame.emplace(
+            layer.identity(), Shown{layer.version(), shown, toScreen, totalOpacity, area, frame.size()});
+
+    const CGRect innerClip = layer.masksToBounds() ? clip.intersected(toScreen.apply(shown.bounds)) : clip;
+    if (innerClip.isEmpty())
+        return;
+    for (const auto& sublayer : layer.sublayers())
+        collect(*sublayer, time, toScreen, totalOpacity, innerClip, frame);
+}
+
+CGRect CARenderer::update(const CALayer& root, double time, const CGRect& screen)
+{
+    Frame frame;
+    frame.reserve(m_lastFrame.size() + 16);
+    collect(root, time, CGAffineTransform::identity(), 1, screen, frame);
+
+    CGRect damage = CGRect::null();
+    std::vector<const Shown*> inOrder(frame.size());
+    for (const auto& [identity, shown] : frame) {
+        inOrder[shown.order] = nullptr;
+        const auto before = m_lastFrame.find(identity);
+        if (before == m_lastFrame.end()) {
+            damage = damage.united(shown.area);
+            continue;
+        }
+        inOrder[shown.order] = &before->second;
+        if (!shown.looksLike(before->second))
+            damage = damage.united(shown.area).united(before->second.area);
+    }
+    for (const auto& [identity, shown] : m_lastFrame) {
+        if (!frame.contains(identity))
+            damage = damage.united(shown.area);
+    }
+    // Layers that only changed places with each other.
+    std::size_t highest = 0;
+    for (const Shown* before : inOrder) {
+        if (!before)
+            continue;
+        if (before->order < highest)
+            damage = damage.united(before->area);
+        highest = std::max(highest, before->order);
+    }
+
+    m_lastFrame = std::move(frame);
+    return damage.isEmpty() ? CGRect::null() : damage.intersected(screen);
+}
+
+void CARenderer::draw(const CALayer& layer, double time, CGContext& context, const CGRect& area)
+{
+    const CALayerGeometry shown = layer.presented(time);
+    if (isInvisible(layer, shown))
+        return;
+    const CGAffineTransform toParent = CALayer::toSuperlayer(shown);
+    const CGRect areaInside = toParent.inverted().apply(area);
+    const bool drawsItself = layer.drawnArea(shown).intersects(areaInside);
+    if (layer.masksToBounds() && !drawsItself)
+        return;
+
+    context.saveState();
+    context.concatenate(toParent);
+    if (shown.opacity < 1)
+        context.multiplyAlpha(shown.opacity);
+    if (drawsItself)
+        layer.drawBehindSublayers(context, shown);
+    if (!layer.sublayers().empty()) {
+        if (layer.masksToBounds()) {
+            context.saveState();
+            context.clip(shown.bounds, layer.cornerRadius());
+        }
+        for (const auto& sublayer : layer.sublayers())
+            draw(*sublayer, time, context, areaInside);
+        if (layer.masksToBounds())
+            context.restoreState();
+    }
+    if (drawsItself)
+        layer.drawBorder(context, shown);
+    context.restoreState();
+}
+
+} // namespace velmorath

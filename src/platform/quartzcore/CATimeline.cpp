@@ -1,0 +1,69 @@
+#include "CATimeline.h"
+#include "Host.h"
+#include <algorithm>
+#include <utility>
+
+namespace velmorath {
+
+CATimeline& CATimeline::main()
+{
+    static CATimeline s_main;
+    return s_main;
+}
+
+void CATimeline::advance(double now)
+{
+    m_frameTime = now;
+
+    std::vector<int> links;
+    for (const auto& entry : m_links)
+        links.push_back(entry.first);
+    for (int link : links) {
+        const auto found = m_links.find(link);
+        if (found != m_links.end()) {
+            const auto step = found->second;
+            step(now);
+        }
+    }
+
+    std::vector<End> over;
+    const auto stillRunning =
+        std::stable_partition(m_ends.begin(), m_ends.end(), [&](const End& end) { return end.time > now; });
+    std::move(stillRunning, m_ends.end(), std::back_inserter(over));
+    m_ends.erase(stillRunning, m_ends.end());
+    std::stable_sort(over.begin(), over.end(), [](const End& a, const End& b) { return a.time < b.time; });
+    for (const End& end : over) {
+        if (end.completion)
+            end.completion();
+    }
+
+    if (!m_ends.empty() || !m_links.empty())
+        Host::current().screen().requestFrame();
+}
+
+void CATimeline::keepRunningUntil(double end, std::function<void()> completion)
+{
+    m_ends.push_back({end, std::move(completion)});
+    Host::current().screen().requestFrame();
+}
+
+int CATimeline::addDisplayLink(std::function<void(double)> step)
+{
+    m_links.emplace(m_nextLink, std::move(step));
+    Host::current().screen().requestFrame();
+    return m_nextLink++;
+}
+
+void CATimeline::removeDisplayLink(int link)
+{
+    m_links.erase(link);
+}
+
+void CATimeline::reset()
+{
+    m_animating.reset();
+    m_ends.clear();
+    m_links.clear();
+}
+
+} // namespace velmorath

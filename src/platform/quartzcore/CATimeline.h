@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+namespace velmorath {
+
+/// What an animation block says about the changes made inside it. Seconds.
+struct CAAnimationTiming {
+    double begin = 0;
+    double duration = 0;
+};
+
+/// The time by which everything on the screen moves. It stands still between frames, and asks for the
+/// next frame as long as something moves.
+class CATimeline {
+public:
+    static CATimeline& main();
+
+    /// The moment that the current frame shows, in seconds of Clock::now().
+    double frameTime() const { return m_frameTime; }
+
+    /// Brings the timeline to this frame's moment: display links step, then completions whose time has
+    /// come run. Asks for another frame while anything still moves.
+    void advance(double now);
+
+    /// While this is set, changes to layers are animated with it.
+    const std::optional<CAAnimationTiming>& animating() const { return m_animating; }
+    void setAnimating(std::optional<CAAnimationTiming> timing) { m_animating = timing; }
+
+    /// Keeps frames coming until this moment, and runs the completion at the first frame after it.
+    void keepRunningUntil(double end, std::function<void()> completion = {});
+
+    /// Calls the function with each frame's moment until the link is removed. Returns the link's number.
+    int addDisplayLink(std::function<void(double now)>);
+    void removeDisplayLink(int link);
+
+    /// Drops whatever still moves or waits: for tests, which start one program after another.
+    void reset();
+
+private:
+    struct End {
+        double time;
+        std::function<void()> completion;
+    };
+
+    double m_frameTime = 0;
+    std::optional<CAAnimationTiming> m_animating;
+    std::vector<End> m_ends;
+    std::map<int, std::function<void(double)>> m_links;
+    int m_nextLink = 1;
+};
+
+} // namespace velmorath

@@ -1,0 +1,93 @@
+#include "UIAlertController.h"
+
+namespace velmorath {
+
+namespace {
+
+constexpr CGFloat boxWidth = 270;
+constexpr CGFloat padding = 20;
+constexpr CGFloat buttonHeight = 48;
+constexpr CGFloat hairline = 0.5;
+const CGColor boxColor = CGColor::gray(0.16);
+const CGColor lineColor = CGColor::gray(0.35);
+const CGColor standardColor{0.35, 0.68, 1, 1};
+const CGColor destructiveColor{1, 0.35, 0.32, 1};
+
+std::shared_ptr<UIView> line(const CGRect& frame)
+{
+    auto view = std::make_shared<UIView>(frame);
+    view->setBackgroundColor(lineColor);
+    return view;
+}
+
+/// A label with wrapped, centred text below `y`; returns where it ends.
+CGFloat addText(UIView& box, const std::string& text, const CGFont& font, CGFloat y)
+{
+    auto label = std::make_shared<UILabel>();
+    label->setText(text);
+    label->setFont(font);
+    label->setTextColor(UIColor::white());
+    label->setTextAlignment(CGTextAlignment::center);
+    label->setWraps(true);
+    const CGFloat width = boxWidth - 2 * padding;
+    const CGFloat height = std::ceil(label->heightFitting(width));
+    label->setFrame(CGRectMake(padding, y, width, height));
+    box.addSubview(label);
+    return y + height;
+}
+
+} // namespace
+
+UIAlertController::UIAlertController(std::string title, std::optional<std::string> message)
+    : m_title(std::move(title))
+    , m_message(std::move(message))
+{
+    setModalPresentationStyle(UIModalPresentationStyle::overFullScreen);
+}
+
+void UIAlertController::viewDidLoad()
+{
+    view()->setBackgroundColor(UIColor::black().withAlpha(0.45));
+    auto box = std::make_shared<UIView>();
+    box->setBackgroundColor(boxColor);
+    box->setClipsToBounds(true);
+    box->layer().setCornerRadius(14);
+    layOutBox(*box);
+    box->setCenter(view()->bounds().center());
+    box->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
+        | UIViewAutoresizing::flexibleTopMargin | UIViewAutoresizing::flexibleBottomMargin);
+    view()->addSubview(box);
+}
+
+void UIAlertController::layOutBox(UIView& box)
+{
+    CGFloat y = addText(box, m_title, UIFont::boldSystemFont(17), padding);
+    if (m_message)
+        y = addText(box, *m_message, UIFont::systemFont(14), y + 6);
+    y += padding;
+
+    // Two buttons share a line, any other number stand one below the other.
+    const bool isRow = m_actions.size() == 2;
+    const CGFloat buttonWidth = isRow ? boxWidth / 2 : boxWidth;
+    CGFloat x = 0;
+    for (std::size_t i = 0; i < m_actions.size(); ++i) {
+        const UIAlertAction& action = m_actions[i];
+        if (!isRow || i == 0)
+            box.addSubview(line(CGRectMake(0, y, boxWidth, hairline)));
+        auto button = std::make_shared<UIButton>(CGRectMake(x, y + hairline, buttonWidth, buttonHeight));
+        button->setTitle(action.title);
+        button->setTitleColor(
+            action.style == UIAlertActionStyle::destructive ? destructiveColor : standardColor);
+        button->addTarget([this, handler = action.handler](UIControl&) { dismiss(true, handler); });
+        box.addSubview(button);
+        if (isRow && i == 0) {
+            x += buttonWidth;
+            box.addSubview(line(CGRectMake(x - hairline / 2, y, hairline, buttonHeight)));
+        } else {
+            y += buttonHeight + hairline;
+        }
+    }
+    box.setFrame(CGRectMake(0, 0, boxWidth, y));
+}
+
+} // namespace velmorath

@@ -1,0 +1,166 @@
+#include "UIApplication.h"
+#include "CATimeline.h"
+#include "Class.h"
+#include "DispatchQueue.h"
+#include "FatalError.h"
+#include "Host.h"
+#include "UIRemoteKeyboardWindow.h"
+#include "UIScrollView.h"
+#include "UIStoryboard.h"
+#include "UITextField.h"
+#include "UIViewController.h"
+
+namespace velmorath {
+
+namespace {
+
+std::unique_ptr<UIApplication> s_shared;
+
+}
+
+UIApplication& UIApplication::shared()
+{
+    return *s_shared;
+}
+
+UIApplication::~UIApplication() = default;
+
+int UIApplicationMain(int, char**, std::optional<std::string>, const std::string& delegateClassName)
+{
+    Class::enter<UIRemoteKeyboardWindow>("UIRemoteKeyboardWindow");
+    s_shared.reset(new UIApplication);
+    s_shared->launch(delegateClassName);
+    return Host::current().run(*s_shared);
+}
+
+void UIApplication::launch(const std::string& delegateClassName)
+{
+    const Class* delegateClass = Class::named(delegateClassName);
+    m_delegateObject = delegateClass ? delegateClass->make() : nullptr;
+    m_delegate = dynamic_cast<UIApplicationDelegate*>(m_delegateObject.get());
+    if (!m_delegate)
+        fatalError("There is no application delegate class named " + delegateClassName);
+    m_delegate->applicationDidFinishLaunchingWithOptions(*this, {});
+
+    const auto window = std::make_shared<UIWindow>(screenRect());
+    window->setBackgroundColor(UIColor::black());
+    m_windows = {window};
+    m_delegate->setWindow(window);
+    window->setRootViewController(UIStoryboard::named("Main").instantiateInitialViewController());
+    m_delegate->applicationDidBecomeActive(*this);
+}
+
+CGRect UIApplication::screenRect() const
+{
+    return {{0, 0}, Host::current().screen().size()};
+}
+
+void UIApplication::setApplicationIconBadgeNumber(long long number)
+{
+    m_badgeNumber = number;
+    Host::current().effects().setBadge(number);
+}
+
+void UIApplication::beginIgnoringInteractionEvents()
+{
+    ++m_ignoringInteraction;
+    m_touchDispatcher.cancelAll();
+}
+
+void UIApplication::endIgnoringInteractionEvents()
+{
+    --m_ignoringInteraction;
+}
+
+void UIApplication::textEditingBegan(UITextField& field)
+{
+    m_editedField = &field;
+    m_windows.push_back(std::make_shared<UIRemoteKeyboardWindow>());
+}
+
+void UIApplication::textEditingEnded()
+{
+    m_editedField = nullptr;
+    std::erase_if(m_windows,
+        [](const auto& window) { return dynamic_cast<UIRemoteKeyboardWindow*>(window.get()) != nullptr; });
+}
+
+void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double time)
+{
+    if (m_ignoringInteraction == 0 && !m_windows.empty())
+        m_touchDispatcher.touchesChanged(*keyWindow(), touches, time);
+}
+
+void UIApplication::scrolled(CGPoint location, CGVector by)
+{
+    if (m_ignoringInteraction > 0 || m_windows.empty())
+        return;
+    const std::shared_ptr<UIView> hit = keyWindow()->hitTest(location);
+    for (UIView* view = hit.get(); view; view = view->superview()) {
+        auto* scrollView = dynamic_cast<UIScrollView*>(view);
+        if (scrollView && scrollView->scrollByWheel(by))
+            return;
+    }
+}
+
+void UIApplication::screenChanged()
+{
+    if (m_windows.empty())
+        return;
+    keyWindow()->setFrame(screenRect());
+    Host::current().screen().requestFrame();
+}
+
+CGRect UIApplication::prepareFrame()
+{
+    if (m_windows.empty())
+        return CGRect::null();
+    CATimeline& timeline = CATimeline::main();
+    timeline.advance(Host::current().clock().now());
+    keyWindow()->layoutIfNeeded();
+    if (m_editedField)
+        m_editedField->placeEditor();
+    return m_renderer.update(keyWindow()->layer(), timeline.frameTime(), screenRect());
+}
+
+void UIApplication::draw(CGContext& context, const CGRect& area)
+{
+    if (!m_windows.empty())
+        CARenderer::draw(keyWindow()->layer(), CATimeline::main().frameTime(), context, area);
+}
+
+void UIApplication::wake()
+{
+    DispatchQueue::main().runDue();
+}
+
+void UIApplication::stateChanged(HostState state)
+{
+    const HostState before = std::exchange(m_state, state);
+    if (state == before || !m_delegate)
+        return;
+    if (before == HostState::background)
+        m_delegate->applicationWillEnterForeground(*this);
+    if (before == HostState::active)
+        m_delegate->applicationWillResignActive(*this);
+    if (state == HostState::background)
+        m_delegate->applicationDidEnterBackground(*this);
+    if (state == HostState::active)
+        m_delegate->applicationDidBecomeActive(*this);
+}
+
+void UIApplication::willTerminate()
+{
+    if (m_windows.empty())
+        return;
+    m_touchDispatcher.cancelAll();
+    keyWindow()->endEditing();
+    m_delegate->applicationWillTerminate(*this);
+    DispatchQueue::main().removeAll();
+    CATimeline::main().reset();
+    m_windows.clear();
+    m_delegate = nullptr;
+    m_delegateObject.reset();
+}
+
+} // namespace velmorath

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "CARenderer.h"
+#include "HostClient.h"
+#include "UITouchDispatcher.h"
+#include "UIWindow.h"
+#include <any>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace velmorath {
+
+class UIApplication;
+class UITextField;
+
+class UIApplicationDelegate {
+public:
+    virtual ~UIApplicationDelegate() = default;
+
+    virtual bool applicationDidFinishLaunchingWithOptions(
+        UIApplication&, const std::map<std::string, std::any>& launchOptions) = 0;
+    virtual void applicationWillResignActive(UIApplication&) = 0;
+    virtual void applicationDidEnterBackground(UIApplication&) = 0;
+    virtual void applicationWillEnterForeground(UIApplication&) = 0;
+    virtual void applicationDidBecomeActive(UIApplication&) = 0;
+    virtual void applicationWillTerminate(UIApplication&) = 0;
+    /// The window of the main storyboard, when the platform has made it.
+    virtual void setWindow(std::shared_ptr<UIWindow>) = 0;
+};
+
+/// The running program: what the host tells goes in here, to the window, its views and controllers.
+class UIApplication : public HostClient {
+public:
+    ~UIApplication() override;
+
+    static UIApplication& shared();
+
+    UIApplicationDelegate& delegate() { return *m_delegate; }
+    /// From back to front.
+    const std::vector<std::shared_ptr<UIWindow>>& windows() const { return m_windows; }
+    const std::shared_ptr<UIWindow>& keyWindow() const { return m_windows.front(); }
+
+    long long applicationIconBadgeNumber() const { return m_badgeNumber; }
+    /// Below zero counts on, but shows like zero: not at all.
+    void setApplicationIconBadgeNumber(long long);
+
+    /// Touches are not listened to until as many ends as begins were called.
+    void beginIgnoringInteractionEvents();
+    void endIgnoringInteractionEvents();
+
+    /// For text fields, when the machine's editor is theirs and when it no longer is.
+    void textEditingBegan(UITextField&);
+    void textEditingEnded();
+
+    void touchesChanged(const std::vector<HostTouch>&, double time) override;
+    void scrolled(CGPoint location, CGVector by) override;
+    void screenChanged() override;
+    CGRect prepareFrame() override;
+    void draw(CGContext&, const CGRect& area) override;
+    void wake() override;
+    void stateChanged(HostState) override;
+    void willTerminate() override;
+
+private:
+    friend int UIApplicationMain(int, char**, std::optional<std::string>, const std::string&);
+
+    UIApplication() = default;
+    void launch(const std::string& delegateClassName);
+    CGRect screenRect() const;
+
+    std::shared_ptr<Object> m_delegateObject;
+    UIApplicationDelegate* m_delegate = nullptr;
+    std::vector<std::shared_ptr<UIWindow>> m_windows;
+    UITouchDispatcher m_touchDispatcher;
+    CARenderer m_renderer;
+    UITextField* m_editedField = nullptr;
+    HostState m_state = HostState::active;
+    long long m_badgeNumber = 0;
+    int m_ignoringInteraction = 0;
+};
+
+/// Makes the application and its delegate, an object of the class entered under that name, launches it
+/// with the storyboard "Main" and runs the host's loop. No principal class name means the platform's own
+/// application class; there is no other. Returns the process's exit code.
+int UIApplicationMain(int argc, char** argv, std::optional<std::string> principalClassName,
+    const std::string& delegateClassName);
+
+} // namespace velmorath

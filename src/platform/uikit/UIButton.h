@@ -1,0 +1,35 @@
+#pragma once
+
+#include "UIControl.h"
+#include "UIFont.h"
+#include "UIImage.h"
+#include <string>
+
+namespace velmorath {
+
+/// A control with a title or a picture in its middle, which pales while it is held down.
+class UIButton : public UIControl {
+public:
+    using UIControl::UIControl;
+
+    const std::string& title() const { return m_title; }
+    void setTitle(std::string);
+    void setTitleColor(const CGColor&);
+    void setFont(const CGFont&);
+    void setImage(std::shared_ptr<UIImage>);
+    /// What a person who cannot see the picture is told.
+    const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
+    void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
+
+protected:
+    void draw(CGContext&) const override;
+    void highlightChanged() override { setNeedsDisplay(); }
+
+private:
+    std::string m_title;
+    CGTextStyle m_style{UIFont::systemFont(17), UIColor::white(), CGTextAlignment::center, false};
+    std::shared_ptr<UIImage> m_image;
+    std::string m_accessibilityLabel;
+};
+
+} // namespace velmorath

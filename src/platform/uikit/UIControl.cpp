@@ -1,0 +1,52 @@
+#include "UIControl.h"
+#include "UITouch.h"
+
+namespace velmorath {
+
+namespace {
+
+/// A finger may slip this far off a control and still press it.
+constexpr CGFloat slack = 20;
+
+bool isInside(const UIControl& control, const UITouches& touches)
+{
+    return control.bounds().insetBy(-slack, -slack).contains(touches.front()->locationIn(control));
+}
+
+} // namespace
+
+void UIControl::setHighlighted(bool highlighted)
+{
+    if (m_highlighted == highlighted)
+        return;
+    m_highlighted = highlighted;
+    highlightChanged();
+}
+
+void UIControl::touchesBegan(const UITouches&)
+{
+    setHighlighted(true);
+}
+
+void UIControl::touchesMoved(const UITouches& touches)
+{
+    setHighlighted(isInside(*this, touches));
+}
+
+void UIControl::touchesEnded(const UITouches& touches)
+{
+    setHighlighted(false);
+    if (!isInside(*this, touches))
+        return;
+    const std::shared_ptr<UIView> keepAlive = shared_from_this();
+    const auto actions = m_actions;
+    for (const auto& action : actions)
+        action(*this);
+}
+
+void UIControl::touchesCancelled(const UITouches&)
+{
+    setHighlighted(false);
+}
+
+} // namespace velmorath

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "UIView.h"
+
+namespace velmorath {
+
+/// A view that is pressed. It acts when the finger leaves it inside its bounds, and shows that it is
+/// held down until then.
+class UIControl : public UIView {
+public:
+    using UIView::UIView;
+
+    /// Called at touch up inside.
+    void addTarget(std::function<void(UIControl&)> action) { m_actions.push_back(std::move(action)); }
+
+    bool isHighlighted() const { return m_highlighted; }
+
+    void touchesBegan(const UITouches&) override;
+    void touchesMoved(const UITouches&) override;
+    void touchesEnded(const UITouches&) override;
+    void touchesCancelled(const UITouches&) override;
+
+protected:
+    virtual void highlightChanged() { }
+
+private:
+    void setHighlighted(bool);
+
+    std::vector<std::function<void(UIControl&)>> m_actions;
+    bool m_highlighted = false;
+};
+
+} // namespace velmorath

@@ -1,0 +1,96 @@
+#include "UIGestureRecognizer.h"
+#include <algorithm>
+
+namespace velmorath {
+
+CGPoint UIGestureRecognizer::locationOfTouch(std::size_t index, const UIView& view) const
+{
+    return m_touches.at(index)->locationIn(view);
+}
+
+void UIGestureRecognizer::setView(UIView* view)
+{
+    m_view = view;
+    if (!view) {
+        m_actions.clear();
+        m_delegate = nullptr;
+    }
+}
+
+bool UIGestureRecognizer::isTracking(const UITouch& touch) const
+{
+    return std::any_of(
+        m_touches.begin(), m_touches.end(), [&](const auto& own) { return own.get() == &touch; });
+}
+
+void UIGestureRecognizer::touchesBegan(const UITouches& began)
+{
+    m_touches.insert(m_touches.end(), began.begin(), began.end());
+}
+
+void UIGestureRecognizer::touchesEnded(const UITouches& ended)
+{
+    forget(ended);
+}
+
+void UIGestureRecognizer::touchesCancelled(const UITouches& cancelled)
+{
+    if (isActive())
+        end(State::cancelled);
+    forget(cancelled);
+}
+
+void UIGestureRecognizer::fail()
+{
+    if (isActive())
+        end(State::cancelled);
+    else
+        m_state = State::failed;
+}
+
+bool UIGestureRecognizer::shouldBegin()
+{
+    return !m_delegate || m_delegate->gestureRecognizerShouldBegin(*this);
+}
+
+bool UIGestureRecognizer::begin(State state)
+{
+    if (!shouldBegin()) {
+        m_state = State::failed;
+        return false;
+    }
+    m_hasBegun = true;
+    enter(state);
+    return true;
+}
+
+void UIGestureRecognizer::change()
+{
+    enter(State::changed);
+}
+
+void UIGestureRecognizer::end(State state)
+{
+    enter(state);
+}
+
+void UIGestureRecognizer::enter(State state)
+{
+    m_state = state;
+    // A copy: an action may take its view, and this recognizer's targets with it, apart.
+    const auto actions = m_actions;
+    for (const auto& action : actions)
+        action(*this);
+}
+
+void UIGestureRecognizer::forget(const UITouches& gone)
+{
+    std::erase_if(m_touches,
+        [&](const auto& touch) { return std::find(gone.begin(), gone.end(), touch) != gone.end(); });
+    if (m_touches.empty()) {
+        m_state = State::possible;
+        reset();
+    }
+}
+
+} // namespace velmorath

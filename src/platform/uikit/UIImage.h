@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CGImage.h"
+#include <memory>
+#include <string_view>
+
+namespace velmorath {
+
+/// A picture of the program's own resources.
+class UIImage {
+public:
+    /// The resource "<name>.<type>"; nothing when there is no such file or it is no picture.
+    /// `scale` is how many of its pixels make a point.
+    static std::shared_ptr<UIImage> named(std::string_view name, std::string_view type, CGFloat scale);
+
+    UIImage(std::shared_ptr<CGImage> image, CGFloat scale)
+        : m_image(std::move(image))
+        , m_scale(scale)
+    {
+    }
+
+    const CGImage& cgImage() const { return *m_image; }
+    /// In points.
+    CGSize size() const
+    {
+        return {m_image->pixelSize().width / m_scale, m_image->pixelSize().height / m_scale};
+    }
+
+private:
+    std::shared_ptr<CGImage> m_image;
+    CGFloat m_scale;
+};
+
+} // namespace velmorath

@@ -1,0 +1,51 @@
+#include "UILabel.h"
+#include "Host.h"
+
+namespace velmorath {
+
+void UILabel::setText(std::string text)
+{
+    if (m_text == text)
+        return;
+    m_text = std::move(text);
+    setNeedsDisplay();
+}
+
+void UILabel::setTextColor(const CGColor& color)
+{
+    if (m_style.color == color)
+        return;
+    m_style.color = color;
+    setNeedsDisplay();
+}
+
+void UILabel::setFont(const CGFont& font)
+{
+    m_style.font = font;
+    setNeedsDisplay();
+}
+
+void UILabel::setTextAlignment(CGTextAlignment alignment)
+{
+    m_style.alignment = alignment;
+    setNeedsDisplay();
+}
+
+void UILabel::setWraps(bool wraps)
+{
+    m_style.wraps = wraps;
+    setNeedsDisplay();
+}
+
+CGFloat UILabel::heightFitting(CGFloat width) const
+{
+    return Host::current().screen().measure(m_text, m_style.font, m_style.wraps ? width : 0).size.height;
+}
+
+void UILabel::draw(CGContext& context) const
+{
+    if (!m_text.empty())
+        context.drawText(m_text, bounds(), m_style);
+}
+
+} // namespace velmorath

@@ -1,0 +1,278 @@
+#include "UITableView.h"
+#include "FatalError.h"
+#include "Host.h"
+#include "UITapGestureRecognizer.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+constexpr double updateDuration = 0.3;
+
+/// The place of a row that has been out of sight.
+constexpr std::int64_t nowhere = -1;
+
+/// A row that is used for another place shows nothing of what was done to it at its old one.
+void forgetLook(UITableViewCell& cell)
+{
+    UIView::performWithoutAnimation([&] {
+        cell.setHidden(false);
+        cell.setAlpha(1);
+        cell.setTransform(CGAffineTransform::identity());
+    });
+}
+
+} // namespace
+
+CGFloat UITableViewDelegate::tableViewHeightForRowAtIndexPath(UITableView& table, IndexPath)
+{
+    return table.rowHeight();
+}
+
+UITableView::UITableView(const CGRect& frame)
+    : UIScrollView(frame)
+{
+    const auto tap = std::make_shared<UITapGestureRecognizer>();
+    tap->addTarget([this](UIGestureRecognizer& recognizer) {
+        handleTap(static_cast<UITapGestureRecognizer&>(recognizer).locationIn(*this));
+    });
+    addGestureRecognizer(tap);
+}
+
+void UITableView::setDelegate(UITableViewDelegate* delegate)
+{
+    m_delegate = delegate;
+    setScrollDelegate(delegate);
+}
+
+CGRect UITableView::rectForRow(std::int64_t row) const
+{
+    return CGRectMake(0, static_cast<CGFloat>(row) * m_rowHeight, bounds().size.width, m_rowHeight);
+}
+
+UITableView::Rows UITableView::rowsInSight() const
+{
+    const CGFloat top = contentOffset().y;
+    const auto first = static_cast<std::int64_t>(std::floor(top / m_rowHeight));
+    const auto end = static_cast<std::int64_t>(std::ceil((top + bounds().size.height) / m_rowHeight));
+    return {std::clamp<std::int64_t>(first, 0, m_count), std::clamp<std::int64_t>(end, 0, m_count)};
+}
+
+void UITableView::updateContentSize()
+{
+    setContentSize({bounds().size.width, static_cast<CGFloat>(m_count) * m_rowHeight});
+}
+
+std::shared_ptr<UITableViewCell> UITableView::dequeueReusableCell(
+    const std::string& identifier, IndexPath path)
+{
+    auto chosen = m_reusable.end();
+    for (auto candidate = m_reusable.begin(); candidate != m_reusable.end(); ++candidate) {
+        if (candidate->second->reuseIdentifier() != identifier)
+            continue;
+        chosen = candidate;
+        if (candidate->first == path.row)
+            break;
+    }
+    if (chosen != m_reusable.end()) {
+        std::shared_ptr<UITableViewCell> cell = std::move(chosen->second);
+        if (chosen->first != path.row)
+            forgetLook(*cell);
+        m_reusable.erase(chosen);
+        return cell;
+    }
+    const auto maker = m_makers.find(identifier);
+    if (maker == m_makers.end())
+        fatalError("No row class is registered for the identifier " + identifier);
+    return maker->second(UITableViewCellStyle::standard, identifier);
+}
+
+void UITableView::reloadData()
+{
+    endReordering(false);
+    m_hasLoaded = true;
+    m_deletions.clear();
+    m_count = m_dataSource ? m_dataSource->tableViewNumberOfRowsInSection(*this, 0) : 0;
+    if (m_delegate && m_count > 0)
+        m_rowHeight = m_delegate->tableViewHeightForRowAtIndexPath(*this, {0, 0});
+    updateContentSize();
+
+    std::map<std::int64_t, std::shared_ptr<UITableViewCell>> kept;
+    for (const auto& [place, cell] : std::exchange(m_rows, {})) {
+        if (place < m_count && mustStay(*cell)) {
+            kept.emplace(place, cell);
+            cell->setFrame(rectForRow(place));
+            if (m_delegate)
+                m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, {0, place});
+        } else {
+            m_reusable.emplace_back(place, cell);
+        }
+    }
+    m_rows = std::move(kept);
+    setNeedsLayout();
+}
+
+void UITableView::layoutSubviews()
+{
+    if (!m_hasLoaded)
+        reloadData();
+    UIScrollView::layoutSubviews();
+    if (m_laidOutWidth != bounds().size.width)
+        placeAllRows();
+
+    const Rows rows = rowsInSight();
+    for (auto entry = m_rows.begin(); entry != m_rows.end();) {
+        const bool isInSight = entry->first >= rows.first && entry->first < rows.end;
+        if (isInSight || mustStay(*entry->second)) {
+            ++entry;
+            continue;
+        }
+        m_reusable.emplace_back(entry->first, entry->second);
+        entry = m_rows.erase(entry);
+    }
+    for (std::int64_t place = rows.first; place < rows.end; ++place) {
+        if (!m_rows.contains(place))
+            m_rows.emplace(place, makeRow(place));
+    }
+    for (auto& [place, cell] : m_reusable) {
+        place = nowhere;
+        cell->removeFromSuperview();
+    }
+}
+
+void UITableView::placeAllRows()
+{
+    m_laidOutWidth = bounds().size.width;
+    updateContentSize();
+    for (const auto& [place, cell] : m_rows)
+        cell->setFrame(rectForRow(place));
+}
+
+bool UITableView::mustStay(const UITableViewCell& cell) const
+{
+    if (m_reordering && m_reordering->cell.get() == &cell)
+        return true;
+    const auto* responder = dynamic_cast<const UIView*>(UIResponder::current());
+    return responder && responder->isDescendantOf(cell);
+}
+
+std::int64_t UITableView::dataRow(std::int64_t place) const
+{
+    if (!m_reordering)
+        return place;
+    const auto [from, to] = std::pair(m_reordering->from, m_reordering->to);
+    if (place == to)
+        return from;
+    if (from < to && place >= from && place < to)
+        return place + 1;
+    if (to < from && place > to && place <= from)
+        return place - 1;
+    return place;
+}
+
+std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
+{
+    const IndexPath path{0, dataRow(place)};
+    std::shared_ptr<UITableViewCell> cell = m_dataSource->tableViewCellForRowAtIndexPath(*this, path);
+    cell->setFrame(rectForRow(place));
+    cell->setShowsReorderControl(m_editing && m_dataSource->tableViewCanEditRowAtIndexPath(*this, path));
+    if (m_delegate)
+        m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, path);
+    if (cell->superview() != this)
+        addSubview(cell);
+    return cell;
+}
+
+std::vector<std::shared_ptr<UITableViewCell>> UITableView::visibleCells()
+{
+    layoutIfNeeded();
+    const Rows rows = rowsInSight();
+    std::vector<std::shared_ptr<UITableViewCell>> cells;
+    for (const auto& [place, cell] : m_rows) {
+        if (place >= rows.first && place < rows.end)
+            cells.push_back(cell);
+    }
+    return cells;
+}
+
+std::shared_ptr<UITableViewCell> UITableView::cellForRow(IndexPath path)
+{
+    layoutIfNeeded();
+    const auto found = m_rows.find(path.row);
+    return found == m_rows.end() ? nullptr : found->second;
+}
+
+void UITableView::handleTap(CGPoint point)
+{
+    const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
+    if (m_editing || row < 0 || row >= m_count)
+        return;
+    if (m_delegate)
+        m_delegate->tableViewDidSelectRowAtIndexPath(*this, {0, row});
+}
+
+void UITableView::beginUpdates()
+{
+    layoutIfNeeded();
+}
+
+void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRowAnimation)
+{
+    for (const IndexPath& path : paths)
+        m_deletions.push_back(path.row);
+}
+
+void UITableView::endUpdates()
+{
+    const std::int64_t before = m_count;
+    m_count = m_dataSource->tableViewNumberOfRowsInSection(*this, 0);
+    if (m_count != before - static_cast<std::int64_t>(m_deletions.size()))
+        fatalError("The number of rows after the update does not fit the rows that were deleted");
+    applyDeletions();
+    updateContentSize();
+    UIView::animate(updateDuration, 0, [this] {
+        for (const auto& [place, cell] : m_rows)
+            cell->setFrame(rectForRow(place));
+        if (!isDragging() && !isDecelerating())
+            moveContentTo(std::min(contentOffset().y, std::max(0.0, maximumOffset())));
+    });
+
+    // Rows that come into sight at the bottom slide up with the others.
+    const std::map<std::int64_t, std::shared_ptr<UITableViewCell>> known = m_rows;
+    setNeedsLayout();
+    layoutIfNeeded();
+    const CGFloat way = m_rowHeight * static_cast<CGFloat>(before - m_count);
+    for (const auto& [place, cell] : m_rows) {
+        if (known.contains(place) || (!known.empty() && place < known.begin()->first))
+            continue;
+        cell->setFrame(rectForRow(place).offsetBy(0, way));
+        UIView::animate(
+            updateDuration, 0, [this, &cell = cell, place = place] { cell->setFrame(rectForRow(place)); });
+    }
+}
+
+void UITableView::applyDeletions()
+{
+    std::sort(m_deletions.begin(), m_deletions.end());
+    std::map<std::int64_t, std::shared_ptr<UITableViewCell>> remaining;
+    for (const auto& [place, cell] : m_rows) {
+        const auto notBefore = std::lower_bound(m_deletions.begin(), m_deletions.end(), place);
+        if (notBefore == m_deletions.end() || *notBefore != place) {
+            remaining.emplace(place - (notBefore - m_deletions.begin()), cell);
+            continue;
+        }
+        // A row that was deleted fades where it is, and is not used again.
+        cell->setUserInteractionEnabled(false);
+        UIView::animate(
+            updateDuration, 0, [&cell = cell] { cell->setAlpha(0); },
+            [weakCell = std::weak_ptr<UITableViewCell>(cell)] {
+                if (const auto gone = weakCell.lock())
+                    gone->removeFromSuperview();
+            });
+    }
+    m_rows = std::move(remaining);
+    m_deletions.clear();
+}
+
+} // namespace velmorath

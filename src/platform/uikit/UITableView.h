@@ -1,0 +1,146 @@
+#pragma once
+
+#include "IndexPath.h"
+#include "UIScrollView.h"
+#include "UITableViewCell.h"
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velmorath {
+
+class UITableView;
+
+enum class UITableViewCellEditingStyle { none };
+enum class UITableViewCellSeparatorStyle { none };
+enum class UITableViewRowAnimation { fade };
+
+class UITableViewDataSource {
+public:
+    virtual ~UITableViewDataSource() = default;
+
+    virtual std::int64_t numberOfSectionsInTableView(UITableView&) { return 1; }
+    virtual std::int64_t tableViewNumberOfRowsInSection(UITableView&, std::int64_t section) = 0;
+    virtual std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView&, IndexPath) = 0;
+    /// Whether the row takes part in the table's editing mode.
+    virtual bool tableViewCanEditRowAtIndexPath(UITableView&, IndexPath) { return true; }
+    /// The user dragged a row to another place, or back to its own: the data must follow.
+    virtual void tableViewMoveRowAtIndexPathToIndexPath(UITableView&, IndexPath /*from*/, IndexPath /*to*/) {
+    }
+};
+
+class UITableViewDelegate : public UIScrollViewDelegate {
+public:
+    /// The height of every row: the table asks for the first one's at each reload.
+    virtual CGFloat tableViewHeightForRowAtIndexPath(UITableView&, IndexPath);
+    /// The row is about to come into sight.
+    virtual void tableViewWillDisplayCellForRowAtIndexPath(UITableView&, UITableViewCell&, IndexPath) { }
+    /// Not called in editing mode.
+    virtual void tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath) { }
+    /// Beside a row in editing mode there is nothing but the handle to drag it by.
+    virtual UITableViewCellEditingStyle tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath)
+    {
+        return UITableViewCellEditingStyle::none;
+    }
+    virtual bool tableViewShouldIndentWhileEditingRowAtIndexPath(UITableView&, IndexPath) { return true; }
+};
+
+/// Rows of one height, one below the other. Only the rows in sight exist as views; those that leave are
+/// used again for those that come. One section.
+class UITableView : public UIScrollView {
+public:
+    using MakeCell =
+        std::function<std::shared_ptr<UITableViewCell>(UITableViewCellStyle, std::string identifier)>;
+
+    explicit UITableView(const CGRect& frame);
+
+    void setDataSource(UITableViewDataSource* dataSource) { m_dataSource = dataSource; }
+    void setDelegate(UITableViewDelegate*);
+    CGFloat rowHeight() const { return m_rowHeight; }
+    void setRowHeight(CGFloat height) { m_rowHeight = height; }
+    /// There are no lines between rows; this says that there shall be none.
+    void setSeparatorStyle(UITableViewCellSeparatorStyle) { }
+
+    /// Rows with this identifier are made as objects of this class.
+    template <typename Cell> void registerClass(const std::string& identifier)
+    {
+        m_makers[identifier] = [](UITableViewCellStyle style, std::string reuseIdentifier) {
+            return std::make_shared<Cell>(style, std::move(reuseIdentifier));
+        };
+    }
+    /// A row out of sight or, when there is none, a new one. The one that showed the same place before
+    /// comes first.
+    std::shared_ptr<UITableViewCell> dequeueReusableCell(const std::string& identifier, IndexPath);
+
+    /// Asks the data source for everything again. A row that is being typed into stays as it is.
+    void reloadData();
+    /// The rows in sight, from top to bottom.
+    std::vector<std::shared_ptr<UITableViewCell>> visibleCells();
+    /// Nothing when the row is not in sight.
+    std::shared_ptr<UITableViewCell> cellForRow(IndexPath);
+
+    /// The mode in which rows are dragged to other places.
+    bool isEditing() const { return m_editing; }
+    void setEditing(bool);
+
+    /// Deletions between the two are shown together; the data source has lost the rows by the end.
+    void beginUpdates();
+    void endUpdates();
+    void deleteRows(const std::vector<IndexPath>&, UITableViewRowAnimation);
+
+    void layoutSubviews() override;
+
+    /// For the row's handle. y in window coordinates.
+    void beginReordering(UITableViewCell&, CGFloat y);
+    void continueReordering(CGFloat y);
+    /// Not dropped: the row goes back to where it came from.
+    void endReordering(bool isDropped);
+
+private:
+    struct Reordering {
+        std::shared_ptr<UITableViewCell> cell;
+        std::int64_t from;
+        /// Where the row would go if it were dropped now.
+        std::int64_t to;
+        /// From the finger to the row's centre.
+        CGFloat grip;
+        CGFloat fingerInWindow;
+        int displayLink;
+    };
+    struct Rows {
+        std::int64_t first = 0;
+        std::int64_t end = 0;
+    };
+
+    CGRect rectForRow(std::int64_t row) const;
+    Rows rowsInSight() const;
+    void updateContentSize();
+    /// The row of the data that is shown at this place while another is being dragged.
+    std::int64_t dataRow(std::int64_t place) const;
+    std::shared_ptr<UITableViewCell> makeRow(std::int64_t place);
+    bool mustStay(const UITableViewCell&) const;
+    void placeAllRows();
+    void handleTap(CGPoint);
+    void applyDeletions();
+    void moveDraggedRowTo(std::int64_t place);
+    void scrollWhileReordering(double now);
+
+    UITableViewDataSource* m_dataSource = nullptr;
+    UITableViewDelegate* m_delegate = nullptr;
+    std::map<std::string, MakeCell> m_makers;
+    CGFloat m_rowHeight = 44;
+    std::int64_t m_count = 0;
+    bool m_hasLoaded = false;
+    bool m_editing = false;
+    CGFloat m_laidOutWidth = 0;
+    std::map<std::int64_t, std::shared_ptr<UITableViewCell>> m_rows;
+    /// Rows out of use, with the place that each showed last if it was in sight a moment ago.
+    std::vector<std::pair<std::int64_t, std::shared_ptr<UITableViewCell>>> m_reusable;
+    std::vector<std::int64_t> m_deletions;
+    std::optional<Reordering> m_reordering;
+    double m_lastReorderingStep = 0;
+};
+
+} // namespace velmorath

@@ -1,0 +1,143 @@
+#include "UITouchDispatcher.h"
+#include "UIView.h"
+#include <algorithm>
+
+namespace velmorath {
+
+void UITouchDispatcher::touchesChanged(UIView& root, const std::vector<HostTouch>& changed, double time)
+{
+    std::vector<std::int64_t> began, moved, ended, cancelled;
+    for (const HostTouch& touch : changed) {
+        const auto known = m_fingers.find(touch.identifier);
+        if (touch.phase == HostTouch::Phase::began) {
+            if (known != m_fingers.end() || isGestureGoingOn())
+                continue;
+            addFinger(root, touch, time);
+            if (m_fingers.contains(touch.identifier))
+                began.push_back(touch.identifier);
+            continue;
+        }
+        if (known == m_fingers.end())
+            continue;
+        known->second.touch->moveTo(touch.location, time);
+        if (touch.phase == HostTouch::Phase::moved)
+            moved.push_back(touch.identifier);
+        else if (touch.phase == HostTouch::Phase::ended)
+            ended.push_back(touch.identifier);
+        else
+            cancelled.push_back(touch.identifier);
+    }
+    deliver(began, &UIGestureRecognizer::touchesBegan, &UIResponder::touchesBegan);
+    deliver(moved, &UIGestureRecognizer::touchesMoved, &UIResponder::touchesMoved);
+    deliver(ended, &UIGestureRecognizer::touchesEnded, &UIResponder::touchesEnded);
+    deliver(cancelled, &UIGestureRecognizer::touchesCancelled, &UIResponder::touchesCancelled);
+    for (const auto& gone : {ended, cancelled}) {
+        for (std::int64_t identifier : gone)
+            m_fingers.erase(identifier);
+    }
+}
+
+void UITouchDispatcher::cancelAll()
+{
+    std::vector<std::int64_t> all;
+    for (const auto& entry : m_fingers)
+        all.push_back(entry.first);
+    deliver(all, &UIGestureRecognizer::touchesCancelled, &UIResponder::touchesCancelled);
+    m_fingers.clear();
+}
+
+void UITouchDispatcher::addFinger(UIView& root, const HostTouch& touch, double time)
+{
+    std::shared_ptr<UIView> view = root.hitTest(root.convertFromWindow(touch.location));
+    if (!view)
+        return;
+    Finger finger;
+    for (UIView* around = view.get(); around; around = around->superview()) {
+        const auto& recognizers = around->gestureRecognizers();
+        finger.recognizers.insert(finger.recognizers.end(), recognizers.begin(), recognizers.end());
+        if (around->keepsTouchesToItself())
+            break;
+    }
+    finger.touch = std::make_shared<UITouch>(touch.location, time, std::move(view));
+    m_fingers.emplace(touch.identifier, std::move(finger));
+}
+
+void UITouchDispatcher::deliver(
+    const std::vector<std::int64_t>& fingers, Deliver toRecognizer, DeliverToView toView)
+{
+    if (fingers.empty())
+        return;
+    deliverToRecognizers(fingers, toRecognizer);
+    deliverToViews(fingers, toView);
+}
+
+void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver toRecognizer)
+{
+    std::vector<std::pair<std::shared_ptr<UIGestureRecognizer>, UITouches>> addressed;
+    for (std::int64_t identifier : fingers) {
+        const Finger& finger = m_fingers.at(identifier);
+        for (const auto& recognizer : finger.recognizers) {
+            const auto known = std::find_if(addressed.begin(), addressed.end(),
+                [&](const auto& entry) { return entry.first == recognizer; });
+            if (known == addressed.end())
+                addressed.push_back({recognizer, {finger.touch}});
+            else
+                known->second.push_back(finger.touch);
+        }
+    }
+    const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
+    for (auto& [recognizer, touches] : addressed) {
+        // What a recognizer before this one set off may have taken the touches away.
+        if (m_fingers.empty())
+            return;
+        if (!areNew)
+            std::erase_if(touches, [&](const auto& touch) { return !recognizer->isTracking(*touch); });
+        if (touches.empty())
+            continue;
+        ((*recognizer).*toRecognizer)(touches);
+        if (recognizer->takeBeginning() || recognizer->claimsTouches())
+            giveTouchesTo(recognizer);
+    }
+}
+
+void UITouchDispatcher::giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner)
+{
+    // What failing and cancelling sets off may change the fingers.
+    const auto fingers = m_fingers;
+    for (const auto& [identifier, finger] : fingers) {
+        const auto& recognizers = finger.recognizers;
+        if (std::find(recognizers.begin(), recognizers.end(), winner) == recognizers.end())
+            continue;
+        for (const auto& recognizer : recognizers) {
+            if (recognizer != winner && recognizer->isTracking(*finger.touch))
+                recognizer->fail();
+        }
+        const auto current = m_fingers.find(identifier);
+        if (current != m_fingers.end() && std::exchange(current->second.viewIsTold, false))
+            finger.touch->view()->touchesCancelled({finger.touch});
+    }
+}
+
+void UITouchDispatcher::deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView toView)
+{
+    for (std::int64_t identifier : fingers) {
+        const auto finger = m_fingers.find(identifier);
+        if (finger == m_fingers.end() || !finger->second.viewIsTold)
+            continue;
+        const std::shared_ptr<UITouch> touch = finger->second.touch;
+        ((*touch->view()).*toView)({touch});
+    }
+}
+
+bool UITouchDispatcher::isGestureGoingOn() const
+{
+    for (const auto& entry : m_fingers) {
+        for (const auto& recognizer : entry.second.recognizers) {
+            if (recognizer->isActive())
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace velmorath

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "HostClient.h"
+#include "UIGestureRecognizer.h"
+#include "UITouch.h"
+#include <map>
+
+namespace velmorath {
+
+class UIView;
+
+/// Takes the fingers that the host reports to the recognizers and views under them, and sees to it
+/// that one gesture has a finger at a time: from the innermost view outwards the first recognizer to
+/// begin takes it from all others. While a gesture is going on, further fingers are not listened to.
+class UITouchDispatcher {
+public:
+    void touchesChanged(UIView& root, const std::vector<HostTouch>&, double time);
+
+    /// Takes all fingers away from whoever has them; they are ignored until they leave.
+    void cancelAll();
+
+private:
+    struct Finger {
+        std::shared_ptr<UITouch> touch;
+        std::vector<std::shared_ptr<UIGestureRecognizer>> recognizers;
+        bool viewIsTold = true;
+    };
+    using Deliver = void (UIGestureRecognizer::*)(const UITouches&);
+    using DeliverToView = void (UIResponder::*)(const UITouches&);
+
+    void addFinger(UIView& root, const HostTouch&, double time);
+    void deliver(const std::vector<std::int64_t>& fingers, Deliver, DeliverToView);
+    void deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver);
+    void deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView);
+    void giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner);
+    bool isGestureGoingOn() const;
+
+    std::map<std::int64_t, Finger> m_fingers;
+};
+
+} // namespace velmorath

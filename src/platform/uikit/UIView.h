@@ -1,0 +1,119 @@
+#pragma once
+
+#include "CALayer.h"
+#include "UIColor.h"
+#include "UIResponder.h"
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace velmorath {
+
+class UIGestureRecognizer;
+class UIWindow;
+
+/// Which of a view's margins and sides follow when its superview changes its size.
+struct UIViewAutoresizing {
+    static constexpr unsigned flexibleLeftMargin = 1;
+    static constexpr unsigned flexibleWidth = 2;
+    static constexpr unsigned flexibleRightMargin = 4;
+    static constexpr unsigned flexibleTopMargin = 8;
+    static constexpr unsigned flexibleHeight = 16;
+    static constexpr unsigned flexibleBottomMargin = 32;
+};
+
+/// A rectangle on the screen that draws, holds other views and takes touches. A view is owned by its
+/// superview and by whoever made it.
+class UIView : public UIResponder, public std::enable_shared_from_this<UIView>, private CALayerDelegate {
+public:
+    explicit UIView(const CGRect& frame = {});
+    ~UIView() override;
+    UIView(const UIView&) = delete;
+    UIView& operator=(const UIView&) = delete;
+
+    /// Runs the changes so that what they change moves to its new state over the duration, after the
+    /// delay (seconds). The completion runs when the time is over.
+    static void animate(double duration, double delay, const std::function<void()>& changes,
+        std::function<void()> completion = {});
+    /// Runs changes that show at once, even inside an animation.
+    static void performWithoutAnimation(const std::function<void()>& changes);
+
+    /// In the superview's coordinates; derived from centre, bounds and transform.
+    CGRect frame() const { return m_layer->frame(); }
+    void setFrame(const CGRect&);
+    const CGRect& bounds() const { return m_layer->bounds(); }
+    void setBounds(const CGRect&);
+    CGPoint center() const { return m_layer->position(); }
+    void setCenter(CGPoint center) { m_layer->setPosition(center); }
+    const CGAffineTransform& transform() const { return m_layer->transform(); }
+    void setTransform(const CGAffineTransform& transform) { m_layer->setTransform(transform); }
+
+    CGFloat alpha() const { return m_layer->opacity(); }
+    void setAlpha(CGFloat alpha) { m_layer->setOpacity(alpha); }
+    bool isHidden() const { return m_layer->isHidden(); }
+    void setHidden(bool hidden) { m_layer->setHidden(hidden); }
+    const CGColor& backgroundColor() const { return m_layer->backgroundColor(); }
+    void setBackgroundColor(const CGColor& color) { m_layer->setBackgroundColor(color); }
+    void setClipsToBounds(bool clips) { m_layer->setMasksToBounds(clips); }
+    bool isUserInteractionEnabled() const { return m_userInteractionEnabled; }
+    void setUserInteractionEnabled(bool enabled) { m_userInteractionEnabled = enabled; }
+    void setAutoresizingMask(unsigned mask) { m_autoresizingMask = mask; }
+    CALayer& layer() { return *m_layer; }
+    const CALayer& layer() const { return *m_layer; }
+
+    UIView* superview() const { return m_superview; }
+    const std::vector<std::shared_ptr<UIView>>& subviews() const { return m_subviews; }
+    virtual UIWindow* window() { return m_superview ? m_superview->window() : nullptr; }
+    bool isDescendantOf(const UIView&) const;
+    void addSubview(std::shared_ptr<UIView>);
+    /// An index beyond the end means on top.
+    void insertSubview(std::shared_ptr<UIView>, std::size_t index);
+    void removeFromSuperview();
+    /// Makes whatever is typed into, in this view or below it, end. False when it refuses.
+    bool endEditing();
+
+    /// The topmost view under a point of this view's coordinates, by model values.
+    virtual std::shared_ptr<UIView> hitTest(CGPoint);
+    virtual bool pointInside(CGPoint point) const { return bounds().contains(point); }
+    /// Between this view's coordinates and the window's, by model values.
+    CGPoint convertToWindow(CGPoint) const;
+    CGPoint convertFromWindow(CGPoint) const;
+    /// Where a rectangle of this view is shown in the window at the current frame.
+    CGRect shownInWindow(const CGRect&) const;
+    /// The part of the window that the views around this one let through.
+    CGRect clipInWindow() const;
+
+    void setNeedsLayout();
+    /// Lays out this view and the ones in it, where needed.
+    void layoutIfNeeded();
+    /// Puts the subviews in place. Overrides call the base class's version.
+    virtual void layoutSubviews() { }
+    void setNeedsDisplay() { m_layer->setNeedsDisplay(); }
+
+    void addGestureRecognizer(std::shared_ptr<UIGestureRecognizer>);
+    const std::vector<std::shared_ptr<UIGestureRecognizer>>& gestureRecognizers() const
+    {
+        return m_gestureRecognizers;
+    }
+    /// Touches that begin here are not offered to the recognizers of the views around it.
+    virtual bool keepsTouchesToItself() const { return false; }
+
+protected:
+    /// Draws what the view shows, over its background and below its subviews.
+    virtual void draw(CGContext&) const { }
+
+private:
+    void drawLayer(const CALayer&, CGContext& context) override { draw(context); }
+    CGAffineTransform toSuperview() const;
+    void autoresize(CGSize superviewBefore, CGSize superviewNow);
+
+    std::shared_ptr<CALayer> m_layer;
+    UIView* m_superview = nullptr;
+    std::vector<std::shared_ptr<UIView>> m_subviews;
+    std::vector<std::shared_ptr<UIGestureRecognizer>> m_gestureRecognizers;
+    unsigned m_autoresizingMask = 0;
+    bool m_userInteractionEnabled = true;
+    bool m_needsLayout = true;
+};
+
+} // namespace velmorath
