@@ -1,0 +1,10 @@
+#pragma once
+
+namespace velmorath {
+
+class Object {
+public:
+    virtual ~Object() = default;
+};
+
+} // namespace velmorath
