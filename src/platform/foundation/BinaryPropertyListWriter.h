@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmorath {
+
+/// Puts a binary property list together, from the leaves up: each call appends one object and returns
+/// the reference by which a container names it. Nothing is shared but what the caller shares.
+class BinaryPropertyListWriter {
+public:
+    using Reference = std::uint32_t;
+
+    BinaryPropertyListWriter();
+
+    /// What is not UTF-8 becomes the replacement character.
+    Reference addString(std::string_view utf8);
+    Reference addInteger(std::int64_t);
+    Reference addReal(double);
+    Reference addBoolean(bool);
+    Reference addData(std::string_view);
+    Reference addUID(std::uint32_t);
+    Reference addArray(std::span<const Reference> elements);
+    /// As many keys as values.
+    Reference addDictionary(std::span<const Reference> keys, std::span<const Reference> values);
+
+    /// The finished bytes. The writer is of no use afterwards.
+    std::string finish(Reference root);
+
+private:
+    Reference beginObject();
+    void appendNumber(std::uint64_t, std::size_t size);
+    void appendMarker(unsigned kind, std::size_t count);
+    void appendReferences(std::span<const Reference>);
+
+    std::string m_bytes;
+    std::vector<std::uint64_t> m_offsets;
+};
+
+} // namespace velmorath

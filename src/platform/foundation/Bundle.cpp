@@ -1,0 +1,80 @@
+#include "Bundle.h"
+#include "Host.h"
+#include <algorithm>
+
+namespace velmorath {
+namespace {
+
+// A tag becomes part of a file's name, and comes from outside.
+bool isLanguageTag(std::string_view tag)
+{
+    return !tag.empty() && std::all_of(tag.begin(), tag.end(), [](char letter) {
+        return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z')
+            || (letter >= '0' && letter <= '9') || letter == '-';
+    });
+}
+
+std::optional<StringsTable> readTable(const std::string& language)
+{
+    auto& files = Host::current().files();
+    auto path = files.resourceDirectory() + "/strings/" + language + ".strings";
+    if (!files.exists(path))
+        return {};
+    auto bytes = files.read(path);
+    return bytes ? std::optional(parseStringsTable(*bytes)) : std::nullopt;
+}
+
+// "pt-BR" is content with "pt".
+std::optional<StringsTable> tableForLanguage(std::string language)
+{
+    while (isLanguageTag(language)) {
+        if (language == "en")
+            return StringsTable();
+        if (auto table = readTable(language))
+            return table;
+        auto hyphen = language.rfind('-');
+        language.resize(hyphen == std::string::npos ? 0 : hyphen);
+    }
+    return {};
+}
+
+StringsTable tableOfTheUser()
+{
+    for (auto& language : Host::current().locale().preferredLanguages()) {
+        if (auto table = tableForLanguage(language))
+            return std::move(*table);
+    }
+    return {};
+}
+
+} // namespace
+
+Bundle& Bundle::main()
+{
+    static Bundle bundle;
+    return bundle;
+}
+
+std::optional<std::string> Bundle::path(std::string_view forResource, std::string_view ofType) const
+{
+    auto& files = Host::current().files();
+    for (auto folder : {"/sounds/", "/pictures/"}) {
+        auto path = files.resourceDirectory() + folder;
+        path += forResource;
+        path += '.';
+        path += ofType;
+        if (files.exists(path))
+            return path;
+    }
+    return {};
+}
+
+std::string Bundle::localizedString(std::string_view key)
+{
+    if (!m_table)
+        m_table = tableOfTheUser();
+    auto place = m_table->find(key);
+    return place == m_table->end() ? std::string(key) : place->second;
+}
+
+} // namespace velmorath

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "StringsTable.h"
+#include <optional>
+
+namespace velmorath {
+
+/// The program's own resources: sounds/, pictures/ and strings/ in the host's resource folder.
+class Bundle {
+public:
+    static Bundle& main();
+
+    /// The file of a sound or a picture; nothing when there is none.
+    std::optional<std::string> path(std::string_view forResource, std::string_view ofType) const;
+
+    /// A text of the screen in the user's language: from the table strings/<language>.strings of the
+    /// first preferred language that has one. The keys are the English texts; they stand for whatever has
+    /// no translation. The table is read at the first use.
+    std::string localizedString(std::string_view key);
+
+    /// Forgets the language, and finds it again at the next use.
+    void reset() { m_table.reset(); }
+
+private:
+    std::optional<StringsTable> m_table;
+};
+
+} // namespace velmorath

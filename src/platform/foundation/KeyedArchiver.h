@@ -1,0 +1,80 @@
+#pragma once
+
+#include "BinaryPropertyListWriter.h"
+#include "Coding.h"
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+namespace velmorath {
+
+/// Writes a keyed archive: a binary property list whose objects name each other by their number. Its
+/// root is an array of records. A record that is in the list twice is written once.
+class KeyedArchiver {
+public:
+    /// The archive of a list. A null pointer in it becomes a null object.
+    template <typename Record>
+    static std::string archivedData(const std::vector<std::shared_ptr<Record>>& list)
+    {
+        KeyedArchiver archiver;
+        for (const auto& record : list)
+            archiver.append(record.get());
+        return archiver.finish();
+    }
+
+    /// Puts the archive of a list in a file's place. True when it worked; otherwise the old file, if
+    /// any, is as it was.
+    template <typename Record>
+    static bool archiveRootObject(const std::vector<std::shared_ptr<Record>>& list, const std::string& path)
+    {
+        return write(archivedData(list), path);
+    }
+
+    /// Both are called by a record that encodes itself, once for each of its keys.
+    void encodeString(const std::optional<std::string>&, std::string_view key);
+    void encodeBool(bool, std::string_view key);
+
+private:
+    using Reference = BinaryPropertyListWriter::Reference;
+    using UID = std::uint32_t;
+
+    /// A key of the records, and the last text that was written under it: a date is often the same as
+    /// in the note before.
+    struct Key {
+        std::string name;
+        Reference reference;
+        std::string lastText;
+        Reference lastTextUID;
+        bool hasLastText = false;
+    };
+    struct ClassEntry {
+        std::string_view name;
+        Reference reference;
+    };
+
+    KeyedArchiver();
+
+    static bool write(const std::string& bytes, const std::string& path);
+
+    void append(const Coding*);
+    std::string finish();
+
+    UID addObject(Reference);
+    Key& keyNamed(std::string_view);
+    Reference classNamed(std::string_view);
+
+    BinaryPropertyListWriter m_writer;
+    Reference m_null;
+    Reference m_booleans[2];
+    std::vector<Key> m_keys;
+    std::vector<ClassEntry> m_classes;
+    /// What each UID stands for.
+    std::vector<Reference> m_objects;
+    std::unordered_map<const Coding*, Reference> m_written;
+    std::vector<Reference> m_elements;
+    /// The record that is being encoded.
+    std::vector<Reference> m_recordKeys;
+    std::vector<Reference> m_recordValues;
+};
+
+} // namespace velmorath

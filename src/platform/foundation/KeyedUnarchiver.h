@@ -1,0 +1,72 @@
+#pragma once
+
+#include "ArchivedValue.h"
+#include "BinaryPropertyListReader.h"
+#include <functional>
+#include <optional>
+#include <unordered_map>
+
+namespace velmorath {
+
+/// Reads a keyed archive. The bytes may be hostile: the answer is a value or an error, and time and
+/// memory stay within a small multiple of their length.
+class KeyedUnarchiver {
+public:
+    /// Makes an object from an archived record, whose entries it asks for with the decode operations.
+    using Decoder = std::function<std::shared_ptr<Object>(KeyedUnarchiver&)>;
+
+    /// Names the class that stands for an archived class name, for the whole program.
+    static void setClass(std::string className, Decoder);
+
+    /// The root of an archive. An object that is referred to twice is decoded once and shared. An error
+    /// when the bytes are no keyed archive, are damaged, or lead to an object of an unknown class.
+    static Result<ArchivedValue> unarchiveTopLevelObject(std::string_view bytes);
+
+    /// Nothing when the record being decoded has no such key, or null or something else under it.
+    std::optional<std::string> decodeString(std::string_view key);
+
+    /// False when the record being decoded has no such key, or something else under it.
+    bool decodeBool(std::string_view key);
+
+private:
+    using Plist = BinaryPropertyListReader;
+
+    /// The place of a key's text in the list: equal keys of different records are mostly one string.
+    struct Key {
+        std::string name;
+        std::size_t reference;
+    };
+
+    KeyedUnarchiver(const Plist&, const Plist::Object& objects);
+
+    ArchivedValue decodeReference(const Plist::Object& uid);
+    ArchivedValue decodeObject(const Plist::Object&);
+    ArchivedValue decodeInstance(const Plist::Object& record);
+    ArchivedValue decodeElements(const Plist::Object& record, std::string_view key);
+    ArchivedValue decodeText(const Plist::Object& record);
+    ArchivedValue decodeOther(const Plist::Object& record);
+
+    using Decode = std::function<ArchivedValue(const Plist::Object& record)>;
+    const Decode* decodeForClass(const Plist::Object& uid);
+    Decode makeDecode(const std::string& className);
+
+    Plist::Object entry(const Plist::Object& record, std::string_view key);
+    Plist::Object objectAt(const Plist::Object& uid);
+    std::string text(const Plist::Object&);
+    bool spend(std::size_t cost);
+    ArchivedValue fail(std::string description);
+
+    const Plist& m_plist;
+    Plist::Object m_objects;
+    Plist::Object m_record;
+    std::vector<Key> m_keys;
+    std::unordered_map<std::int64_t, Decode> m_classes;
+    /// For each archived object: not met yet, being decoded, or where its value is.
+    std::vector<std::uint32_t> m_places;
+    std::vector<ArchivedValue> m_values;
+    std::size_t m_budget;
+    int m_depth = 0;
+    std::optional<Error> m_error;
+};
+
+} // namespace velmorath

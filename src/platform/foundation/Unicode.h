@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace velmorath {
+
+/// What stands in for text that cannot be read.
+constexpr char32_t replacementCharacter = 0xFFFD;
+
+bool isASCII(std::string_view bytes);
+
+/// Takes one character off the front of a UTF-8 text that is not empty. Bytes that are no character give
+/// the replacement character.
+char32_t takeCharacter(std::string_view& utf8);
+
+void appendUTF8(std::string&, char32_t character);
+
+/// The same text with the replacement character for whatever is not UTF-8 in it.
+std::string validUTF8(std::string_view);
+
+/// UTF-16, the most significant byte first.
+std::string utf16FromUTF8(std::string_view utf8);
+/// A last odd byte is left out; halves of characters give the replacement character.
+std::string utf8FromUTF16(std::string_view bigEndian);
+
+} // namespace velmorath

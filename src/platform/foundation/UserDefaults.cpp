@@ -1,0 +1,91 @@
+#include "UserDefaults.h"
+#include "FileManager.h"
+#include "Host.h"
+#include "PropertyListSerialization.h"
+
+namespace velmorath {
+namespace {
+
+PropertyList::Dictionary load(const std::string& path)
+{
+    auto& fileManager = FileManager::standard();
+    auto bytes = fileManager.read(path);
+    if (!bytes)
+        return {};
+    auto values = parseBinaryPropertyList(*bytes);
+    if (values && values->dictionary())
+        return *values->dictionary();
+    fileManager.markUnreadable(path);
+    return {};
+}
+
+} // namespace
+
+UserDefaults& UserDefaults::standard()
+{
+    static UserDefaults defaults;
+    return defaults;
+}
+
+const PropertyList* UserDefaults::object(std::string_view key)
+{
+    auto place = values().find(key);
+    return place == m_values.end() ? nullptr : &place->second;
+}
+
+bool UserDefaults::boolForKey(std::string_view key)
+{
+    auto* value = object(key);
+    return value && value->boolean().value_or(false);
+}
+
+const PropertyList::Dictionary* UserDefaults::dictionary(std::string_view key)
+{
+    auto* value = object(key);
+    return value ? value->dictionary() : nullptr;
+}
+
+void UserDefaults::setObject(std::string_view key, PropertyList value)
+{
+    auto* old = object(key);
+    if (old && *old == value)
+        return;
+    m_values.insert_or_assign(std::string(key), std::move(value));
+    m_hasChanged = true;
+}
+
+void UserDefaults::removeObject(std::string_view key)
+{
+    if (values().erase(std::string(key)) > 0)
+        m_hasChanged = true;
+}
+
+bool UserDefaults::synchronize()
+{
+    if (!m_hasChanged)
+        return true;
+    auto path = Host::current().files().defaultsFile();
+    if (!path || !FileManager::standard().replace(*path, binaryPropertyList(values())))
+        return false;
+    m_hasChanged = false;
+    return true;
+}
+
+void UserDefaults::reset()
+{
+    m_values.clear();
+    m_isLoaded = false;
+    m_hasChanged = false;
+}
+
+PropertyList::Dictionary& UserDefaults::values()
+{
+    if (!m_isLoaded) {
+        m_isLoaded = true;
+        if (auto path = Host::current().files().defaultsFile())
+            m_values = load(*path);
+    }
+    return m_values;
+}
+
+} // namespace velmorath

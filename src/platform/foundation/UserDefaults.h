@@ -1,0 +1,41 @@
+#pragma once
+
+#include "PropertyList.h"
+#include <string_view>
+
+namespace velmorath {
+
+/// The user's settings: values under keys, in one file. Read at the first use; a file that cannot be
+/// read counts as empty and is kept aside. Without a file to write to, the values live as long as the
+/// program.
+class UserDefaults {
+public:
+    static UserDefaults& standard();
+
+    /// Null when there is none. Valid until the next change.
+    const PropertyList* object(std::string_view key);
+    /// False when there is none, or something that is not a boolean.
+    bool boolForKey(std::string_view key);
+    /// Null when there is none, or something that is not a dictionary.
+    const PropertyList::Dictionary* dictionary(std::string_view key);
+
+    void setObject(std::string_view key, PropertyList);
+    void setBool(std::string_view key, bool value) { setObject(key, value); }
+    void removeObject(std::string_view key);
+
+    /// Writes all values to the file if any has changed since it was last written. False when they could
+    /// not be written; the next call tries again.
+    bool synchronize();
+
+    /// Forgets everything, changes that were not written too, and reads the file again at the next use.
+    void reset();
+
+private:
+    PropertyList::Dictionary& values();
+
+    PropertyList::Dictionary m_values;
+    bool m_isLoaded = false;
+    bool m_hasChanged = false;
+};
+
+} // namespace velmorath

@@ -1,0 +1,167 @@
+#include "PosixFiles.h"
+#include "TemporaryFolder.h"
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velmorath {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::perms permissions(const std::string& path)
+{
+    return fs::status(path).permissions() & fs::perms::all;
+}
+
+std::size_t countIn(const std::string& folder)
+{
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+class PosixFilesTest : public testing::Test {
+protected:
+    TemporaryFolder m_folder;
+    std::string m_path = m_folder.path() + "/notes";
+    PosixFiles m_files{m_folder.path(), m_folder.path() + "/defaults", "/"};
+};
+
+TEST_F(PosixFilesTest, ReplacesWholeFilesForTheOwnerAlone)
+{
+    auto path = m_folder.path() + "/a/b/notes";
+    EXPECT_FALSE(m_files.exists(path));
+    EXPECT_FALSE(m_files.read(path));
+    std::string bytes("long\0er", 7);
+    ASSERT_FALSE(m_files.replace(path, bytes));
+    EXPECT_EQ(*m_files.read(path), bytes);
+    fs::permissions(path, fs::perms::all);
+    ASSERT_FALSE(m_files.replace(path, ""));
+    EXPECT_EQ(*m_files.read(path), "");
+    EXPECT_EQ(permissions(path), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(permissions(m_folder.path() + "/a"), fs::perms::owner_all);
+    EXPECT_EQ(countIn(m_folder.path() + "/a/b"), 1u);
+}
+
+TEST_F(PosixFilesTest, TakesOverWhatAKillLeft)
+{
+    ASSERT_FALSE(m_files.replace(m_path + ".new", "a much longer text than the next one"));
+    ASSERT_FALSE(m_files.replace(m_path, "new"));
+    EXPECT_EQ(*m_files.read(m_path), "new");
+    EXPECT_EQ(countIn(m_folder.path()), 1u);
+}
+
+TEST_F(PosixFilesTest, DoesNotDisturbAnotherWriter)
+{
+    int other = open((m_path + ".new").c_str(), O_CREAT | O_WRONLY, 0600);
+    ASSERT_EQ(flock(other, LOCK_EX), 0);
+    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    close(other);
+    EXPECT_FALSE(m_files.replace(m_path, "new"));
+}
+
+TEST_F(PosixFilesTest, KeepsTheOldFileWhenTheDiskIsFull)
+{
+    ASSERT_FALSE(m_files.replace(m_path, "old"));
+    auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit old;
+    getrlimit(RLIMIT_FSIZE, &old);
+    rlimit tight{1000, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &tight);
+    auto error = m_files.replace(m_path, std::string(5000, 'x'));
+    setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_TRUE(error);
+    EXPECT_EQ(*m_files.read(m_path), "old");
+    EXPECT_EQ(countIn(m_folder.path()), 1u);
+}
+
+TEST_F(PosixFilesTest, ReportsFoldersThatCannotBeWritten)
+{
+    auto inAFile = m_path + "/below";
+    ASSERT_FALSE(m_files.replace(m_path, "old"));
+    EXPECT_TRUE(m_files.replace(inAFile, "new"));
+    EXPECT_FALSE(m_files.exists(inAFile));
+    EXPECT_TRUE(m_files.replace("/proc/velmorath/notes", "new"));
+    if (geteuid() == 0)
+        return; // Permissions do not stop the superuser.
+    fs::permissions(m_folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_TRUE(m_files.setAside(m_path));
+    EXPECT_EQ(*m_files.read(m_path), "old");
+    fs::permissions(m_folder.path(), fs::perms::none);
+    EXPECT_TRUE(m_files.exists(m_path));
+    fs::permissions(m_folder.path(), fs::perms::owner_all);
+}
+
+TEST_F(PosixFilesTest, RefusesWhatIsNotAFile)
+{
+    fs::create_directory(m_path);
+    EXPECT_FALSE(m_files.read(m_path));
+    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_FALSE(m_files.setAside(m_path));
+    ASSERT_EQ(mkfifo(m_path.c_str(), 0600), 0);
+    EXPECT_FALSE(m_files.read(m_path));
+    EXPECT_TRUE(m_files.replace(m_path, "new"));
+}
+
+TEST_F(PosixFilesTest, RefusesAGiganticFile)
+{
+    ASSERT_FALSE(m_files.replace(m_path, ""));
+    fs::resize_file(m_path, PosixFiles::longestFile + 1);
+    auto bytes = m_files.read(m_path);
+    ASSERT_FALSE(bytes);
+    EXPECT_NE(bytes.error().description.find("too long"), std::string::npos);
+}
+
+TEST_F(PosixFilesTest, FollowsLinksAndLeavesThemInPlace)
+{
+    auto target = m_folder.path() + "/elsewhere/target";
+    fs::create_symlink("elsewhere/target", m_path);
+    EXPECT_FALSE(m_files.exists(m_path));
+    ASSERT_FALSE(m_files.replace(m_path, "one"));
+    ASSERT_FALSE(m_files.replace(m_path, "two"));
+    EXPECT_TRUE(fs::is_symlink(m_path));
+    EXPECT_EQ(*m_files.read(target), "two");
+    ASSERT_FALSE(m_files.setAside(m_path));
+    EXPECT_TRUE(fs::is_symlink(m_path));
+    EXPECT_EQ(*m_files.read(target + ".unreadable"), "two");
+
+    fs::remove(m_path);
+    fs::create_symlink(m_path, m_path);
+    EXPECT_TRUE(m_files.replace(m_path, "three"));
+}
+
+TEST_F(PosixFilesTest, SetsAsideWithoutOverwriting)
+{
+    for (auto text : {"one", "two", "three"}) {
+        ASSERT_FALSE(m_files.replace(m_path, text));
+        ASSERT_FALSE(m_files.setAside(m_path));
+    }
+    EXPECT_TRUE(m_files.setAside(m_path));
+    EXPECT_EQ(*m_files.read(m_path + ".unreadable"), "one");
+    EXPECT_EQ(*m_files.read(m_path + ".unreadable-2"), "two");
+    EXPECT_EQ(*m_files.read(m_path + ".unreadable-3"), "three");
+}
+
+TEST_F(PosixFilesTest, FindsTheUsersFolders)
+{
+    setenv("XDG_DATA_HOME", "/data", 1);
+    setenv("XDG_CONFIG_HOME", "relative", 1);
+    setenv("HOME", "/home/me", 1);
+    auto files = PosixFiles::forUser("/resources");
+    EXPECT_EQ(files.documentDirectory(), "/data/velmorath/Documents");
+    EXPECT_EQ(files.defaultsFile(), "/home/me/.config/velmorath/defaults.plist");
+    unsetenv("HOME");
+    EXPECT_EQ(PosixFiles::forUser("/resources").defaultsFile(), std::nullopt);
+    unsetenv("XDG_DATA_HOME");
+    unsetenv("XDG_CONFIG_HOME");
+}
+
+} // namespace
+} // namespace velmorath
