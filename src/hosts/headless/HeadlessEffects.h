@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Effects.h"
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmorath {
+
+/// Keeps what would have reached the user.
+class HeadlessEffects : public Effects {
+public:
+    struct Permission {
+        bool badge;
+        bool sound;
+        bool alert;
+    };
+
+    void playSound(const std::string& path) override { m_felt.push_back(path.substr(path.rfind('/') + 1)); }
+    void vibrate() override { m_felt.emplace_back("vibration"); }
+    void setBadge(long long number) override { m_badge = number; }
+    bool openAddress(const std::string& address) override;
+    void requestNotificationPermission(
+        bool badge, bool sound, bool alert, std::function<void(bool)> answer) override;
+
+    /// File names of sounds and the word "vibration", in order.
+    const std::vector<std::string>& felt() const { return m_felt; }
+    void clearFelt() { m_felt.clear(); }
+    /// Nothing before the first time that it is set.
+    std::optional<long long> badge() const { return m_badge; }
+    const std::vector<std::string>& openedAddresses() const { return m_openedAddresses; }
+    const std::vector<Permission>& permissionsAsked() const { return m_permissionsAsked; }
+
+private:
+    std::vector<std::string> m_felt;
+    std::optional<long long> m_badge;
+    std::vector<std::string> m_openedAddresses;
+    std::vector<Permission> m_permissionsAsked;
+};
+
+} // namespace velmorath

@@ -1,0 +1,61 @@
+#include "HeadlessFiles.h"
+#include <filesystem>
+#include <stdlib.h>
+
+namespace velmorath {
+
+namespace {
+
+std::string makeScratchFolder()
+{
+    std::string name = (std::filesystem::temp_directory_path() / "velmorath-XXXXXX").string();
+    return mkdtemp(name.data()) ? name : std::string();
+}
+
+}
+
+HeadlessFiles::HeadlessFiles(std::string resourceDirectory)
+    : m_scratchFolder(makeScratchFolder())
+    , m_files(m_scratchFolder + "/Documents", m_scratchFolder + "/defaults.plist", std::move(resourceDirectory))
+{
+}
+
+HeadlessFiles::~HeadlessFiles()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(m_scratchFolder, ignored);
+}
+
+std::optional<std::string> HeadlessFiles::documentDirectory()
+{
+    return m_hasDocumentDirectory ? m_files.documentDirectory() : std::nullopt;
+}
+
+std::optional<Error> HeadlessFiles::fault(Operation operation, const std::string& path) const
+{
+    return m_fault ? m_fault(operation, path) : std::nullopt;
+}
+
+Result<std::string> HeadlessFiles::read(const std::string& path)
+{
+    if (auto error = fault(Operation::read, path))
+        return *error;
+    return m_files.read(path);
+}
+
+std::optional<Error> HeadlessFiles::replace(const std::string& path, std::string_view bytes)
+{
+    if (auto error = fault(Operation::replace, path))
+        return error;
+    ++m_replacements;
+    return m_files.replace(path, bytes);
+}
+
+std::optional<Error> HeadlessFiles::setAside(const std::string& path)
+{
+    if (auto error = fault(Operation::setAside, path))
+        return error;
+    return m_files.setAside(path);
+}
+
+} // namespace velmorath

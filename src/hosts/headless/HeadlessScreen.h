@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Screen.h"
+#include <utility>
+
+namespace velmorath {
+
+/// A screen of 375 x 667 points that nobody sees. Every character is six tenths as wide as its font's
+/// size, and a line a fifth higher than that.
+class HeadlessScreen : public Screen {
+public:
+    CGSize size() const override { return m_size; }
+    CGFloat scale() const override { return 2; }
+    void requestFrame() override { m_frameRequested = true; }
+    CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
+    /// A PNG's or JPEG's first bytes are all that is looked at; every picture is 72 pixels square.
+    std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
+
+    void setSize(CGSize size) { m_size = size; }
+    bool isFrameRequested() const { return m_frameRequested; }
+    void takeFrameRequest() { m_frameRequested = false; }
+
+private:
+    CGSize m_size {375, 667};
+    bool m_frameRequested = false;
+};
+
+} // namespace velmorath

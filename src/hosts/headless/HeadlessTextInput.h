@@ -1,0 +1,36 @@
+#pragma once
+
+#include "TextInput.h"
+
+namespace velmorath {
+
+/// An editor whose keys the test presses.
+class HeadlessTextInput : public TextInput {
+public:
+    void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
+    void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
+    void end() override { m_client = nullptr; }
+
+    bool isEditing() const { return m_client; }
+    const std::string& text() const { return m_text; }
+    const TextInputTraits& traits() const { return m_traits; }
+    CGRect frame() const { return m_frame; }
+    CGRect clip() const { return m_clip; }
+    CGFloat opacity() const { return m_opacity; }
+
+    /// Adds to the end of the text. Nothing happens when nothing is edited.
+    void type(const std::string& utf8) { replaceText(m_text + utf8); }
+    /// Everything selected and typed over.
+    void replaceText(const std::string& utf8);
+    void pressReturn();
+
+private:
+    TextInputClient* m_client = nullptr;
+    std::string m_text;
+    TextInputTraits m_traits;
+    CGRect m_frame;
+    CGRect m_clip;
+    CGFloat m_opacity = 1;
+};
+
+} // namespace velmorath
