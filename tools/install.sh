@@ -4,7 +4,8 @@
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 jobs=$(nproc)
 
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libicu-dev)
+packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libicu-dev
+    gstreamer1.0-plugins-good fonts-dejavu-core fonts-noto-color-emoji)
 
 as_root() {
     if ((EUID == 0)); then
@@ -44,9 +45,10 @@ configure() {
     cmake -S "$root" --preset "$1" --log-level=WARNING "${@:2}" >/dev/null
 }
 
-# build <preset> [ninja's options...]: one line of progress on a terminal, elsewhere only what goes wrong.
+# build <preset> [targets...]: one line of progress on a terminal, elsewhere only what goes wrong. All on
+# standard error: standard output is the program's.
 build() {
     local quiet=()
-    [[ -t 1 ]] || quiet=(--quiet)
-    cmake --build "$root/build/$1" --parallel "$jobs" -- "${quiet[@]}" "${@:2}"
+    [[ -t 2 ]] || quiet=(--quiet)
+    cmake --build "$root/build/$1" --parallel "$jobs" -- "${quiet[@]}" "${@:2}" >&2
 }
