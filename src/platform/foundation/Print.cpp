@@ -20,6 +20,23 @@ std::string shortestScientific(double value)
     return text;
 }
 
+std::string valueDescription(const PropertyList& value)
+{
+    if (const std::string* string = value.string())
+        return *string;
+    if (const auto integer = value.integer())
+        return std::to_string(*integer);
+    if (const auto real = value.real())
+        return description(*real);
+    if (const auto boolean = value.boolean())
+        return *boolean ? "1" : "0";
+    if (const PropertyList::Dictionary* dictionary = value.dictionary())
+        return description(*dictionary);
+    if (const PropertyList::Array* array = value.array())
+        return "(" + std::to_string(array->size()) + " values)";
+    return "<" + std::to_string(value.data()->size()) + " bytes>";
+}
+
 } // namespace
 
 void print(std::string_view line)
@@ -53,11 +70,11 @@ std::string description(double value)
     return sign + digits;
 }
 
-std::string description(const std::map<std::string, std::string, std::less<>>& dictionary)
+std::string description(const PropertyList::Dictionary& dictionary)
 {
     std::string text = "{\n";
     for (const auto& [key, value] : dictionary)
-        text += "    " + key + " = " + value + ";\n";
+        text += "    " + key + " = " + valueDescription(value) + ";\n";
     return text + "}";
 }
 

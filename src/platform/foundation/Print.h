@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include "PropertyList.h"
 #include <string>
 #include <string_view>
 
@@ -14,6 +14,6 @@ void print(std::string_view line);
 std::string description(double);
 
 /// "key = value;" lines, sorted by key, between braces.
-std::string description(const std::map<std::string, std::string, std::less<>>&);
+std::string description(const PropertyList::Dictionary&);
 
 } // namespace velmorath

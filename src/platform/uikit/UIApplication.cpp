@@ -7,7 +7,7 @@
 #include "UIRemoteKeyboardWindow.h"
 #include "UIScrollView.h"
 #include "UIStoryboard.h"
-#include "UITextField.h"
+#include "UITextEditingView.h"
 #include "UIViewController.h"
 
 namespace velmorath {
@@ -72,15 +72,15 @@ void UIApplication::endIgnoringInteractionEvents()
     --m_ignoringInteraction;
 }
 
-void UIApplication::textEditingBegan(UITextField& field)
+void UIApplication::textEditingBegan(UITextEditingView& view)
 {
-    m_editedField = &field;
+    m_editedView = &view;
     m_windows.push_back(std::make_shared<UIRemoteKeyboardWindow>());
 }
 
 void UIApplication::textEditingEnded()
 {
-    m_editedField = nullptr;
+    m_editedView = nullptr;
     std::erase_if(m_windows,
         [](const auto& window) { return dynamic_cast<UIRemoteKeyboardWindow*>(window.get()) != nullptr; });
 }
@@ -118,8 +118,8 @@ CGRect UIApplication::prepareFrame()
     CATimeline& timeline = CATimeline::main();
     timeline.advance(Host::current().clock().now());
     keyWindow()->layoutIfNeeded();
-    if (m_editedField)
-        m_editedField->placeEditor();
+    if (m_editedView)
+        m_editedView->placeEditor();
     return m_renderer.update(keyWindow()->layer(), timeline.frameTime(), screenRect());
 }
 

@@ -12,7 +12,7 @@
 namespace velmorath {
 
 class UIApplication;
-class UITextField;
+class UITextEditingView;
 
 class UIApplicationDelegate {
 public:
@@ -49,8 +49,8 @@ public:
     void beginIgnoringInteractionEvents();
     void endIgnoringInteractionEvents();
 
-    /// For text fields, when the machine's editor is theirs and when it no longer is.
-    void textEditingBegan(UITextField&);
+    /// For text fields and text views, when the machine's editor is theirs and when it no longer is.
+    void textEditingBegan(UITextEditingView&);
     void textEditingEnded();
 
     void touchesChanged(const std::vector<HostTouch>&, double time) override;
@@ -74,7 +74,7 @@ private:
     std::vector<std::shared_ptr<UIWindow>> m_windows;
     UITouchDispatcher m_touchDispatcher;
     CARenderer m_renderer;
-    UITextField* m_editedField = nullptr;
+    UITextEditingView* m_editedView = nullptr;
     HostState m_state = HostState::active;
     long long m_badgeNumber = 0;
     int m_ignoringInteraction = 0;

@@ -115,6 +115,8 @@ void UITableView::reloadData()
 
 void UITableView::layoutSubviews()
 {
+    if (m_isUpdating)
+        return;
     if (!m_hasLoaded)
         reloadData();
     UIScrollView::layoutSubviews();
@@ -214,7 +216,7 @@ void UITableView::handleTap(CGPoint point)
 
 void UITableView::beginUpdates()
 {
-    layoutIfNeeded();
+    m_isUpdating = true;
 }
 
 void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRowAnimation)
@@ -225,6 +227,7 @@ void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRow
 
 void UITableView::endUpdates()
 {
+    m_isUpdating = false;
     const std::int64_t before = m_count;
     m_count = m_dataSource->tableViewNumberOfRowsInSection(*this, 0);
     if (m_count != before - static_cast<std::int64_t>(m_deletions.size()))

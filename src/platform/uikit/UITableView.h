@@ -134,6 +134,8 @@ private:
     std::int64_t m_count = 0;
     bool m_hasLoaded = false;
     bool m_editing = false;
+    /// The data source and the rows do not fit each other just now.
+    bool m_isUpdating = false;
     CGFloat m_laidOutWidth = 0;
     std::map<std::int64_t, std::shared_ptr<UITableViewCell>> m_rows;
     /// Rows out of use, with the place that each showed last if it was in sight a moment ago.

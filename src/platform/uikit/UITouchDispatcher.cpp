@@ -86,7 +86,9 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
         }
     }
     const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
-    for (auto& [recognizer, touches] : addressed) {
+    for (auto& entry : addressed) {
+        const std::shared_ptr<UIGestureRecognizer>& recognizer = entry.first;
+        UITouches& touches = entry.second;
         // What a recognizer before this one set off may have taken the touches away.
         if (m_fingers.empty())
             return;

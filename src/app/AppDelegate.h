@@ -1,0 +1,23 @@
+#pragma once
+
+#include "UIApplication.h"
+
+namespace velmorath {
+
+/// Prepares the settings at the first launch. Leaves everything else to the screens: the list saves
+/// each change when it is made, so nothing is left to do when the program goes out of sight or ends.
+class AppDelegate : public UIResponder, public UIApplicationDelegate {
+public:
+    bool applicationDidFinishLaunchingWithOptions(
+        UIApplication&, const std::map<std::string, std::any>& launchOptions) override;
+    void applicationWillResignActive(UIApplication&) override { }
+    void applicationDidEnterBackground(UIApplication&) override { }
+    void applicationWillEnterForeground(UIApplication&) override { }
+    void applicationDidBecomeActive(UIApplication&) override { }
+    void applicationWillTerminate(UIApplication&) override { }
+    void setWindow(std::shared_ptr<UIWindow> mainWindow) override { window = std::move(mainWindow); }
+
+    std::shared_ptr<UIWindow> window;
+};
+
+} // namespace velmorath

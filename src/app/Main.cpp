@@ -1,0 +1,18 @@
+#include "Main.h"
+#include "AppDelegate.h"
+#include "Class.h"
+#include "MainStoryboard.h"
+#include "ToDoItem2.h"
+
+namespace velmorath {
+
+int main(int argc, char** argv)
+{
+    Class::enter<AppDelegate>("AppDelegate");
+    ToDoItem2::enterInUnarchiver();
+    enterMainStoryboard();
+    UIApplicationMain(argc, argv, std::nullopt, "AppDelegate");
+    return 0;
+}
+
+} // namespace velmorath

@@ -1,0 +1,205 @@
+#include "AudioServices.h"
+#include "Bundle.h"
+#include "FatalError.h"
+#include "Print.h"
+#include "UIApplication.h"
+#include "ViewController.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+constexpr double fadeDuration = 0.3;
+constexpr double closeDuration = 0.3;
+constexpr double closeStagger = 0.03;
+constexpr CGFloat fadedAlpha = 0.3;
+
+} // namespace
+
+void ViewController::giveFeedback(std::string_view sound) const
+{
+    if (soundEffect == "true") {
+        const auto path = Bundle::main().path(sound, "mp3");
+        if (!path)
+            fatalError("The sound " + std::string(sound) + ".mp3 is missing");
+        AudioServicesPlaySystemSound(AudioServicesCreateSystemSoundID(*path));
+    }
+    if (vibration == "true")
+        AudioServicesPlaySystemSound(kSystemSoundID_Vibrate);
+}
+
+void ViewController::changeBadge(int by) const
+{
+    UIApplication& application = UIApplication::shared();
+    application.setApplicationIconBadgeNumber(application.applicationIconBadgeNumber() + by);
+}
+
+std::size_t ViewController::indexOf(const ToDoItem2& note) const
+{
+    const auto found = std::find_if(
+        arrayNote.begin(), arrayNote.end(), [&](const auto& candidate) { return candidate.get() == &note; });
+    return found == arrayNote.end() ? 0 : static_cast<std::size_t>(found - arrayNote.begin());
+}
+
+void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
+{
+    print("👍👍👍👍👍👍👍👍👍👍👍👍 ùùùùùùùùùùùùùùùùùùùùùùùùùùùùù cellDidBeginEditing(editingCell:");
+    print("play SUONO");
+    tastieraAttiva = true;
+    giveFeedback("vanti");
+
+    const CGFloat contentOffset = table()->contentOffset().y;
+    const CGFloat rowTop = editingCell.frame().origin.y;
+    print("tableView.contentOffset.y : " + description(contentOffset));
+    print("editingCell.frame.origin.y : " + description(rowTop));
+    const CGFloat offset = contentOffset >= 0 ? contentOffset - rowTop : 0;
+    for (const auto& row : visibleRows()) {
+        UIView::animate(fadeDuration, 0, [&] {
+            row->setTransform(CGAffineTransform::translation(0, offset));
+            if (row.get() != &editingCell)
+                row->setAlpha(fadedAlpha);
+        });
+    }
+}
+
+void ViewController::cellDidEndEditing(TableViewCell& editingCell)
+{
+    print("cellDidEndEditing:");
+    tastieraAttiva = false;
+    for (const auto& row : visibleRows()) {
+        UIView::animate(fadeDuration, 0, [&] {
+            row->setTransform(CGAffineTransform::identity());
+            if (row.get() != &editingCell)
+                row->setAlpha(1.0);
+        });
+    }
+
+    const std::shared_ptr<ToDoItem2> note = editingCell.toDoItem();
+    if (!note->text || note->text->empty()) {
+        toDoItemDeleted(note);
+        return;
+    }
+    print("il tasto cè quindi devo salvare il nuovo array con la nuova nota");
+    saveNotes();
+    print("-------------------------appIconBadge :   " + appIconBadge);
+    if (appIconBadge == "true")
+        changeBadge(1);
+}
+
+void ViewController::toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>& note)
+{
+    print("toDoItemCambiaColoreALetto");
+    setCompleted(note, true);
+}
+
+void ViewController::toDoItemRiaperto(const std::shared_ptr<ToDoItem2>& note)
+{
+    setCompleted(note, false);
+}
+
+void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool completed)
+{
+    giveFeedback("completa");
+    const std::size_t index = indexOf(*note);
+    print("toDoItemDaModificare completed : " + std::string(note->completed ? "true" : "false") + "   "
+        + note->text.value_or(""));
+    if (appIconBadge == "true") {
+        print("true appiconbadge");
+        if (!note->completed) {
+            print("!toDoItem.completed.boolValue");
+            changeBadge(completed ? -1 : 1);
+        }
+    }
+    note->completed = completed;
+    arrayNote.at(index) = note;
+    saveNotes();
+}
+
+void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
+{
+    print("toDoItemDeleted:");
+    if (tastieraAttiva) {
+        print("❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non la "
+              "posso "
+              "cncellare");
+        return;
+    }
+    giveFeedback("cancella");
+    const std::size_t index = indexOf(*note);
+    print("index = " + std::to_string(index));
+    if (appIconBadge == "true" && !note->completed)
+        changeBadge(-1);
+    if (index >= arrayNote.size())
+        fatalError("A note was deleted from an empty list");
+    const auto rows = visibleRows();
+    arrayNote.erase(arrayNote.begin() + static_cast<std::ptrdiff_t>(index));
+    print("arrayNote.removeAtIndex(index)");
+    print("SalvoEPrelevoDatiDaFile().ArchiveResults");
+    saveNotes();
+
+    closeGapOf(*note, rows);
+    const std::shared_ptr<UITableView> list = table();
+    list->beginUpdates();
+    list->deleteRows({{0, static_cast<std::int64_t>(index)}}, UITableViewRowAnimation::fade);
+    list->endUpdates();
+}
+
+void ViewController::closeGapOf(
+    const ToDoItem2& note, const std::vector<std::shared_ptr<TableViewCell>>& rows)
+{
+    bool isBelow = false;
+    double delay = 0.0;
+    for (const auto& row : rows) {
+        if (row->toDoItem().get() == &note) {
+            row->setHidden(true);
+            isBelow = true;
+            continue;
+        }
+        if (!isBelow)
+            continue;
+        const auto reload = [this, weakSelf = weak_from_this()] {
+            if (weakSelf.lock())
+                table()->reloadData();
+        };
+        UIView::animate(
+            closeDuration, delay, [&] { row->setFrame(row->frame().offsetBy(0, -row->frame().size.height)); },
+            row == rows.back() ? std::function<void()>(reload) : nullptr);
+        delay += closeStagger;
+    }
+}
+
+bool ViewController::tableViewCanEditRowAtIndexPath(UITableView&, IndexPath)
+{
+    return true;
+}
+
+bool ViewController::tableViewShouldIndentWhileEditingRowAtIndexPath(UITableView&, IndexPath)
+{
+    return false;
+}
+
+UITableViewCellEditingStyle ViewController::tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath)
+{
+    return UITableViewCellEditingStyle::none;
+}
+
+void ViewController::tableViewMoveRowAtIndexPathToIndexPath(UITableView& list, IndexPath from, IndexPath to)
+{
+    print("moveRowAtIndexPath");
+    if (from.row != to.row) {
+        print("modifico gli array perche l utente ha spostato un elemento :");
+        const auto source = static_cast<std::size_t>(from.row);
+        const auto destination = static_cast<std::size_t>(to.row);
+        const std::shared_ptr<ToDoItem2> note = arrayNote.at(source);
+        arrayNote.erase(arrayNote.begin() + from.row);
+        if (destination >= arrayNote.size())
+            arrayNote.push_back(note);
+        else
+            arrayNote.insert(arrayNote.begin() + to.row, note);
+    }
+    saveNotes();
+    list.reloadData();
+}
+
+} // namespace velmorath

@@ -1,0 +1,63 @@
+#include "Bundle.h"
+#include "FatalError.h"
+#include "Print.h"
+#include "ViewController.h"
+#include <algorithm>
+
+namespace velmorath {
+
+void ViewController::scrollViewWillBeginDragging(UIScrollView& scrollView)
+{
+    print("scrollViewWillBeginDragging");
+    if (tastieraAttiva)
+        return;
+    pullDownInProgress = scrollView.contentOffset().y <= 0.0;
+    placeHolderCell->setBackgroundColor(colorForFirstRow());
+    if (pullDownInProgress)
+        table()->insertSubview(placeHolderCell, 0);
+}
+
+void ViewController::scrollViewDidScroll(UIScrollView& scrollView)
+{
+    const CGFloat y = scrollView.contentOffset().y;
+    if (!pullDownInProgress || y > 0.0) {
+        pullDownInProgress = false;
+        return;
+    }
+    const CGFloat rowHeight = table()->rowHeight();
+    placeHolderCell->setFrame(CGRectMake(0, -rowHeight, table()->frame().size.width, rowHeight));
+    const bool isDeep = rowHeight < -y;
+    placeHolderCell->label->setText(
+        Bundle::main().localizedString(isDeep ? "Release to add item" : "Pull to add item"));
+    placeHolderCell->setAlpha(std::min(-y / rowHeight, 1.0));
+}
+
+void ViewController::scrollViewDidEndDragging(UIScrollView& scrollView, bool)
+{
+    print("scrollViewDidEndDragging");
+    if (pullDownInProgress && table()->rowHeight() < -scrollView.contentOffset().y) {
+        print("toDoItemAdded");
+        toDoItemAddedAtIndex(0);
+    }
+    pullDownInProgress = false;
+    placeHolderCell->removeFromSuperview();
+}
+
+void ViewController::toDoItemAddedAtIndex(std::int64_t index)
+{
+    print("toDoItemAddedAtIndex");
+    const auto note = std::make_shared<ToDoItem2>();
+    note->text = "";
+    if (index < 0 || index > static_cast<std::int64_t>(arrayNote.size()))
+        fatalError("A note was to be inserted outside the list");
+    arrayNote.insert(arrayNote.begin() + index, note);
+    table()->reloadData();
+    for (const auto& row : visibleRows()) {
+        if (row->toDoItem() == note) {
+            row->label->becomeFirstResponder();
+            break;
+        }
+    }
+}
+
+} // namespace velmorath

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "Settings.h"
+#include "TableViewCell.h"
+#include "TouchPoints.h"
+#include "UIPinchGestureRecognizer.h"
+#include "UITableView.h"
+#include "UIViewController.h"
+#include "VistaNoteViewController.h"
+#include "delegatoTutorialChiuso.h"
+#include <optional>
+#include <string_view>
+
+namespace velmorath {
+
+/// The main screen: the list of notes. One class with five concerns, each in its own source file: the
+/// screen's life, its rows and the ways to other screens (ViewController.cpp), the colours of the rows
+/// (+Themes), what happens to notes (+Actions), and the two gestures that insert one (+PullDown, +Pinch).
+class ViewController : public UIViewController,
+                       public UITableViewDataSource,
+                       public UITableViewDelegate,
+                       public TableViewCellDelegate,
+                       public delegatoRicaricaNote,
+                       public delegatoTutorialChiuso {
+public:
+    ViewController();
+
+    void viewDidLoad() override;
+    void viewWillAppear(bool animated) override;
+
+    /// The information button.
+    void Info();
+    /// The reorder button: into the mode in which rows are dragged to other places, and back.
+    void settaggi();
+    void tutorialPrimaVolta();
+
+    void prepareForSegue(UIStoryboardSegue&, const std::any& sender) override;
+    void nuovoArrayNote(const std::vector<std::shared_ptr<ToDoItem2>>& list) override;
+    void chiusoTutorial() override;
+
+    std::int64_t numberOfSectionsInTableView(UITableView&) override;
+    std::int64_t tableViewNumberOfRowsInSection(UITableView&, std::int64_t section) override;
+    std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView&, IndexPath) override;
+    CGFloat tableViewHeightForRowAtIndexPath(UITableView&, IndexPath) override;
+    void tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath) override;
+
+    // +Themes
+    CGColor colorForIndex(std::int64_t index) const;
+    void tableViewWillDisplayCellForRowAtIndexPath(UITableView&, UITableViewCell&, IndexPath) override;
+
+    // +Actions
+    void cellDidBeginEditing(TableViewCell& editingCell) override;
+    void cellDidEndEditing(TableViewCell& editingCell) override;
+    void toDoItemRiaperto(const std::shared_ptr<ToDoItem2>&) override;
+    void toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>&) override;
+    void toDoItemDeleted(const std::shared_ptr<ToDoItem2>&) override;
+    bool tableViewCanEditRowAtIndexPath(UITableView&, IndexPath) override;
+    bool tableViewShouldIndentWhileEditingRowAtIndexPath(UITableView&, IndexPath) override;
+    UITableViewCellEditingStyle tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath) override;
+    void tableViewMoveRowAtIndexPathToIndexPath(UITableView&, IndexPath from, IndexPath to) override;
+
+    // +PullDown
+    void scrollViewWillBeginDragging(UIScrollView&) override;
+    void scrollViewDidScroll(UIScrollView&) override;
+    void scrollViewDidEndDragging(UIScrollView&, bool willDecelerate) override;
+    /// Inserts a new empty note and starts to type it. An index outside the list is fatal.
+    void toDoItemAddedAtIndex(std::int64_t index);
+
+    // +Pinch
+    void handlePinch(UIPinchGestureRecognizer&);
+
+    std::vector<std::shared_ptr<ToDoItem2>> arrayNote;
+    SettingsDictionary dizionarioSettaggi;
+    std::string soundEffect;
+    std::string vibration;
+    std::string appIconBadge;
+    std::string theme;
+    bool tastieraAttiva = false;
+    std::weak_ptr<UITableView> tableView;
+    const std::shared_ptr<UIPinchGestureRecognizer> pinchRecognizer =
+        std::make_shared<UIPinchGestureRecognizer>();
+    const double kRowHeight = 60.0;
+    std::int64_t upperCellIndex = -100;
+    std::int64_t lowerCellIndex = -100;
+    std::optional<TouchPoints> initialTouchPoints;
+    bool pinchExceededRequiredDistance = false;
+    bool pinchInProgress = false;
+    const std::shared_ptr<TableViewCell> placeHolderCell =
+        std::make_shared<TableViewCell>(UITableViewCellStyle::standard, "cell");
+    bool pullDownInProgress = false;
+
+private:
+    /// The table. That the storyboard has not connected it is fatal.
+    std::shared_ptr<UITableView> table() const;
+    std::vector<std::shared_ptr<TableViewCell>> visibleRows() const;
+    void saveNotes() const;
+
+    void runFirstLaunchExtras();
+    void offerTutorial();
+    void addSampleNote();
+    void showBadge() const;
+
+    CGColor themeColor(double val) const;
+    /// The colour of index 0, without the lines that tell how it came about.
+    CGColor colorForFirstRow() const;
+
+    /// The sound, then the vibration, each if its option is on.
+    void giveFeedback(std::string_view sound) const;
+    void changeBadge(int by) const;
+    /// Marks a note as completed or open, and saves.
+    void setCompleted(const std::shared_ptr<ToDoItem2>&, bool completed);
+    /// The place of this very note in the list; 0 for a note that is not in it.
+    std::size_t indexOf(const ToDoItem2&) const;
+    /// Hides the note's row among these rows in sight and moves the ones below it up.
+    void closeGapOf(const ToDoItem2&, const std::vector<std::shared_ptr<TableViewCell>>& rows);
+
+    TouchPoints getNormalizedTouchPoints(const UIPinchGestureRecognizer&) const;
+    bool viewContainsPoint(const UIView&, CGPoint) const;
+    void pinchStarted(const UIPinchGestureRecognizer&);
+    void pinchChanged(const UIPinchGestureRecognizer&);
+    void pinchEnded();
+};
+
+} // namespace velmorath

@@ -1,0 +1,67 @@
+#include "SalvoEPrelevoDatiDaFile.h"
+#include "FatalError.h"
+#include "FileManager.h"
+#include "Host.h"
+#include "KeyedArchiver.h"
+#include "KeyedUnarchiver.h"
+#include "Print.h"
+
+namespace velmorath {
+
+namespace {
+
+std::vector<std::shared_ptr<ToDoItem2>> listOfNotes(const ArchivedValue& root)
+{
+    const ArchivedValue::Array* array = root.array();
+    if (!array)
+        fatalError("The archive's root is not a list of notes");
+    std::vector<std::shared_ptr<ToDoItem2>> list;
+    list.reserve(array->size());
+    for (const ArchivedValue& element : *array) {
+        auto note = std::dynamic_pointer_cast<ToDoItem2>(element.object());
+        if (!note)
+            fatalError("The archive's list holds something that is not a note");
+        list.push_back(std::move(note));
+    }
+    return list;
+}
+
+} // namespace
+
+void SalvoEPrelevoDatiDaFile::buildPath()
+{
+    documentDirectories.clear();
+    if (auto directory = Host::current().files().documentDirectory())
+        documentDirectories.push_back(*directory);
+    if (documentDirectories.empty())
+        fatalError("There is no documents directory");
+    documentDirectory = documentDirectories.front();
+    path = documentDirectory + "/noteSalvate.archive";
+}
+
+void SalvoEPrelevoDatiDaFile::ArchiveResults(const std::vector<std::shared_ptr<ToDoItem2>>& list)
+{
+    print("ArchiveResults");
+    buildPath();
+    const bool success = KeyedArchiver::archiveRootObject(list, path);
+    print(success ? "Success writing to file!" : "Unable to write to file!");
+}
+
+std::vector<std::shared_ptr<ToDoItem2>> SalvoEPrelevoDatiDaFile::UnarchiveResults()
+{
+    buildPath();
+    const Result<std::string> bytes = FileManager::standard().read(path);
+    if (!bytes) {
+        print("error : " + bytes.error().description);
+        return {};
+    }
+    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+    if (!root) {
+        FileManager::standard().markUnreadable(path);
+        print("error : " + root.error().description);
+        return {};
+    }
+    return listOfNotes(*root);
+}
+
+} // namespace velmorath

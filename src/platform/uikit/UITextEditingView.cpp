@@ -1,0 +1,118 @@
+#include "UITextEditingView.h"
+#include "CATimeline.h"
+#include "Host.h"
+#include "UIApplication.h"
+#include "UITapGestureRecognizer.h"
+
+namespace velmorath {
+
+namespace {
+
+/// A tap that begins only when the view accepts to be edited, so that others get the taps it refuses.
+class EditingTap : public UITapGestureRecognizer {
+protected:
+    bool shouldBegin() override { return view()->becomeFirstResponder(); }
+};
+
+} // namespace
+
+UITextEditingView::UITextEditingView(const CGRect& frame, Lines lines)
+    : UIView(frame)
+{
+    m_traits.multiline = lines == Lines::many;
+    m_style.wraps = m_traits.multiline;
+    addGestureRecognizer(std::make_shared<EditingTap>());
+}
+
+UITextEditingView::~UITextEditingView()
+{
+    if (!isEditing())
+        return;
+    setCurrent(nullptr);
+    UIApplication::shared().textEditingEnded();
+    Host::current().textInput().end();
+}
+
+void UITextEditingView::setText(std::optional<std::string> text)
+{
+    std::string shown = std::move(text).value_or("");
+    if (m_text == shown)
+        return;
+    m_text = std::move(shown);
+    setNeedsDisplay();
+}
+
+void UITextEditingView::setTextColor(const CGColor& color)
+{
+    m_style.color = color;
+    setNeedsDisplay();
+}
+
+void UITextEditingView::setFont(const CGFont& font)
+{
+    m_style.font = font;
+    setNeedsDisplay();
+}
+
+void UITextEditingView::setKeyboardAppearance(UIKeyboardAppearance appearance)
+{
+    m_traits.darkKeyboard = appearance == UIKeyboardAppearance::dark;
+}
+
+void UITextEditingView::setReturnKeyType(UIReturnKeyType type)
+{
+    m_traits.doneKey = type == UIReturnKeyType::done;
+}
+
+bool UITextEditingView::becomeFirstResponder()
+{
+    if (isFirstResponder())
+        return true;
+    const std::shared_ptr<UIView> keepAlive = shared_from_this();
+    if (!shouldBeginEditing() || !UIView::becomeFirstResponder())
+        return false;
+    // Ending another view's editing may have taken this one off the screen.
+    if (!window()) {
+        setCurrent(nullptr);
+        return false;
+    }
+    UIApplication::shared().textEditingBegan(*this);
+    Host::current().textInput().begin(*this, m_text, m_style, m_traits);
+    setNeedsDisplay();
+    didBeginEditing();
+    return true;
+}
+
+bool UITextEditingView::resignFirstResponder()
+{
+    if (!isFirstResponder())
+        return true;
+    const std::shared_ptr<UIView> keepAlive = shared_from_this();
+    Host::current().textInput().end();
+    setCurrent(nullptr);
+    UIApplication::shared().textEditingEnded();
+    setNeedsDisplay();
+    didEndEditing();
+    return true;
+}
+
+void UITextEditingView::placeEditor()
+{
+    CGFloat opacity = 1;
+    for (const UIView* view = this; view; view = view->superview())
+        opacity *= view->layer().presented(CATimeline::main().frameTime()).opacity;
+    Host::current().textInput().place(shownInWindow(editingRect()), clipInWindow(), opacity);
+}
+
+void UITextEditingView::draw(CGContext& context) const
+{
+    if (!isEditing() && !m_text.empty())
+        context.drawText(m_text, editingRect(), m_style);
+}
+
+void UITextEditingView::textInputDidChange(const std::string& utf8)
+{
+    m_text = utf8;
+}
+
+} // namespace velmorath

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "TextInput.h"
+#include "UIFont.h"
+#include "UIView.h"
+#include <optional>
+#include <string>
+
+namespace velmorath {
+
+/// How the keyboard looks, on machines that have one on the screen.
+enum class UIKeyboardAppearance { standard, dark };
+/// What its return key says.
+enum class UIReturnKeyType { standard, done };
+
+/// What a text field and a text view have in common: a text that the machine's own editor edits in place
+/// while the view is the first responder. A tap makes it that; a tap that it refuses goes on to whatever
+/// lies around the view.
+class UITextEditingView : public UIView, private TextInputClient {
+public:
+    ~UITextEditingView() override;
+
+    const std::string& text() const { return m_text; }
+    /// No text makes the view empty. What is being edited is not changed on the screen.
+    void setText(std::optional<std::string>);
+    void setTextColor(const CGColor&);
+    void setFont(const CGFont&);
+    const CGFont& font() const { return m_style.font; }
+    void setKeyboardAppearance(UIKeyboardAppearance);
+    void setReturnKeyType(UIReturnKeyType);
+
+    bool isEditing() const { return isFirstResponder(); }
+    /// Asks whether editing may begin first.
+    bool becomeFirstResponder() override;
+    bool resignFirstResponder() override;
+
+    /// Keeps the machine's editor where the view is shown. Called with each frame while it is edited.
+    void placeEditor();
+
+protected:
+    enum class Lines { one, many };
+
+    UITextEditingView(const CGRect& frame, Lines);
+
+    virtual bool shouldBeginEditing() { return true; }
+    virtual void didBeginEditing() { }
+    virtual void didEndEditing() { }
+    virtual void didReturn() { }
+
+    const CGTextStyle& style() const { return m_style; }
+    /// Where in the view the text is.
+    virtual CGRect editingRect() const { return bounds(); }
+    void draw(CGContext&) const override;
+
+private:
+    void textInputDidChange(const std::string& utf8) override;
+    void textInputDidReturn() override { didReturn(); }
+
+    std::string m_text;
+    CGTextStyle m_style;
+    TextInputTraits m_traits;
+};
+
+} // namespace velmorath
