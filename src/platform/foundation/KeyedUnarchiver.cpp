@@ -226,19 +226,19 @@ BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& rec
     auto key =
         std::find_if(m_keys.begin(), m_keys.end(), [&](const Key& known) { return known.name == name; });
     if (key == m_keys.end())
-        key = m_keys.insert(key, Key{std::string(name), std::string::npos});
-    for (std::size_t index = 0; index < record.count; ++index) {
-        if (m_plist.reference(record, index) == key->reference)
-            return m_plist.object(m_plist.reference(record, record.count + index));
+        key = m_keys.insert(key, Key{std::string(name), 0, std::string::npos});
+
+    auto keyReference = [&](std::size_t index) { return m_plist.reference(record, index); };
+    if (key->index >= record.count || keyReference(key->index) != key->reference) {
+        std::size_t index = 0;
+        while (index < record.count && !Plist::isString(m_plist.object(keyReference(index)), name))
+            ++index;
+        if (index == record.count)
+            return {};
+        key->index = index;
+        key->reference = keyReference(index);
     }
-    for (std::size_t index = 0; index < record.count; ++index) {
-        auto reference = m_plist.reference(record, index);
-        if (Plist::isString(m_plist.object(reference), name)) {
-            key->reference = reference;
-            return m_plist.object(m_plist.reference(record, record.count + index));
-        }
-    }
-    return {};
+    return m_plist.object(m_plist.reference(record, record.count + key->index));
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::objectAt(const Plist::Object& uid)

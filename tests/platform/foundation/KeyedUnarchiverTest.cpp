@@ -77,6 +77,15 @@ TEST_F(KeyedUnarchiverTest, DecodesTextsThatAreObjects)
     EXPECT_EQ(*note, *ArchivedNote::make("ciò", "oggi", false));
 }
 
+TEST_F(KeyedUnarchiverTest, SharesWhatTheArchiveShares)
+{
+    auto note = addNote(addText("once"));
+    auto root = finish(m_builder.addArray({note, note}));
+    ASSERT_TRUE(root && root->array());
+    EXPECT_TRUE(root->array()->at(0).object());
+    EXPECT_EQ(root->array()->at(0).object(), root->array()->at(1).object());
+}
+
 TEST_F(KeyedUnarchiverTest, DecodesRootsThatAreNoList)
 {
     auto null = finish(0);
