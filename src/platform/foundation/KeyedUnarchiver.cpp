@@ -81,7 +81,7 @@ std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
     if (object.kind == Kind::string)
         return text(object);
     auto value = decodeReference(uid);
-    return value.string() ? std::optional(std::move(*value.string())) : std::nullopt;
+    return value.string() && spend(value.string()->size()) ? std::optional(*value.string()) : std::nullopt;
 }
 
 bool KeyedUnarchiver::decodeBool(std::string_view key)
@@ -102,12 +102,8 @@ ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
     auto& place = m_places[static_cast<std::size_t>(uid.integer)];
     if (place == beingDecoded)
         return fail("The archive holds an object that contains itself");
-    if (place != notMet) {
-        auto& value = m_values[place - firstPlace];
-        if (value.string() && !spend(value.string()->size()))
-            return {};
-        return value;
-    }
+    if (place != notMet)
+        return m_values[place - firstPlace];
     if (m_depth >= deepest)
         return fail("The archive is nested too deep");
 
