@@ -9,7 +9,7 @@
 
 namespace velmorath {
 
-/// What an archive held at one place. Copies share the arrays and the objects.
+/// What an archive held at one place. Copies are cheap: they share the texts, the arrays and the objects.
 class ArchivedValue {
 public:
     using Array = std::vector<ArchivedValue>;
@@ -31,7 +31,7 @@ public:
     {
     }
     ArchivedValue(std::string string)
-        : m_value(std::move(string))
+        : m_value(std::make_shared<const std::string>(std::move(string)))
     {
     }
     ArchivedValue(Array array)
@@ -53,8 +53,11 @@ public:
     const bool* boolean() const { return std::get_if<bool>(&m_value); }
     const std::int64_t* integer() const { return std::get_if<std::int64_t>(&m_value); }
     const double* real() const { return std::get_if<double>(&m_value); }
-    const std::string* string() const { return std::get_if<std::string>(&m_value); }
-    std::string* string() { return std::get_if<std::string>(&m_value); }
+    const std::string* string() const
+    {
+        auto* string = std::get_if<std::shared_ptr<const std::string>>(&m_value);
+        return string ? string->get() : nullptr;
+    }
     const Array* array() const
     {
         auto* array = std::get_if<std::shared_ptr<const Array>>(&m_value);
@@ -67,8 +70,8 @@ public:
     }
 
 private:
-    std::variant<std::monostate, bool, std::int64_t, double, std::string, std::shared_ptr<const Array>,
-        std::shared_ptr<Object>, Other>
+    std::variant<std::monostate, bool, std::int64_t, double, std::shared_ptr<const std::string>,
+        std::shared_ptr<const Array>, std::shared_ptr<Object>, Other>
         m_value;
 };
 

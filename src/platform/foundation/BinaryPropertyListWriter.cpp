@@ -9,11 +9,27 @@ namespace {
 // One size for all lists: the first object can be written before the last one is known.
 constexpr std::size_t referenceSize = sizeof(BinaryPropertyListWriter::Reference);
 
+constexpr std::size_t trailerSize = 32;
+
+// The most significant byte first.
+template <std::size_t size> char* put(char* bytes, std::uint64_t number)
+{
+    for (std::size_t index = 0; index < size; ++index)
+        bytes[index] = static_cast<char>(number >> (8 * (size - 1 - index)));
+    return bytes + size;
+}
+
 } // namespace
 
 BinaryPropertyListWriter::BinaryPropertyListWriter()
     : m_bytes("bplist00")
 {
+}
+
+void BinaryPropertyListWriter::reserve(std::size_t objects, std::size_t bytes)
+{
+    m_offsets.reserve(objects);
+    m_bytes.reserve(bytes);
 }
 
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addString(std::string_view utf8)
@@ -23,9 +39,10 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addString(std::str
         appendMarker(0x5, utf8.size());
         m_bytes += utf8;
     } else {
-        auto utf16 = utf16FromUTF8(utf8);
-        appendMarker(0x6, utf16.size() / 2);
-        m_bytes += utf16;
+        m_scratch.clear();
+        appendUTF16(m_scratch, utf8);
+        appendMarker(0x6, m_scratch.size() / 2);
+        m_bytes += m_scratch;
     }
     return reference;
 }
@@ -34,7 +51,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addInteger(std::in
 {
     auto reference = beginObject();
     m_bytes += '\x13';
-    appendNumber(static_cast<std::uint64_t>(integer), 8);
+    put<8>(grow(8), static_cast<std::uint64_t>(integer));
     return reference;
 }
 
@@ -42,7 +59,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addReal(double rea
 {
     auto reference = beginObject();
     m_bytes += '\x23';
-    appendNumber(std::bit_cast<std::uint64_t>(real), 8);
+    put<8>(grow(8), std::bit_cast<std::uint64_t>(real));
     return reference;
 }
 
@@ -65,7 +82,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addUID(std::uint32
 {
     auto reference = beginObject();
     m_bytes += '\x83';
-    appendNumber(uid, 4);
+    put<4>(grow(4), uid);
     return reference;
 }
 
@@ -91,16 +108,16 @@ std::string BinaryPropertyListWriter::finish(Reference root)
 {
     auto tableOffset = m_bytes.size();
     std::size_t offsetSize = tableOffset > std::numeric_limits<std::uint32_t>::max() ? 8 : 4;
-    m_bytes.reserve(tableOffset + m_offsets.size() * offsetSize + 32);
+    char* end = grow(m_offsets.size() * offsetSize + trailerSize);
     for (auto offset : m_offsets)
-        appendNumber(offset, offsetSize);
+        end = offsetSize == 4 ? put<4>(end, offset) : put<8>(end, offset);
 
-    m_bytes.append(6, '\0');
-    appendNumber(offsetSize, 1);
-    appendNumber(referenceSize, 1);
-    appendNumber(m_offsets.size(), 8);
-    appendNumber(root, 8);
-    appendNumber(tableOffset, 8);
+    end = put<6>(end, 0);
+    end = put<1>(end, offsetSize);
+    end = put<1>(end, referenceSize);
+    end = put<8>(end, m_offsets.size());
+    end = put<8>(end, root);
+    put<8>(end, tableOffset);
     return std::move(m_bytes);
 }
 
@@ -110,14 +127,6 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::beginObject()
     return static_cast<Reference>(m_offsets.size() - 1);
 }
 
-void BinaryPropertyListWriter::appendNumber(std::uint64_t number, std::size_t size)
-{
-    char bytes[8];
-    for (std::size_t index = 0; index < size; ++index)
-        bytes[size - 1 - index] = static_cast<char>(number >> (8 * index));
-    m_bytes.append(bytes, size);
-}
-
 void BinaryPropertyListWriter::appendMarker(unsigned kind, std::size_t count)
 {
     if (count < 0xF) {
@@ -125,16 +134,31 @@ void BinaryPropertyListWriter::appendMarker(unsigned kind, std::size_t count)
         return;
     }
     m_bytes += static_cast<char>(kind << 4 | 0xF);
-    // The smallest size that holds the count: two to the power of the exponent, in bytes.
-    unsigned exponent = count <= 0xFF ? 0 : count <= 0xFFFF ? 1 : count <= 0xFFFFFFFF ? 2 : 3;
-    m_bytes += static_cast<char>(0x10 | exponent);
-    appendNumber(count, std::size_t(1) << exponent);
+    // An integer of one, four or eight bytes.
+    if (count <= 0xFF) {
+        m_bytes += '\x10';
+        put<1>(grow(1), count);
+    } else if (count <= 0xFFFFFFFF) {
+        m_bytes += '\x12';
+        put<4>(grow(4), count);
+    } else {
+        m_bytes += '\x13';
+        put<8>(grow(8), count);
+    }
 }
 
 void BinaryPropertyListWriter::appendReferences(std::span<const Reference> references)
 {
+    char* end = grow(references.size() * referenceSize);
     for (auto reference : references)
-        appendNumber(reference, referenceSize);
+        end = put<referenceSize>(end, reference);
+}
+
+char* BinaryPropertyListWriter::grow(std::size_t count)
+{
+    auto size = m_bytes.size();
+    m_bytes.resize(size + count);
+    return m_bytes.data() + size;
 }
 
 } // namespace velmorath

@@ -17,6 +17,9 @@ public:
 
     BinaryPropertyListWriter();
 
+    /// Makes room for this many objects and bytes, to save time.
+    void reserve(std::size_t objects, std::size_t bytes);
+
     /// What is not UTF-8 becomes the replacement character.
     Reference addString(std::string_view utf8);
     Reference addInteger(std::int64_t);
@@ -33,12 +36,13 @@ public:
 
 private:
     Reference beginObject();
-    void appendNumber(std::uint64_t, std::size_t size);
     void appendMarker(unsigned kind, std::size_t count);
     void appendReferences(std::span<const Reference>);
+    char* grow(std::size_t count);
 
     std::string m_bytes;
     std::vector<std::uint64_t> m_offsets;
+    std::string m_scratch;
 };
 
 } // namespace velmorath

@@ -5,15 +5,19 @@
 namespace velmorath {
 namespace {
 
-constexpr std::string_view classKey = "$class";
 constexpr std::uint32_t rootUID = 1;
 
 } // namespace
 
-KeyedArchiver::KeyedArchiver()
+KeyedArchiver::KeyedArchiver(std::size_t recordCount)
     : m_null(m_writer.addUID(0))
     , m_booleans{m_writer.addBoolean(false), m_writer.addBoolean(true)}
+    , m_classKey(m_writer.addString("$class"))
 {
+    // Room for records with a text of usual length.
+    m_writer.reserve(recordCount * 4, recordCount * 128);
+    m_objects.reserve(recordCount * 2);
+    m_elements.reserve(recordCount);
     addObject(m_writer.addString("$null"));
     // The root's place; the root itself comes last.
     addObject(m_null);
@@ -52,21 +56,18 @@ void KeyedArchiver::append(const Coding* record)
         m_elements.push_back(m_null);
         return;
     }
-    auto [place, isNew] = m_written.try_emplace(record, m_null);
-    if (isNew) {
-        m_recordKeys.clear();
-        m_recordValues.clear();
-        record->encode(*this);
-        m_recordKeys.push_back(keyNamed(classKey).reference);
-        m_recordValues.push_back(classNamed(record->archivedClassName()));
-        place->second = m_writer.addUID(addObject(m_writer.addDictionary(m_recordKeys, m_recordValues)));
-    }
-    m_elements.push_back(place->second);
+    m_recordKeys.clear();
+    m_recordValues.clear();
+    record->encode(*this);
+    m_recordKeys.push_back(m_classKey);
+    m_recordValues.push_back(classNamed(record->archivedClassName()));
+    auto uid = addObject(m_writer.addDictionary(m_recordKeys, m_recordValues));
+    m_elements.push_back(m_writer.addUID(uid));
 }
 
 std::string KeyedArchiver::finish()
 {
-    Reference rootKeys[] = {m_writer.addString("NS.objects"), keyNamed(classKey).reference};
+    Reference rootKeys[] = {m_writer.addString("NS.objects"), m_classKey};
     Reference rootValues[] = {m_writer.addArray(m_elements), classNamed("NSArray")};
     m_objects[rootUID] = m_writer.addDictionary(rootKeys, rootValues);
 

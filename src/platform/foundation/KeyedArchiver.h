@@ -4,19 +4,18 @@
 #include "Coding.h"
 #include <memory>
 #include <optional>
-#include <unordered_map>
 
 namespace velmorath {
 
 /// Writes a keyed archive: a binary property list whose objects name each other by their number. Its
-/// root is an array of records. A record that is in the list twice is written once.
+/// root is an array of records.
 class KeyedArchiver {
 public:
     /// The archive of a list. A null pointer in it becomes a null object.
     template <typename Record>
     static std::string archivedData(const std::vector<std::shared_ptr<Record>>& list)
     {
-        KeyedArchiver archiver;
+        KeyedArchiver archiver(list.size());
         for (const auto& record : list)
             archiver.append(record.get());
         return archiver.finish();
@@ -52,7 +51,7 @@ private:
         Reference reference;
     };
 
-    KeyedArchiver();
+    explicit KeyedArchiver(std::size_t recordCount);
 
     static bool write(const std::string& bytes, const std::string& path);
 
@@ -66,11 +65,11 @@ private:
     BinaryPropertyListWriter m_writer;
     Reference m_null;
     Reference m_booleans[2];
+    Reference m_classKey;
     std::vector<Key> m_keys;
     std::vector<ClassEntry> m_classes;
     /// What each UID stands for.
     std::vector<Reference> m_objects;
-    std::unordered_map<const Coding*, Reference> m_written;
     std::vector<Reference> m_elements;
     /// The record that is being encoded.
     std::vector<Reference> m_recordKeys;

@@ -81,7 +81,7 @@ std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
     if (object.kind == Kind::string)
         return text(object);
     auto value = decodeReference(uid);
-    return value.string() ? std::optional(std::move(*value.string())) : std::nullopt;
+    return value.string() && spend(value.string()->size()) ? std::optional(*value.string()) : std::nullopt;
 }
 
 bool KeyedUnarchiver::decodeBool(std::string_view key)
@@ -102,12 +102,8 @@ ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
     auto& place = m_places[static_cast<std::size_t>(uid.integer)];
     if (place == beingDecoded)
         return fail("The archive holds an object that contains itself");
-    if (place != notMet) {
-        auto& value = m_values[place - firstPlace];
-        if (value.string() && !spend(value.string()->size()))
-            return {};
-        return value;
-    }
+    if (place != notMet)
+        return m_values[place - firstPlace];
     if (m_depth >= deepest)
         return fail("The archive is nested too deep");
 
@@ -226,19 +222,19 @@ BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& rec
     auto key =
         std::find_if(m_keys.begin(), m_keys.end(), [&](const Key& known) { return known.name == name; });
     if (key == m_keys.end())
-        key = m_keys.insert(key, Key{std::string(name), std::string::npos});
-    for (std::size_t index = 0; index < record.count; ++index) {
-        if (m_plist.reference(record, index) == key->reference)
-            return m_plist.object(m_plist.reference(record, record.count + index));
+        key = m_keys.insert(key, Key{std::string(name), 0, std::string::npos});
+
+    auto keyReference = [&](std::size_t index) { return m_plist.reference(record, index); };
+    if (key->index >= record.count || keyReference(key->index) != key->reference) {
+        std::size_t index = 0;
+        while (index < record.count && !Plist::isString(m_plist.object(keyReference(index)), name))
+            ++index;
+        if (index == record.count)
+            return {};
+        key->index = index;
+        key->reference = keyReference(index);
     }
-    for (std::size_t index = 0; index < record.count; ++index) {
-        auto reference = m_plist.reference(record, index);
-        if (Plist::isString(m_plist.object(reference), name)) {
-            key->reference = reference;
-            return m_plist.object(m_plist.reference(record, record.count + index));
-        }
-    }
-    return {};
+    return m_plist.object(m_plist.reference(record, record.count + key->index));
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::objectAt(const Plist::Object& uid)

@@ -2,6 +2,7 @@
 
 #include "ArchivedValue.h"
 #include "BinaryPropertyListReader.h"
+#include <deque>
 #include <functional>
 #include <optional>
 #include <unordered_map>
@@ -31,10 +32,11 @@ public:
 private:
     using Plist = BinaryPropertyListReader;
 
-    /// The place of a key's text in the list: equal keys of different records are mostly one string.
+    /// Where a key was found last: equal keys of different records are mostly one string at one place.
     struct Key {
         std::string name;
         std::size_t reference;
+        std::size_t index;
     };
 
     KeyedUnarchiver(const Plist&, const Plist::Object& objects);
@@ -63,7 +65,7 @@ private:
     std::unordered_map<std::int64_t, Decode> m_classes;
     /// For each archived object: not met yet, being decoded, or where its value is.
     std::vector<std::uint32_t> m_places;
-    std::vector<ArchivedValue> m_values;
+    std::deque<ArchivedValue> m_values;
     std::size_t m_budget;
     int m_depth = 0;
     std::optional<Error> m_error;

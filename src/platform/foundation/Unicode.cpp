@@ -9,10 +9,39 @@ unsigned char byteAt(std::string_view bytes, std::size_t index)
     return static_cast<unsigned char>(bytes[index]);
 }
 
-void appendUnit(std::string& bytes, char32_t unit)
+constexpr std::size_t longestCharacter = 4;
+
+// Returns how many bytes it has written.
+std::size_t putUTF8(char* bytes, char32_t character)
 {
-    bytes += static_cast<char>(unit >> 8);
-    bytes += static_cast<char>(unit & 0xFF);
+    auto continuation = [](char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
+    if (character < 0x80) {
+        bytes[0] = static_cast<char>(character);
+        return 1;
+    }
+    if (character < 0x800) {
+        bytes[0] = static_cast<char>(0xC0 | (character >> 6));
+        bytes[1] = continuation(character);
+        return 2;
+    }
+    if (character < 0x10000) {
+        bytes[0] = static_cast<char>(0xE0 | (character >> 12));
+        bytes[1] = continuation(character >> 6);
+        bytes[2] = continuation(character);
+        return 3;
+    }
+    bytes[0] = static_cast<char>(0xF0 | (character >> 18));
+    bytes[1] = continuation(character >> 12);
+    bytes[2] = continuation(character >> 6);
+    bytes[3] = continuation(character);
+    return 4;
+}
+
+char* putUnit(char* bytes, char32_t unit)
+{
+    bytes[0] = static_cast<char>(unit >> 8);
+    bytes[1] = static_cast<char>(unit & 0xFF);
+    return bytes + 2;
 }
 
 bool isHighSurrogate(char32_t unit)
@@ -64,22 +93,8 @@ char32_t takeCharacter(std::string_view& utf8)
 
 void appendUTF8(std::string& text, char32_t character)
 {
-    auto continuation = [](char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xC0 | (character >> 6));
-        text += continuation(character);
-    } else if (character < 0x10000) {
-        text += static_cast<char>(0xE0 | (character >> 12));
-        text += continuation(character >> 6);
-        text += continuation(character);
-    } else {
-        text += static_cast<char>(0xF0 | (character >> 18));
-        text += continuation(character >> 12);
-        text += continuation(character >> 6);
-        text += continuation(character);
-    }
+    char bytes[longestCharacter];
+    text.append(bytes, putUTF8(bytes, character));
 }
 
 std::string validUTF8(std::string_view text)
@@ -93,19 +108,21 @@ std::string validUTF8(std::string_view text)
     return valid;
 }
 
-std::string utf16FromUTF8(std::string_view utf8)
+void appendUTF16(std::string& bytes, std::string_view utf8)
 {
-    std::string bytes;
-    bytes.reserve(utf8.size() * 2);
+    // No character has more units than bytes.
+    auto start = bytes.size();
+    bytes.resize(start + utf8.size() * 2);
+    char* end = bytes.data() + start;
     while (!utf8.empty()) {
         auto character = takeCharacter(utf8);
         if (character >= 0x10000) {
-            appendUnit(bytes, 0xD800 + ((character - 0x10000) >> 10));
+            end = putUnit(end, 0xD800 + ((character - 0x10000) >> 10));
             character = 0xDC00 + ((character - 0x10000) & 0x3FF);
         }
-        appendUnit(bytes, character);
+        end = putUnit(end, character);
     }
-    return bytes;
+    bytes.resize(static_cast<std::size_t>(end - bytes.data()));
 }
 
 std::string utf8FromUTF16(std::string_view bytes)
@@ -113,8 +130,10 @@ std::string utf8FromUTF16(std::string_view bytes)
     auto unitAt = [bytes](std::size_t index) -> char32_t {
         return index + 1 < bytes.size() ? (byteAt(bytes, index) << 8u) | byteAt(bytes, index + 1) : 0;
     };
+    // By way of a small buffer, so that a text of usual length is allocated once and at its size.
     std::string text;
-    text.reserve(bytes.size());
+    char buffer[512];
+    std::size_t used = 0;
     for (std::size_t index = 0; index + 1 < bytes.size(); index += 2) {
         auto unit = unitAt(index);
         if (isHighSurrogate(unit) && isLowSurrogate(unitAt(index + 2))) {
@@ -123,8 +142,13 @@ std::string utf8FromUTF16(std::string_view bytes)
         } else if (isHighSurrogate(unit) || isLowSurrogate(unit)) {
             unit = replacementCharacter;
         }
-        appendUTF8(text, unit);
+        used += putUTF8(buffer + used, unit);
+        if (used + longestCharacter > sizeof buffer) {
+            text.append(buffer, used);
+            used = 0;
+        }
     }
+    text.append(buffer, used);
     return text;
 }
 

@@ -20,7 +20,7 @@ void appendUTF8(std::string&, char32_t character);
 std::string validUTF8(std::string_view);
 
 /// UTF-16, the most significant byte first.
-std::string utf16FromUTF8(std::string_view utf8);
+void appendUTF16(std::string& bigEndian, std::string_view utf8);
 /// A last odd byte is left out; halves of characters give the replacement character.
 std::string utf8FromUTF16(std::string_view bigEndian);
 

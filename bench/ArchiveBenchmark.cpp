@@ -1,0 +1,90 @@
+// Saving and loading the whole list, beside what the disk alone takes for the same bytes. The budgets:
+// saving at most three times writing, loading at most three times reading and 50 ms.
+
+#include "ArchivedNote.h"
+#include "FileManager.h"
+#include "StorageHost.h"
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace velmorath {
+namespace {
+
+std::string pathIn(const StorageHost& host)
+{
+    return host.folder() + "/noteSalvate.archive";
+}
+
+void countBytes(benchmark::State& state, std::size_t bytes)
+{
+    state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * state.iterations());
+}
+
+void writeRaw(benchmark::State& state)
+{
+    StorageHost host;
+    auto bytes = KeyedArchiver::archivedData(manyNotes(static_cast<int>(state.range(0))));
+    for (auto _ : state) {
+        int file = open(pathIn(host).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+        bool written = write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+        if (!written || fsync(file) != 0)
+            state.SkipWithError("cannot write");
+        close(file);
+    }
+    countBytes(state, bytes.size());
+}
+
+void save(benchmark::State& state)
+{
+    StorageHost host;
+    auto notes = manyNotes(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        if (!KeyedArchiver::archiveRootObject(notes, pathIn(host)))
+            state.SkipWithError("cannot save");
+    }
+    countBytes(state, host.files().read(pathIn(host))->size());
+}
+
+void readRaw(benchmark::State& state)
+{
+    StorageHost host;
+    auto bytes = KeyedArchiver::archivedData(manyNotes(static_cast<int>(state.range(0))));
+    FileManager::standard().replace(pathIn(host), bytes);
+    for (auto _ : state) {
+        int file = open(pathIn(host).c_str(), O_RDONLY | O_CLOEXEC);
+        if (read(file, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size()))
+            state.SkipWithError("cannot read");
+        close(file);
+    }
+    countBytes(state, bytes.size());
+}
+
+void load(benchmark::State& state)
+{
+    StorageHost host;
+    ArchivedNote::registerClass();
+    auto notes = manyNotes(static_cast<int>(state.range(0)));
+    KeyedArchiver::archiveRootObject(notes, pathIn(host));
+    std::size_t size = 0;
+    for (auto _ : state) {
+        auto bytes = FileManager::standard().read(pathIn(host));
+        auto root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+        if (!root || root->array()->size() != notes.size())
+            state.SkipWithError("cannot load");
+        size = bytes->size();
+        // The program keeps its list.
+        state.PauseTiming();
+        root = ArchivedValue();
+        state.ResumeTiming();
+    }
+    countBytes(state, size);
+}
+
+BENCHMARK(writeRaw)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(save)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(readRaw)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(load)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+} // namespace
+} // namespace velmorath

@@ -1,0 +1,157 @@
+#include "ArchivedNote.h"
+#include "StorageHost.h"
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace velmorath {
+namespace {
+
+std::string json(const std::optional<std::string>& text)
+{
+    if (!text)
+        return "null";
+    std::string quoted = "\"";
+    for (char letter : *text) {
+        if (letter == '"' || letter == '\\')
+            quoted += '\\';
+        quoted += letter == '\n' ? "\\n" : std::string(1, letter);
+    }
+    return quoted + "\"";
+}
+
+// As Python writes it, so that whole lists can be compared as texts.
+std::string json(const ArchivedNotes& notes)
+{
+    std::string text = "[";
+    for (auto& note : notes) {
+        if (text.size() > 1)
+            text += ", ";
+        text.append("[").append(json(note->text)).append(", ").append(json(note->date));
+        text += note->completed ? ", true]" : ", false]";
+    }
+    text += "]";
+    return text;
+}
+
+std::string contents(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::stringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+void save(const std::string& path, const std::string& bytes)
+{
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+ArchivedNotes unarchive(const std::string& bytes)
+{
+    ArchivedNotes notes;
+    auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
+    if (!root || !root->array()) {
+        ADD_FAILURE() << root.error().description;
+        return notes;
+    }
+    for (auto& element : *root->array())
+        notes.push_back(std::dynamic_pointer_cast<ArchivedNote>(element.object()));
+    return notes;
+}
+
+ArchivedNotes difficultNotes()
+{
+    return {
+        ArchivedNote::make("", {}, false),
+        ArchivedNote::make({}, {}, true),
+        ArchivedNote::make({}, "22 nov 2026", false),
+        ArchivedNote::make("Perché già così", "22 nov 2026", true),
+        ArchivedNote::make("买牛奶 👩‍👩‍👧‍👦 𝒳", "2026年11月22日", false),
+        ArchivedNote::make("اشتر الخبز", "٢٢ نوفمبر", false),
+        ArchivedNote::make("\"quoted\" \\ and\ntwo lines", "$null", false),
+        ArchivedNote::make(std::string(70000, 'x'), "22 nov 2026", false),
+        ArchivedNote::make(std::string(14, 'a') + "é", std::string(15, 'b'), false),
+    };
+}
+
+class KeyedArchiverTest : public testing::Test {
+protected:
+    KeyedArchiverTest() { ArchivedNote::registerClass(); }
+
+    std::string run(const std::string& command) const
+    {
+        auto output = m_host.folder() + "/output";
+        auto line = "python3 " VELMORATH_TEST_TOOLS "/archive_exchange.py " + command + " > " + output;
+        EXPECT_EQ(std::system(line.c_str()), 0) << line;
+        return contents(output);
+    }
+
+    StorageHost m_host;
+    std::string m_path = m_host.folder() + "/notes";
+};
+
+TEST_F(KeyedArchiverTest, ReadsWhatItWrote)
+{
+    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(1000)})
+        EXPECT_EQ(json(unarchive(KeyedArchiver::archivedData(notes))), json(notes));
+}
+
+TEST_F(KeyedArchiverTest, KeepsGaps)
+{
+    ArchivedNotes notes{ArchivedNote::make("one", {}, false), nullptr, ArchivedNote::make("two", {}, false)};
+    auto read = unarchive(KeyedArchiver::archivedData(notes));
+    ASSERT_EQ(read.size(), 3u);
+    EXPECT_EQ(read[0]->text, "one");
+    EXPECT_EQ(read[1], nullptr);
+    EXPECT_EQ(read[2]->text, "two");
+}
+
+TEST_F(KeyedArchiverTest, RepairsTextsThatAreNotUTF8)
+{
+    ArchivedNotes notes{ArchivedNote::make("a\xFFz\xE2\x82", "\xED\xA0\x80", false)};
+    auto read = unarchive(KeyedArchiver::archivedData(notes));
+    ASSERT_EQ(read.size(), 1u);
+    EXPECT_EQ(read[0]->text, "a\uFFFDz\uFFFD");
+    EXPECT_EQ(read[0]->date, "\uFFFD\uFFFD\uFFFD");
+}
+
+TEST_F(KeyedArchiverTest, PythonReadsWhatItWrote)
+{
+    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(100000)}) {
+        ASSERT_TRUE(KeyedArchiver::archiveRootObject(notes, m_path));
+        EXPECT_TRUE(run("show " + m_path) == json(notes) + "\n") << notes.size();
+    }
+}
+
+TEST_F(KeyedArchiverTest, ReadsWhatPythonWrote)
+{
+    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(100000)}) {
+        save(m_path + ".json", json(notes));
+        run("write " + m_path + " < " + m_path + ".json");
+        EXPECT_TRUE(json(unarchive(contents(m_path))) == json(notes)) << notes.size();
+    }
+}
+
+TEST_F(KeyedArchiverTest, ReadsHalfCharactersAsReplacements)
+{
+    ArchivedNotes notes{ArchivedNote::make("<👍>", {}, false)};
+    auto bytes = KeyedArchiver::archivedData(notes);
+    auto place = bytes.find("\xD8\x3D\xDC\x4D");
+    ASSERT_NE(place, std::string::npos);
+    bytes.replace(place, 4, "\xDC\x4D\xD8\x3D");
+    EXPECT_EQ(unarchive(bytes)[0]->text, "<\uFFFD\uFFFD>");
+    bytes.replace(place, 6, std::string("\0<\0>\xD8\x3D", 6));
+    EXPECT_EQ(unarchive(bytes)[0]->text, "<<>\uFFFD");
+}
+
+TEST_F(KeyedArchiverTest, SaysWhenTheFileCannotBeWritten)
+{
+    ASSERT_TRUE(KeyedArchiver::archiveRootObject(difficultNotes(), m_path));
+    m_host.failReplacing = true;
+    EXPECT_FALSE(KeyedArchiver::archiveRootObject(ArchivedNotes(), m_path));
+    EXPECT_EQ(unarchive(contents(m_path)).size(), difficultNotes().size());
+}
+
+} // namespace
+} // namespace velmorath
