@@ -1,0 +1,227 @@
+#include "PosixFiles.h"
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velmorath {
+namespace {
+
+class Descriptor {
+public:
+    explicit Descriptor(int descriptor)
+        : m_descriptor(descriptor)
+    {
+    }
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    explicit operator bool() const { return m_descriptor >= 0; }
+    int get() const { return m_descriptor; }
+    bool close()
+    {
+        int descriptor = std::exchange(m_descriptor, -1);
+        return descriptor < 0 || ::close(descriptor) == 0;
+    }
+
+private:
+    int m_descriptor;
+};
+
+Error lastError(std::string_view doing, const std::string& path)
+{
+    std::string reason = std::strerror(errno);
+    return Error{std::string(doing) + " " + path + ": " + reason};
+}
+
+std::string folderOf(const std::string& path)
+{
+    auto slash = path.rfind('/');
+    if (slash == std::string::npos)
+        return ".";
+    return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+// The links are followed by hand because the file at their end need not exist yet.
+Result<std::string> followLinks(std::string path)
+{
+    constexpr int mostLinks = 40;
+    for (int i = 0; i < mostLinks; ++i) {
+        char target[PATH_MAX];
+        auto length = readlink(path.c_str(), target, sizeof target);
+        if (length < 0)
+            return path;
+        std::string next(target, static_cast<std::size_t>(length));
+        path = next.starts_with('/') ? next : folderOf(path) + "/" + next;
+    }
+    errno = ELOOP;
+    return lastError("Cannot follow", path);
+}
+
+// Best effort: some file systems cannot flush a folder, and the file is whole all the same.
+void flushFolder(const std::string& folder)
+{
+    Descriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descriptor)
+        fsync(descriptor.get());
+}
+
+std::optional<Error> makeFolders(const std::string& folder)
+{
+    struct stat status;
+    if (stat(folder.c_str(), &status) == 0)
+        return {};
+    auto parent = folderOf(folder);
+    if (errno != ENOENT || parent == folder)
+        return lastError("Cannot use the folder", folder);
+    if (auto error = makeFolders(parent))
+        return error;
+    if (mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
+        return lastError("Cannot make the folder", folder);
+    flushFolder(parent);
+    return {};
+}
+
+bool writeAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        auto written = write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    return true;
+}
+
+// A second program may have opened the same file, and may have moved it to its final place between
+// our opening and our locking it. A file system without locks has to do without this.
+bool ownsAlone(int descriptor, const std::string& path)
+{
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return false;
+    struct stat opened;
+    struct stat named;
+    return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &named) == 0 && opened.st_ino == named.st_ino
+        && opened.st_dev == named.st_dev;
+}
+
+std::optional<std::string> userFolder(const char* variable, const char* placeInHome)
+{
+    // The custom asks for relative paths to be ignored.
+    const char* folder = std::getenv(variable);
+    if (folder && folder[0] == '/')
+        return folder;
+    const char* home = std::getenv("HOME");
+    if (home && home[0] == '/')
+        return std::string(home) + placeInHome;
+    return {};
+}
+
+} // namespace
+
+PosixFiles::PosixFiles(std::optional<std::string> documentDirectory, std::optional<std::string> defaultsFile,
+    std::string resourceDirectory)
+    : m_documentDirectory(std::move(documentDirectory))
+    , m_defaultsFile(std::move(defaultsFile))
+    , m_resourceDirectory(std::move(resourceDirectory))
+{
+}
+
+PosixFiles PosixFiles::forUser(std::string resourceDirectory)
+{
+    auto documents = userFolder("XDG_DATA_HOME", "/.local/share");
+    if (documents)
+        *documents += "/velmorath/Documents";
+    auto defaults = userFolder("XDG_CONFIG_HOME", "/.config");
+    if (defaults)
+        *defaults += "/velmorath/defaults.plist";
+    return PosixFiles(std::move(documents), std::move(defaults), std::move(resourceDirectory));
+}
+
+bool PosixFiles::exists(const std::string& path)
+{
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
+}
+
+Result<std::string> PosixFiles::read(const std::string& path)
+{
+    // Without O_NONBLOCK a pipe would make us wait for its other end.
+    Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    struct stat status;
+    if (!file || fstat(file.get(), &status) != 0)
+        return lastError("Cannot read", path);
+    if (!S_ISREG(status.st_mode))
+        return Error{"Cannot read " + path + ": it is not a file"};
+    auto size = static_cast<std::size_t>(status.st_size);
+    if (size > longestFile)
+        return Error{"Cannot read " + path + ": it is too long"};
+
+    std::string bytes(size, '\0');
+    std::size_t length = 0;
+    while (length < size) {
+        auto count = ::read(file.get(), bytes.data() + length, size - length);
+        if (count < 0 && errno != EINTR)
+            return lastError("Cannot read", path);
+        if (count == 0)
+            break;
+        length += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+    }
+    bytes.resize(length);
+    return bytes;
+}
+
+std::optional<Error> PosixFiles::replace(const std::string& givenPath, std::string_view bytes)
+{
+    auto path = followLinks(givenPath);
+    if (!path)
+        return path.error();
+    if (auto error = makeFolders(folderOf(*path)))
+        return error;
+    struct stat status;
+    if (stat(path->c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        return Error{"Cannot replace " + *path + ": it is not a file"};
+
+    // The same name each time, so that a kill leaves at most one unfinished file, which the next call
+    // takes over.
+    auto besidePath = *path + ".new";
+    Descriptor beside(
+        open(besidePath.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!beside)
+        return lastError("Cannot write", besidePath);
+    if (!ownsAlone(beside.get(), besidePath))
+        return Error{"Cannot write " + besidePath + ": another program writes it"};
+    bool written = fchmod(beside.get(), S_IRUSR | S_IWUSR) == 0 && ftruncate(beside.get(), 0) == 0
+        && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0
+        && rename(besidePath.c_str(), path->c_str()) == 0;
+    if (!written) {
+        auto error = lastError("Cannot write", *path);
+        unlink(besidePath.c_str());
+        return error;
+    }
+    flushFolder(folderOf(*path));
+    return {};
+}
+
+std::optional<Error> PosixFiles::setAside(const std::string& givenPath)
+{
+    auto path = followLinks(givenPath);
+    if (!path)
+        return path.error();
+    struct stat status;
+    auto aside = *path + ".unreadable";
+    for (int number = 2; lstat(aside.c_str(), &status) == 0; ++number)
+        aside = *path + ".unreadable-" + std::to_string(number);
+    if (rename(path->c_str(), aside.c_str()) != 0)
+        return lastError("Cannot set aside", *path);
+    flushFolder(folderOf(*path));
+    return {};
+}
+
+} // namespace velmorath
