@@ -67,13 +67,16 @@ void QtHost::detach()
 
 void QtHost::updateState()
 {
-    const bool isOutOfSight = !m_widget.isVisible() || m_widget.isMinimized();
+    if (!m_client)
+        return;
+    const QWindow::Visibility visibility = m_widget.windowHandle()->visibility();
+    const bool isOutOfSight = visibility == QWindow::Hidden || visibility == QWindow::Minimized;
     HostState state = HostState::inactive;
     if (isOutOfSight || QGuiApplication::applicationState() <= Qt::ApplicationHidden)
         state = HostState::background;
     else if (QGuiApplication::applicationState() == Qt::ApplicationActive)
         state = HostState::active;
-    if (state == m_state || !m_client)
+    if (state == m_state)
         return;
     m_state = state;
     m_client->stateChanged(state);

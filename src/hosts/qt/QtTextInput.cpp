@@ -71,10 +71,9 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
         & geometry.adjusted(0, 0, 1, 1);
     m_window->setGeometry(window);
     m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
-    const double scale = m_screen.devicePixelRatioF();
-    const QPointF rest(frame.minX() - x, frame.minY() - y);
-    m_effect->set(std::clamp(opacity, 0.0, 1.0),
-        {std::round(rest.x() * scale) / scale, std::round(rest.y() * scale) / scale});
+    const QPointF shift =
+        TextLayout::snapped({frame.minX(), frame.minY()}, m_screen.devicePixelRatioF()) - QPointF(x, y);
+    m_effect->set(std::clamp(opacity, 0.0, 1.0), shift);
 }
 
 void QtTextInput::end()

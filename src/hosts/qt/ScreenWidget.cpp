@@ -44,7 +44,7 @@ ScreenWidget::ScreenWidget(const Clock& clock)
 
 bool ScreenWidget::isInSight() const
 {
-    return windowHandle() && windowHandle()->isExposed();
+    return isVisible() && windowHandle()->isExposed();
 }
 
 bool ScreenWidget::displayPacesFrames() const

@@ -17,7 +17,25 @@ QString withoutControlCharacters(QString text)
     return text;
 }
 
+/// The rectangle moved to where an editor over it can be.
+CGRect snappedRect(const QPainter& painter, const CGRect& rect)
+{
+    const QTransform& transform = painter.transform();
+    if (transform.type() > QTransform::TxTranslate)
+        return rect;
+    const QPointF corner = transform.map(QPointF(rect.minX(), rect.minY()));
+    const QPointF moved = TextLayout::snapped(corner, painter.device()->devicePixelRatioF()) - corner;
+    return rect.offsetBy(moved.x(), moved.y());
+}
+
 } // namespace
+
+QPointF TextLayout::snapped(QPointF point, double scale)
+{
+    const QPointF whole(std::floor(point.x()), std::floor(point.y()));
+    const QPointF rest = (point - whole) * scale;
+    return whole + QPointF(std::round(rest.x()), std::round(rest.y())) / scale;
+}
 
 Qt::Alignment TextLayout::toQtAlignment(CGTextAlignment alignment)
 {
@@ -103,8 +121,9 @@ QPointF TextLayout::lineOrigin(const CGRect& rect) const
     return {rect.minX(), y};
 }
 
-void TextLayout::draw(QPainter& painter, const CGRect& rect) const
+void TextLayout::draw(QPainter& painter, const CGRect& unsnapped) const
 {
+    const CGRect rect = snappedRect(painter, unsnapped);
     if (!m_style.wraps) {
         m_paragraphs.front()->draw(&painter, lineOrigin(rect));
         return;

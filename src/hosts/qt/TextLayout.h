@@ -22,6 +22,10 @@ public:
 
     CGTextMetrics metrics() const;
 
+    /// The place on the screen where a text is drawn instead of this one, so that its editor can be moved
+    /// to exactly there too.
+    static QPointF snapped(QPointF, double scale);
+
     /// For texts and their editors alike: Qt's plain "left" follows the reading direction.
     static Qt::Alignment toQtAlignment(CGTextAlignment);
 
