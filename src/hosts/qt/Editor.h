@@ -1,0 +1,44 @@
+#pragma once
+
+#include "TextInput.h"
+#include <QString>
+
+class QWidget;
+class QRect;
+
+namespace velmorath {
+
+/// One of Qt's own editors, with a transparent background, as the text input lays it over a field.
+class Editor {
+public:
+    explicit Editor(TextInputClient& client)
+        : m_client(&client)
+    {
+    }
+    virtual ~Editor() = default;
+
+    virtual QWidget& widget() = 0;
+
+    /// Where the widget lies so that its text covers the same text drawn in this rectangle.
+    virtual QRect geometryOver(const QRect&) const = 0;
+
+    /// Unfinished input of an input method included.
+    virtual QString text() const = 0;
+
+    /// Ends what an input method holds, reports the last change, and calls nobody any more.
+    void finish();
+
+protected:
+    /// The client hears of it when the text is another than the last one it heard of.
+    void textMayHaveChanged();
+    void didReturn();
+
+    /// What the client knows without being told.
+    void setKnownText(const QString& text) { m_knownText = text; }
+
+private:
+    TextInputClient* m_client;
+    QString m_knownText;
+};
+
+} // namespace velmorath

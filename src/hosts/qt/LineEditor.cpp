@@ -1,0 +1,67 @@
+#include "LineEditor.h"
+#include "TextLayout.h"
+#include <QKeyEvent>
+#include <QRegularExpression>
+
+namespace velmorath {
+
+LineEditor::LineEditor(
+    QWidget& parent, TextInputClient& client, const QString& text, CGTextAlignment alignment, bool doneKey)
+    : QLineEdit(text, &parent)
+    , Editor(client)
+    , m_doneKey(doneKey)
+{
+    setKnownText(text);
+    setFrame(false);
+    // Qt's own limit would cut a long text.
+    setMaxLength(std::numeric_limits<int>::max());
+    setText(text);
+    setAlignment(TextLayout::toQtAlignment(alignment) | Qt::AlignVCenter);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) { removeLineBreaks(edited); });
+    connect(this, &QLineEdit::textChanged, this, [this] { textMayHaveChanged(); });
+}
+
+QRect LineEditor::geometryOver(const QRect& frame) const
+{
+    return frame.adjusted(-TextLayout::editorMarginLeft, 0, TextLayout::editorMarginRight, 0);
+}
+
+QString LineEditor::text() const
+{
+    return QLineEdit::text().insert(cursorPosition(), m_unfinished);
+}
+
+void LineEditor::removeLineBreaks(const QString& edited)
+{
+    static const QRegularExpression lineBreak(QStringLiteral("\r\n|[\n\r\u2028\u2029]"));
+    if (!edited.contains(lineBreak))
+        return;
+    const QString before = edited.left(cursorPosition());
+    setText(QString(edited).replace(lineBreak, QStringLiteral(" ")));
+    setCursorPosition(static_cast<int>(QString(before).replace(lineBreak, QStringLiteral(" ")).size()));
+}
+
+QVariant LineEditor::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query == Qt::ImEnterKeyType)
+        return m_doneKey ? Qt::EnterKeyDone : Qt::EnterKeyDefault;
+    return QLineEdit::inputMethodQuery(query);
+}
+
+void LineEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape)
+        didReturn();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+void LineEditor::inputMethodEvent(QInputMethodEvent* event)
+{
+    // Set first: committing part of a text changes it while the rest is unfinished still.
+    m_unfinished = event->preeditString();
+    QLineEdit::inputMethodEvent(event);
+    textMayHaveChanged();
+}
+
+} // namespace velmorath

@@ -1,0 +1,131 @@
+#include "QtEffects.h"
+#include "sound/SoundPlayer.h"
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDesktopServices>
+#include <QFile>
+#include <QLibrary>
+#include <QProcess>
+#include <QUrl>
+
+namespace velmorath {
+
+namespace {
+
+/// Nothing is sent when there is no bus; the library would go and start one.
+void sendOnSessionBus(const QDBusMessage& message)
+{
+    const bool hasBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+    if (hasBus)
+        QDBusConnection::sessionBus().send(message);
+}
+
+/// Opening an address with no program for it would look as if it had worked.
+bool desktopHasProgramFor(const QString& scheme)
+{
+    QProcess query;
+    query.start(QStringLiteral("xdg-mime"),
+        {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("x-scheme-handler/") + scheme});
+    constexpr int longestWait = 1000;
+    if (!query.waitForFinished(longestWait))
+        return false;
+    return !query.readAllStandardOutput().trimmed().isEmpty();
+}
+
+} // namespace
+
+QtEffects::QtEffects(QString soundLibrary)
+    : m_soundLibrary(std::move(soundLibrary))
+{
+}
+
+QtEffects::~QtEffects()
+{
+    if (!m_thread)
+        return;
+    inBackground([this] {
+        m_player.reset();
+        m_thread->quit();
+    });
+    constexpr int longestWait = 1000;
+    if (m_thread->wait(longestWait))
+        return;
+    // It hangs in somebody's library: the end of the process is the end of it.
+    m_worker.release();
+    m_player.release();
+    m_thread.release();
+}
+
+void QtEffects::inBackground(std::function<void()> work)
+{
+    if (!m_thread) {
+        m_thread = std::make_unique<QThread>();
+        m_worker = std::make_unique<QObject>();
+        m_worker->moveToThread(m_thread.get());
+        m_thread->start();
+    }
+    QMetaObject::invokeMethod(m_worker.get(), std::move(work), Qt::QueuedConnection);
+}
+
+void QtEffects::loadSoundPlayer()
+{
+    m_soundLibraryTried = true;
+    const auto make =
+        reinterpret_cast<MakeSoundPlayer>(QLibrary::resolve(m_soundLibrary, "velmorathMakeSoundPlayer"));
+    if (make)
+        m_player.reset(make());
+}
+
+void QtEffects::playSound(const std::string& path)
+{
+    inBackground([this, file = QString::fromStdString(path)] {
+        if (!m_soundLibraryTried)
+            loadSoundPlayer();
+        if (m_player)
+            m_player->play(file);
+    });
+}
+
+void QtEffects::vibrate()
+{
+    inBackground([] {
+        QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.sigxcpu.Feedback"),
+            QStringLiteral("/org/sigxcpu/Feedback"), QStringLiteral("org.sigxcpu.Feedback"),
+            QStringLiteral("TriggerFeedback"));
+        constexpr int onceOnly = -1;
+        message << QStringLiteral("velmorath") << QStringLiteral("button-pressed") << QVariantMap()
+                << onceOnly;
+        sendOnSessionBus(message);
+    });
+}
+
+void QtEffects::setBadge(long long number)
+{
+    inBackground([number] {
+        QDBusMessage message = QDBusMessage::createSignal(QStringLiteral("/org/velmorath/launcher"),
+            QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"));
+        const QVariantMap properties{
+            {QStringLiteral("count"), static_cast<qlonglong>(std::max(0LL, number))},
+            {QStringLiteral("count-visible"), number > 0},
+        };
+        message << QStringLiteral("application://velmorath.desktop") << properties;
+        sendOnSessionBus(message);
+    });
+}
+
+bool QtEffects::openAddress(const std::string& address)
+{
+    const QUrl url(QString::fromStdString(address));
+    if (!url.isValid() || url.scheme().isEmpty())
+        return false;
+    const bool isWeb = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
+    return (isWeb || desktopHasProgramFor(url.scheme())) && QDesktopServices::openUrl(url);
+}
+
+void QtEffects::requestNotificationPermission(bool, bool, bool, std::function<void(bool granted)> answer)
+{
+    answer(true);
+}
+
+} // namespace velmorath

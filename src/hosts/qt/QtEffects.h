@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Effects.h"
+#include <QObject>
+#include <QString>
+#include <QThread>
+#include <memory>
+
+namespace velmorath {
+
+class SoundPlayer;
+
+/// Sounds, and the services of the desktop. All but the opening of addresses happens on a thread of its
+/// own that starts at the first effect: sound libraries take their time to load, and a bus to answer.
+class QtEffects final : public Effects {
+public:
+    /// The library is loaded at the first sound.
+    explicit QtEffects(QString soundLibrary);
+    ~QtEffects() override;
+
+    void playSound(const std::string& path) override;
+    void vibrate() override;
+    void setBadge(long long number) override;
+    bool openAddress(const std::string& address) override;
+    void requestNotificationPermission(
+        bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) override;
+
+private:
+    void inBackground(std::function<void()>);
+    void loadSoundPlayer();
+
+    QString m_soundLibrary;
+    std::unique_ptr<QThread> m_thread;
+    /// Lives on the thread, as does what follows.
+    std::unique_ptr<QObject> m_worker;
+    std::unique_ptr<SoundPlayer> m_player;
+    bool m_soundLibraryTried = false;
+};
+
+} // namespace velmorath

@@ -1,0 +1,95 @@
+#include "QtHost.h"
+#include <QApplication>
+#include <QIcon>
+#include <QWindow>
+
+namespace velmorath {
+
+namespace {
+
+/// Desktops for phones say so in the environment: screens and pointers tell nothing, for a phone can
+/// have a monitor and a mouse, and a laptop a touch screen.
+bool isPhone()
+{
+    const QString desktop = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    const QString platform = qEnvironmentVariable("PLASMA_PLATFORM");
+    return desktop.contains(QLatin1String("phosh"), Qt::CaseInsensitive)
+        || desktop.contains(QLatin1String("plasma-mobile"), Qt::CaseInsensitive)
+        || platform.startsWith(QLatin1String("phone"));
+}
+
+} // namespace
+
+QtHost::QtHost(const ProgramFolders& folders)
+    : m_clock([this] {
+        if (m_client)
+            m_client->wake();
+    })
+    , m_widget(m_clock)
+    , m_screen(m_widget)
+    , m_textInput(m_widget, m_widget.texts())
+    , m_files(PosixFiles::forUser(folders.resources))
+    , m_effects(QString::fromStdString(folders.soundLibrary))
+{
+    m_widget.setWindowTitle(QStringLiteral("Velmorath"));
+    m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath.png")));
+    QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_widget, [this] { updateState(); });
+}
+
+int QtHost::run(HostClient& client)
+{
+    attach(client);
+    const int code = QApplication::exec();
+    detach();
+    return code;
+}
+
+void QtHost::attach(HostClient& client)
+{
+    m_client = &client;
+    m_widget.setClient(&client);
+    if (isPhone())
+        m_widget.showFullScreen();
+    else
+        m_widget.show();
+    QObject::connect(
+        m_widget.windowHandle(), &QWindow::visibilityChanged, &m_widget, [this] { updateState(); });
+}
+
+void QtHost::detach()
+{
+    if (!m_client)
+        return;
+    m_client->willTerminate();
+    m_client = nullptr;
+    m_widget.setClient(nullptr);
+}
+
+void QtHost::updateState()
+{
+    if (!m_client)
+        return;
+    const QWindow::Visibility visibility = m_widget.windowHandle()->visibility();
+    const bool isOutOfSight = visibility == QWindow::Hidden || visibility == QWindow::Minimized;
+    HostState state = HostState::inactive;
+    if (isOutOfSight || QGuiApplication::applicationState() <= Qt::ApplicationHidden)
+        state = HostState::background;
+    else if (QGuiApplication::applicationState() == Qt::ApplicationActive)
+        state = HostState::active;
+    if (state == m_state)
+        return;
+    m_state = state;
+    m_client->stateChanged(state);
+}
+
+void QtHost::bringToFront(const std::string& activationToken)
+{
+    if (!activationToken.empty())
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    if (m_widget.isMinimized())
+        m_widget.setWindowState(m_widget.windowState() & ~Qt::WindowMinimized);
+    m_widget.raise();
+    m_widget.activateWindow();
+}
+
+} // namespace velmorath

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "Host.h"
+#include "PosixFiles.h"
+#include "ProgramFolders.h"
+#include "QtClock.h"
+#include "QtConsole.h"
+#include "QtEffects.h"
+#include "QtLocale.h"
+#include "QtScreen.h"
+#include "QtTextInput.h"
+#include "ScreenWidget.h"
+
+namespace velmorath {
+
+/// A phone or a desktop with Qt. Needs a QApplication that is there already and outlives it.
+class QtHost final : public Host {
+public:
+    explicit QtHost(const ProgramFolders&);
+
+    Screen& screen() override { return m_screen; }
+    TextInput& textInput() override { return m_textInput; }
+    Clock& clock() override { return m_clock; }
+    Files& files() override { return m_files; }
+    Locale& locale() override { return m_locale; }
+    Effects& effects() override { return m_effects; }
+    Console& console() override { return m_console; }
+
+    int run(HostClient&) override;
+
+    /// What run() does before the loop and after it.
+    void attach(HostClient&);
+    void detach();
+
+    /// The window is raised, with the permission of the desktop (XDG_ACTIVATION_TOKEN) if there is one.
+    void bringToFront(const std::string& activationToken);
+
+    ScreenWidget& widget() { return m_widget; }
+
+private:
+    void updateState();
+
+    HostClient* m_client = nullptr;
+    HostState m_state = HostState::active;
+    QtClock m_clock;
+    ScreenWidget m_widget;
+    QtScreen m_screen;
+    QtTextInput m_textInput;
+    PosixFiles m_files;
+    QtLocale m_locale;
+    QtEffects m_effects;
+    QtConsole m_console;
+};
+
+} // namespace velmorath

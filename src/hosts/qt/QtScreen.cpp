@@ -1,0 +1,32 @@
+#include "QtScreen.h"
+#include "QtImage.h"
+#include <QBuffer>
+#include <QImageReader>
+
+namespace velmorath {
+
+CGSize QtScreen::size() const
+{
+    return {static_cast<CGFloat>(m_widget.width()), static_cast<CGFloat>(m_widget.height())};
+}
+
+CGTextMetrics QtScreen::measure(std::string_view utf8, const CGFont& font)
+{
+    const CGTextStyle oneLine{.font = font, .color = {}};
+    return m_widget.texts().find(utf8, oneLine, std::numeric_limits<CGFloat>::infinity()).metrics();
+}
+
+std::shared_ptr<CGImage> QtScreen::decodeImage(std::string_view bytes)
+{
+    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QBuffer buffer(&data);
+    QImageReader reader(&buffer);
+    const QByteArray format = reader.format();
+    if (format != "png" && format != "jpeg")
+        return nullptr;
+    reader.setAutoTransform(true);
+    const QImage image = reader.read();
+    return image.isNull() ? nullptr : std::make_shared<QtImage>(image);
+}
+
+} // namespace velmorath

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Screen.h"
+#include "ScreenWidget.h"
+
+namespace velmorath {
+
+/// The inside of the program's window.
+class QtScreen final : public Screen {
+public:
+    explicit QtScreen(ScreenWidget& widget)
+        : m_widget(widget)
+    {
+    }
+
+    CGSize size() const override;
+    CGFloat scale() const override { return m_widget.devicePixelRatioF(); }
+    void requestFrame() override { m_widget.requestFrame(); }
+    CGTextMetrics measure(std::string_view utf8, const CGFont&) override;
+    std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
+
+private:
+    ScreenWidget& m_widget;
+};
+
+} // namespace velmorath

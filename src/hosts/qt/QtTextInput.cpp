@@ -1,0 +1,96 @@
+#include "QtTextInput.h"
+#include "EditorEffect.h"
+#include "LineEditor.h"
+#include "TextCache.h"
+#include "TextEditor.h"
+#include <QGuiApplication>
+#include <QInputMethod>
+
+namespace velmorath {
+
+namespace {
+
+QPalette makePalette(const QWidget& widget, const CGColor& color)
+{
+    const auto component = [](CGFloat value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
+    const QColor text = QColor::fromRgbF(
+        component(color.red), component(color.green), component(color.blue), component(color.alpha));
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, text);
+    return palette;
+}
+
+} // namespace
+
+QtTextInput::QtTextInput(QWidget& screen, TextCache& fonts)
+    : m_screen(screen)
+    , m_fonts(fonts)
+{
+}
+
+QtTextInput::~QtTextInput()
+{
+    end();
+}
+
+void QtTextInput::begin(
+    TextInputClient& client, const std::string& utf8, const CGTextStyle& style, TextInputTraits traits)
+{
+    end();
+    const QString text = QString::fromStdString(utf8);
+    const QFont& font = m_fonts.font(style.font);
+    m_window = new QWidget(&m_screen);
+    if (traits.multiline)
+        m_editor = new TextEditor(*m_window, client, text, font, style.alignment);
+    else
+        m_editor = new LineEditor(*m_window, client, text, style.alignment, traits.doneKey);
+    QWidget& widget = m_editor->widget();
+    widget.setFont(font);
+    widget.setPalette(makePalette(widget, style.color));
+    m_effect = new EditorEffect;
+    widget.setGraphicsEffect(m_effect);
+    // It must be shown to have the focus, but has no place yet.
+    m_window->setGeometry(0, 0, 0, 0);
+    m_window->show();
+    widget.setFocus(Qt::OtherFocusReason);
+    QGuiApplication::inputMethod()->show();
+}
+
+void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
+{
+    if (!m_editor)
+        return;
+    const double x = std::floor(frame.minX());
+    const double y = std::floor(frame.minY());
+    const QRect wholePoints(static_cast<int>(x), static_cast<int>(y), static_cast<int>(frame.size.width),
+        static_cast<int>(frame.size.height));
+    const QRect geometry = m_editor->geometryOver(wholePoints);
+    const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
+    const QRect window = QRectF(shown.minX(), shown.minY(), shown.size.width, shown.size.height).toRect()
+        & geometry.adjusted(0, 0, 1, 1);
+    m_window->setGeometry(window);
+    m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
+    const QPointF shift =
+        TextLayout::snapped({frame.minX(), frame.minY()}, m_screen.devicePixelRatioF()) - QPointF(x, y);
+    m_effect->set(std::clamp(opacity, 0.0, 1.0), shift);
+}
+
+void QtTextInput::end()
+{
+    if (!m_editor)
+        return;
+    // Let go of first: the last change may start another editing.
+    Editor* const editor = std::exchange(m_editor, nullptr);
+    QWidget* const window = m_window;
+    m_effect = nullptr;
+    m_window = nullptr;
+    editor->finish();
+    // Later, for this may be called from inside the editor.
+    window->hide();
+    window->deleteLater();
+    if (!m_editor)
+        QGuiApplication::inputMethod()->hide();
+}
+
+} // namespace velmorath

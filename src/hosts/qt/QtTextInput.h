@@ -1,0 +1,34 @@
+#pragma once
+
+#include "TextInput.h"
+#include <QPointer>
+
+class QWidget;
+
+namespace velmorath {
+
+class Editor;
+class EditorEffect;
+class TextCache;
+
+/// Lays one of Qt's editors over the field.
+class QtTextInput final : public TextInput {
+public:
+    /// Editors are children of the screen.
+    QtTextInput(QWidget& screen, TextCache& fonts);
+    ~QtTextInput() override;
+
+    void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
+    void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
+    void end() override;
+
+private:
+    QWidget& m_screen;
+    TextCache& m_fonts;
+    /// Shows what falls inside the clip, and owns the editor, which owns the effect.
+    QPointer<QWidget> m_window;
+    Editor* m_editor = nullptr;
+    EditorEffect* m_effect = nullptr;
+};
+
+} // namespace velmorath

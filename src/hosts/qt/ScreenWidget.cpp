@@ -1,0 +1,220 @@
+#include "ScreenWidget.h"
+#include "QtContext.h"
+#include <QApplication>
+#include <QNativeGestureEvent>
+#include <QPaintEvent>
+#include <QScreen>
+#include <QTouchEvent>
+#include <QWheelEvent>
+#include <QWindow>
+
+namespace velmorath {
+
+namespace {
+
+/// The whole points that a rectangle touches.
+QRect pointsAround(const CGRect& rect)
+{
+    return QRectF(rect.minX(), rect.minY(), rect.size.width, rect.size.height).toAlignedRect();
+}
+
+/// The left button of a real mouse: not one that Qt makes up for a finger, which comes as a touch.
+bool isFinger(const QMouseEvent& event)
+{
+    return event.button() == Qt::LeftButton && event.source() == Qt::MouseEventNotSynthesized;
+}
+
+} // namespace
+
+ScreenWidget::ScreenWidget(const Clock& clock)
+    : m_clock(clock)
+    , m_input([this](const std::vector<HostTouch>& touches) {
+        if (m_client)
+            m_client->touchesChanged(touches, m_clock.now());
+    })
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setMinimumSize(240, 320);
+    resize(375, 667);
+    m_frameTimer.setSingleShot(true);
+    m_frameTimer.setTimerType(Qt::PreciseTimer);
+    connect(&m_frameTimer, &QTimer::timeout, this, [this] { makeFrame(); });
+}
+
+bool ScreenWidget::isInSight() const
+{
+    return isVisible() && windowHandle()->isExposed();
+}
+
+bool ScreenWidget::displayPacesFrames() const
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+void ScreenWidget::requestFrame()
+{
+    if (m_frameWanted)
+        return;
+    m_frameWanted = true;
+    if (isInSight())
+        scheduleFrame();
+}
+
+void ScreenWidget::scheduleFrame()
+{
+    if (displayPacesFrames()) {
+        windowHandle()->requestUpdate();
+        return;
+    }
+    // Elsewhere Qt knows the display's rate, but not its beat.
+    const double rate = std::clamp(screen()->refreshRate(), 30.0, 240.0);
+    const double wait = m_lastFrame + 1 / rate - m_clock.now();
+    m_frameTimer.start(std::max(0, static_cast<int>(std::lround(wait * 1000))));
+}
+
+void ScreenWidget::makeFrame()
+{
+    if (!m_frameWanted || !m_client || !isInSight())
+        return;
+    m_frameWanted = false;
+    m_lastFrame = m_clock.now();
+    const CGRect damage = m_client->prepareFrame();
+    if (!damage.isEmpty())
+        repaint(pointsAround(damage));
+}
+
+void ScreenWidget::paintEvent(QPaintEvent* event)
+{
+    if (!m_client)
+        return;
+    if (m_scale != devicePixelRatioF())
+        QMetaObject::invokeMethod(
+            this, [this] { screenChanged(); }, Qt::QueuedConnection);
+    QPainter painter(this);
+    QtContext context(painter, m_texts, m_shadows);
+    const QRect area = event->rect();
+    m_client->draw(context, CGRectMake(area.x(), area.y(), area.width(), area.height()));
+}
+
+void ScreenWidget::screenChanged()
+{
+    m_scale = devicePixelRatioF();
+    if (!m_client)
+        return;
+    m_client->screenChanged();
+    const CGRect damage = m_client->prepareFrame();
+    if (!damage.isEmpty())
+        update(pointsAround(damage));
+}
+
+void ScreenWidget::resizeEvent(QResizeEvent*)
+{
+    screenChanged();
+}
+
+void ScreenWidget::showEvent(QShowEvent*)
+{
+    windowHandle()->installEventFilter(this);
+}
+
+void ScreenWidget::hideEvent(QHideEvent*)
+{
+    m_input.cancel();
+}
+
+bool ScreenWidget::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::UpdateRequest && m_frameWanted) {
+        makeFrame();
+        return true;
+    }
+    if (event->type() == QEvent::Expose && m_frameWanted)
+        QMetaObject::invokeMethod(
+            this, [this] { makeFrame(); }, Qt::QueuedConnection);
+    return QWidget::eventFilter(object, event);
+}
+
+bool ScreenWidget::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        return touchEvent(*static_cast<QTouchEvent*>(event));
+    case QEvent::TouchCancel:
+        m_input.cancel();
+        return true;
+    case QEvent::WindowDeactivate:
+        m_input.cancelButton();
+        break;
+    case QEvent::NativeGesture:
+        m_input.pinch(*static_cast<QNativeGestureEvent*>(event));
+        return true;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+bool ScreenWidget::isOverChild(const QTouchEvent& event) const
+{
+    const auto& points = event.points();
+    return std::all_of(points.begin(), points.end(),
+        [this](const QEventPoint& point) { return childAt(point.position().toPoint()); });
+}
+
+bool ScreenWidget::touchEvent(QTouchEvent& event)
+{
+    // A touchpad's fingers are reported as scrolling and pinches.
+    if (event.deviceType() == QInputDevice::DeviceType::TouchPad)
+        return false;
+    // Qt makes a mouse of a finger that nobody takes: so the editor gets those that touch it.
+    if (event.type() == QEvent::TouchBegin && m_input.isEmpty() && isOverChild(event)) {
+        event.ignore();
+        return true;
+    }
+    event.accept();
+    m_input.touch(event);
+    return true;
+}
+
+void ScreenWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (isFinger(*event))
+        m_input.buttonPressed(event->position(), event->modifiers().testFlag(Qt::ControlModifier));
+}
+
+void ScreenWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event);
+}
+
+void ScreenWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->source() == Qt::MouseEventNotSynthesized)
+        m_input.buttonMoved(event->position());
+}
+
+void ScreenWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (isFinger(*event))
+        m_input.buttonReleased(event->position());
+}
+
+void ScreenWidget::wheelEvent(QWheelEvent* event)
+{
+    constexpr double pointsPerLine = 20;
+    constexpr double unitsPerNotch = 120;
+    const double pointsPerUnit = QApplication::wheelScrollLines() * pointsPerLine / unitsPerNotch;
+    // The pixel values of X11 depend on the driver and mean nothing.
+    const bool knowsPixels =
+        !event->pixelDelta().isNull() && QGuiApplication::platformName() != QLatin1String("xcb");
+    const QPointF by =
+        knowsPixels ? QPointF(event->pixelDelta()) : QPointF(event->angleDelta()) * pointsPerUnit;
+    if (m_client && !by.isNull())
+        m_client->scrolled({event->position().x(), event->position().y()}, {by.x(), by.y()});
+    event->accept();
+}
+
+} // namespace velmorath

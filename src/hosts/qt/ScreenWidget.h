@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Clock.h"
+#include "HostClient.h"
+#include "ShadowCache.h"
+#include "TextCache.h"
+#include "TouchInput.h"
+#include <QTimer>
+#include <QWidget>
+
+namespace velmorath {
+
+/// The window: one surface that the client paints, and the source of fingers and scrolling. Between
+/// frames that were asked for it does nothing at all.
+class ScreenWidget final : public QWidget {
+public:
+    explicit ScreenWidget(const Clock&);
+
+    /// Called from now on; nothing when there is none.
+    void setClient(HostClient* client) { m_client = client; }
+
+    TextCache& texts() { return m_texts; }
+
+    /// See Screen::requestFrame().
+    void requestFrame();
+
+protected:
+    bool event(QEvent*) override;
+    bool eventFilter(QObject*, QEvent*) override;
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+    void showEvent(QShowEvent*) override;
+    void hideEvent(QHideEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseDoubleClickEvent(QMouseEvent*) override;
+    void mouseMoveEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
+    void wheelEvent(QWheelEvent*) override;
+
+private:
+    bool touchEvent(QTouchEvent&);
+    bool isOverChild(const QTouchEvent&) const;
+    bool isInSight() const;
+    bool displayPacesFrames() const;
+    void scheduleFrame();
+    void makeFrame();
+    void screenChanged();
+
+    const Clock& m_clock;
+    HostClient* m_client = nullptr;
+    TextCache m_texts;
+    ShadowCache m_shadows;
+    TouchInput m_input;
+    QTimer m_frameTimer;
+    double m_lastFrame = 0;
+    double m_scale = 0;
+    bool m_frameWanted = false;
+};
+
+} // namespace velmorath

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QSocketNotifier>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace velmorath {
+
+/// Sees to it that a user runs the program once. A lock that the system itself gives up when a program
+/// ends, however it ends, says who is the first; on a socket beside it the others call.
+class SingleProgram {
+public:
+    /// A folder that cannot be written means that everybody is the first.
+    explicit SingleProgram(const std::string& folder);
+    ~SingleProgram();
+
+    SingleProgram(const SingleProgram&) = delete;
+    SingleProgram& operator=(const SingleProgram&) = delete;
+
+    bool isFirst() const { return m_isFirst; }
+
+    /// Asks the first program to come to the front, with the permission to do so that the desktop gave
+    /// to this one. False when it does not answer.
+    bool callFirst(const std::string& activationToken) const;
+
+    /// For the first one: called with the token of each that starts later. There must be a Qt loop.
+    void setOnCall(std::function<void(const std::string& activationToken)>);
+
+    /// A folder for the lock: the session's own one, else the one of the user's data.
+    static std::string usualFolder();
+
+private:
+    void listen();
+    void answer();
+
+    std::string m_socketPath;
+    int m_lock = -1;
+    int m_socket = -1;
+    bool m_isFirst = true;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::function<void(const std::string&)> m_onCall;
+};
+
+} // namespace velmorath

@@ -1,0 +1,60 @@
+#include "TextEditor.h"
+#include "TextLayout.h"
+#include <QKeyEvent>
+#include <QTextDocument>
+
+namespace velmorath {
+
+TextEditor::TextEditor(QWidget& parent, TextInputClient& client, const QString& text, const QFont& font,
+    CGTextAlignment alignment)
+    : QTextEdit(&parent)
+    , Editor(client)
+{
+    setAcceptRichText(false);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    viewport()->setAutoFillBackground(false);
+    document()->setDefaultFont(font);
+    document()->setDocumentMargin(0);
+    QTextOption option = document()->defaultTextOption();
+    option.setAlignment(TextLayout::toQtAlignment(alignment));
+    document()->setDefaultTextOption(option);
+    setPlainText(text);
+    moveCursor(QTextCursor::End);
+    setKnownText(TextEditor::text());
+    connect(this, &QTextEdit::textChanged, this, [this] { textMayHaveChanged(); });
+}
+
+QString TextEditor::text() const
+{
+    // Not toPlainText(), which makes plain spaces of those that do not break.
+    QString text = document()->toRawText();
+    text.chop(
+        text.endsWith(QChar::ParagraphSeparator) && text.size() == document()->characterCount() ? 1 : 0);
+    text.insert(textCursor().position(), m_unfinished);
+    for (QChar& character : text) {
+        if (character == QChar::ParagraphSeparator || character == QChar::LineSeparator)
+            character = QLatin1Char('\n');
+    }
+    return text;
+}
+
+void TextEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        didReturn();
+    else
+        QTextEdit::keyPressEvent(event);
+}
+
+void TextEditor::inputMethodEvent(QInputMethodEvent* event)
+{
+    // Set first: committing part of a text changes it while the rest is unfinished still.
+    m_unfinished = event->preeditString();
+    QTextEdit::inputMethodEvent(event);
+    textMayHaveChanged();
+}
+
+} // namespace velmorath

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "QtHost.h"
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace velmorath {
+
+/// Writes down what the host says, and draws what a test wants drawn.
+class RecordingClient final : public HostClient {
+public:
+    void touchesChanged(const std::vector<HostTouch>& changed, double) override
+    {
+        touches.insert(touches.end(), changed.begin(), changed.end());
+        ++touchCalls;
+    }
+    void scrolled(CGPoint, CGVector by) override { scrolls.push_back(by); }
+    void screenChanged() override { ++screenChanges; }
+    CGRect prepareFrame() override
+    {
+        ++frames;
+        return std::exchange(damage, CGRect::null());
+    }
+    void draw(CGContext& context, const CGRect& area) override
+    {
+        drawn.push_back(area);
+        context.fill(area, 0, CGColor::gray(0));
+        if (drawing)
+            drawing(context);
+    }
+    void wake() override { ++wakes; }
+    void stateChanged(HostState state) override { states.push_back(state); }
+    void willTerminate() override { terminated = true; }
+
+    std::vector<HostTouch> touches;
+    int touchCalls = 0;
+    std::vector<CGVector> scrolls;
+    int screenChanges = 0;
+    int frames = 0;
+    CGRect damage = CGRect::null();
+    std::vector<CGRect> drawn;
+    std::function<void(CGContext&)> drawing;
+    int wakes = 0;
+    std::vector<HostState> states;
+    bool terminated = false;
+};
+
+/// A whole host with its window, on Qt's screen that nobody sees.
+class HostFixture : public testing::Test {
+protected:
+    HostFixture()
+    {
+        host.attach(client);
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&host.widget()));
+        QTest::qWait(60);
+        client.drawn.clear();
+        client.frames = 0;
+        client.screenChanges = 0;
+        client.states.clear();
+    }
+    ~HostFixture() override { host.detach(); }
+
+    /// What the window shows, in device pixels.
+    QImage grab()
+    {
+        return host.widget().grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
+
+    QtHost host{{"/nowhere", "/nowhere/velmorath-sound.so"}};
+    RecordingClient client;
+};
+
+} // namespace velmorath

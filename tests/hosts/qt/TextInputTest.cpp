@@ -1,0 +1,229 @@
+#include "HostFixture.h"
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QTextEdit>
+
+namespace velmorath {
+
+namespace {
+
+class Editing : public HostFixture, public TextInputClient {
+protected:
+    void textInputDidChange(const std::string& utf8) override
+    {
+        changes.push_back(utf8);
+        if (onChange)
+            onChange();
+    }
+    void textInputDidReturn() override { ++returns; }
+
+    void begin(const std::string& text, TextInputTraits traits = {})
+    {
+        host.textInput().begin(*this, text, style, traits);
+        host.textInput().place(field, field, 1);
+    }
+
+    void compose(const char16_t* unfinished, const char16_t* committed = u"")
+    {
+        QInputMethodEvent event(QString::fromUtf16(unfinished), {});
+        event.setCommitString(QString::fromUtf16(committed));
+        QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+    }
+
+    template <typename Editor> Editor* editor()
+    {
+        for (Editor* found : host.widget().findChildren<Editor*>()) {
+            if (found->isVisible())
+                return found;
+        }
+        return nullptr;
+    }
+
+    CGRect field = CGRectMake(20, 100, 200, 60);
+    CGTextStyle style{.font = {.size = 17}, .color = CGColor::gray(1)};
+    std::vector<std::string> changes;
+    int returns = 0;
+    std::function<void()> onChange;
+};
+
+using EditorPlace = Editing;
+
+int differentPixels(const QImage& left, const QImage& right)
+{
+    int count = 0;
+    for (int y = 0; y < left.height(); ++y) {
+        for (int x = 0; x < left.width(); ++x)
+            count += left.pixel(x, y) != right.pixel(x, y);
+    }
+    return count;
+}
+
+TEST_F(EditorPlace, TextDoesNotMoveWhenItsEditingStarts)
+{
+    struct Case {
+        const char* text;
+        bool multiline;
+        CGTextAlignment alignment;
+        CGRect field;
+    };
+    const CGRect even = CGRectMake(20, 100, 200, 160);
+    const CGRect odd = CGRectMake(31, 77, 201, 155);
+    const CGRect moved = CGRectMake(20.5, 100.5, 200, 160);
+    const std::string longText = "one two three four five six seven eight nine ten\n\neleven \u00e9 twelve";
+    std::vector<Case> cases;
+    const bool pointsAreWholePixels = host.screen().scale() == std::floor(host.screen().scale());
+    for (const CGRect& where : {even, odd, moved}) {
+        for (const auto alignment : {CGTextAlignment::natural, CGTextAlignment::left, CGTextAlignment::center,
+                 CGTextAlignment::right}) {
+            cases.push_back({"buy milk \u00e9", false, alignment, where});
+            cases.push_back({"\u05e9\u05dc\u05d5\u05dd abc", false, alignment, where});
+            if (!(where == moved) || pointsAreWholePixels)
+                cases.push_back({longText.c_str(), true, alignment, where});
+        }
+    }
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        const Case& c = cases[i];
+        style.alignment = c.alignment;
+        style.wraps = c.multiline;
+        field = c.field;
+        client.drawing = [&](CGContext& context) { context.drawText(c.text, c.field, style); };
+        const QImage drawn = grab();
+        client.drawing = nullptr;
+        ASSERT_NE(drawn, grab()) << "nothing was drawn";
+        begin(c.text, {.multiline = c.multiline});
+        QApplication::focusWidget()->clearFocus(); // Takes the caret away.
+        // The very edge of a letter may stick out of an editor that stands between two points.
+        EXPECT_LE(differentPixels(drawn, grab()), c.field == moved && c.multiline ? 5 : 0) << "case " << i;
+        host.textInput().end();
+    }
+}
+
+TEST_F(EditorPlace, ShowsOnlyWhatIsInsideTheClipAndFades)
+{
+    begin("HHHHHHHHHH");
+    QApplication::focusWidget()->clearFocus();
+    const auto brightest = [this](const QRect& points) {
+        const double scale = host.screen().scale();
+        const QImage image = grab();
+        int level = 0;
+        for (int y = int(points.top() * scale); y < points.bottom() * scale; ++y) {
+            for (int x = int(points.left() * scale); x < points.right() * scale; ++x)
+                level = std::max(level, qGray(image.pixel(x, y)));
+        }
+        return level;
+    };
+    const QRect left(20, 100, 30, 60);
+    const QRect right(60, 100, 30, 60);
+    EXPECT_GT(brightest(left), 240);
+    host.textInput().place(field, CGRectMake(55, 0, 300, 300), 1);
+    EXPECT_EQ(brightest(left), 0);
+    EXPECT_GT(brightest(right), 240);
+    host.textInput().place(field, field, 0.5);
+    EXPECT_NEAR(brightest(left), 128, 8);
+    host.textInput().place(field, CGRect::null(), 1);
+    EXPECT_EQ(brightest(right), 0);
+    host.textInput().end();
+}
+
+TEST_F(Editing, TypingIsReportedAndKeysEndOneLine)
+{
+    begin("buy");
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" x"));
+    EXPECT_EQ(changes, (std::vector<std::string>{"buy ", "buy x"})) << "the caret starts at the end";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(returns, 3);
+    EXPECT_EQ(changes.size(), 2u);
+    host.textInput().end();
+    host.textInput().end();
+    EXPECT_EQ(changes.size(), 2u);
+    EXPECT_FALSE(editor<QLineEdit>());
+}
+
+TEST_F(Editing, ReturnIsANewLineInManyLines)
+{
+    begin("a\u00a0b\nc", {.multiline = true});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
+    EXPECT_EQ(changes.back(), "a\u00a0b\nc\nd");
+    EXPECT_EQ(returns, 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(returns, 1);
+    compose(u"xyz");
+    EXPECT_EQ(changes.back(), "a\u00a0b\nc\ndxyz");
+    host.textInput().end();
+}
+
+TEST_F(Editing, UnfinishedInputIsPartOfTheText)
+{
+    begin("ab");
+    editor<QLineEdit>()->setCursorPosition(1);
+    compose(u"\u306b");
+    EXPECT_EQ(changes.back(), "a\u306bb");
+    compose(u"\u307b", u"\u65e5");
+    EXPECT_EQ(changes.back(), "a\u65e5\u307bb");
+    compose(u"", u"\u672c");
+    EXPECT_EQ(changes.back(), "a\u65e5\u672cb");
+    compose(u"x");
+    host.textInput().end();
+    EXPECT_EQ(changes.back(), "a\u65e5\u672cxb") << "the end takes it over";
+    EXPECT_EQ(changes.size(), 4u) << "each text once";
+}
+
+TEST_F(Editing, TheClientMayEndAndStartAgainFromInside)
+{
+    begin("a");
+    onChange = [this] {
+        onChange = nullptr;
+        host.textInput().end();
+        begin("second");
+    };
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("b"));
+    QTest::qWait(1);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("c"));
+    EXPECT_EQ(changes, (std::vector<std::string>{"ab", "secondc"}));
+    host.textInput().end();
+}
+
+TEST_F(Editing, NeitherLongTextsNorPastedLinesAreSpoilt)
+{
+    const std::string longText(100'000, 'x');
+    begin(longText);
+    QGuiApplication::clipboard()->setText(QStringLiteral("1\r\n2\n3"));
+    editor<QLineEdit>()->setCursorPosition(0);
+    editor<QLineEdit>()->paste();
+    ASSERT_FALSE(changes.empty());
+    EXPECT_EQ(changes.back(), "1 2 3" + longText);
+    EXPECT_EQ(editor<QLineEdit>()->cursorPosition(), 5);
+    host.textInput().end();
+}
+
+TEST_F(Editing, LosingTheWindowsFocusChangesNothing)
+{
+    begin("a");
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    QTest::qWait(50);
+    EXPECT_TRUE(editor<QLineEdit>());
+    EXPECT_EQ(returns, 0);
+    host.widget().activateWindow();
+    QTest::qWait(50);
+    EXPECT_EQ(host.widget().focusWidget(), editor<QLineEdit>());
+    host.textInput().end();
+}
+
+TEST_F(Editing, TheKeyboardLearnsWhatItsReturnKeyDoes)
+{
+    begin("", {.doneKey = true});
+    EXPECT_EQ(editor<QLineEdit>()->inputMethodQuery(Qt::ImEnterKeyType).toInt(), Qt::EnterKeyDone);
+    begin("", {.multiline = true});
+    EXPECT_TRUE(editor<QTextEdit>()->inputMethodHints() & Qt::ImhMultiLine);
+    EXPECT_FALSE(editor<QLineEdit>());
+    host.textInput().end();
+}
+
+} // namespace
+
+} // namespace velmorath
