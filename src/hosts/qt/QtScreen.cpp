@@ -10,10 +10,12 @@ CGSize QtScreen::size() const
     return {static_cast<CGFloat>(m_widget.width()), static_cast<CGFloat>(m_widget.height())};
 }
 
-CGTextMetrics QtScreen::measure(std::string_view utf8, const CGFont& font)
+CGTextMetrics QtScreen::measure(std::string_view utf8, const CGFont& font, CGFloat wrapWidth)
 {
-    const CGTextStyle oneLine{.font = font, .color = {}};
-    return m_widget.texts().find(utf8, oneLine, std::numeric_limits<CGFloat>::infinity()).metrics();
+    const bool wraps = wrapWidth > 0;
+    const CGTextStyle style{.font = font, .color = {}, .wraps = wraps};
+    const CGFloat width = wraps ? wrapWidth : std::numeric_limits<CGFloat>::infinity();
+    return m_widget.texts().find(utf8, style, width).metrics();
 }
 
 std::shared_ptr<CGImage> QtScreen::decodeImage(std::string_view bytes)

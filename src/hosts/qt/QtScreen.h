@@ -16,7 +16,7 @@ public:
     CGSize size() const override;
     CGFloat scale() const override { return m_widget.devicePixelRatioF(); }
     void requestFrame() override { m_widget.requestFrame(); }
-    CGTextMetrics measure(std::string_view utf8, const CGFont&) override;
+    CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
 
 private:

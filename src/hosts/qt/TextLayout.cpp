@@ -142,8 +142,12 @@ void TextLayout::draw(QPainter& painter, const CGRect& unsnapped) const
 
 CGTextMetrics TextLayout::metrics() const
 {
-    const double width = std::ceil(m_paragraphs.front()->lineAt(0).naturalTextWidth());
-    return {{width, m_height}, m_readsFromTheRight};
+    double width = 0;
+    for (const auto& paragraph : m_paragraphs) {
+        for (int line = 0; line < paragraph->lineCount(); ++line)
+            width = std::max(width, paragraph->lineAt(line).naturalTextWidth());
+    }
+    return {{std::ceil(width), m_height}, m_readsFromTheRight};
 }
 
 } // namespace velmorath

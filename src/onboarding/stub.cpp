@@ -1,0 +1,4 @@
+#include "NFXIntroViewController.h"
+namespace velmorath {
+void presentTutorial(UIViewController&, delegatoTutorialChiuso&) { }
+} // namespace velmorath
