@@ -1,0 +1,143 @@
+"""The real program in a real window: starts it, moves the pointer and the keys, reads its archive."""
+
+import os
+import plistlib
+import signal
+import subprocess
+import time
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True).stdout
+
+
+class Program:
+    """One run of the program. Its files stay in `home` from one run to the next."""
+
+    def __init__(self, executable, home, size=None):
+        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
+        for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY"):
+            environment.pop(name, None)
+        self.home = home
+        self.lines_file = open(os.path.join(home, "lines.txt"), "w+", encoding="utf-8")
+        self.process = subprocess.Popen([executable], env=environment, stdout=self.lines_file)
+        self.window = self._find_window()
+        if size:
+            xdotool("windowsize", "--sync", self.window, *size)
+        time.sleep(0.4)
+
+    def _find_window(self):
+        for _ in range(200):
+            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
+                                   capture_output=True, text=True).stdout.split()
+            if found:
+                return found[-1]
+            time.sleep(0.05)
+        raise AssertionError("the program shows no window")
+
+    def quit(self):
+        """Closes the window as its close button does, and waits until the program has ended."""
+        self.key("alt+F4")
+        code = self.process.wait(timeout=10)
+        self.lines_file.close()
+        assert code == 0, f"the program ended with {code}"
+
+    def kill(self):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait(timeout=10)
+        self.lines_file.close()
+
+    def lines(self):
+        self.lines_file.seek(0)
+        return self.lines_file.read().split("\n")
+
+    def until_line(self, line, action):
+        """Does something, and waits until the program has written this line once more."""
+        before = self.lines().count(line)
+        action()
+        wait_for(lambda: self.lines().count(line) > before, line)
+        time.sleep(0.4)  # what slides, slides
+
+    # The pointer. Points are the window's; without scaling they are pixels too.
+
+    def move(self, x, y):
+        xdotool("mousemove", "--window", self.window, int(x), int(y))
+
+    def tap(self, x, y):
+        self.move(x, y)
+        xdotool("mousedown", 1)
+        time.sleep(0.05)
+        xdotool("mouseup", 1)
+        time.sleep(0.1)
+
+    def drag(self, start, end, steps=12, release=True, button_down=True):
+        """A finger that goes from one point to another in about a third of a second."""
+        self.move(*start)
+        if button_down:
+            xdotool("mousedown", 1)
+        for step in range(1, steps + 1):
+            part = step / steps
+            self.move(start[0] + (end[0] - start[0]) * part, start[1] + (end[1] - start[1]) * part)
+            time.sleep(0.02)
+        if release:
+            self.release()
+
+    def release(self):
+        time.sleep(0.05)
+        xdotool("mouseup", 1)
+        time.sleep(0.1)
+
+    def wheel(self, x, y, notches):
+        self.move(x, y)
+        for _ in range(abs(notches)):
+            xdotool("click", 4 if notches > 0 else 5)
+        time.sleep(0.2)
+
+    def type(self, text):
+        xdotool("type", "--delay", 15, text)
+        time.sleep(0.15)
+
+    def key(self, name):
+        xdotool("key", name)
+        time.sleep(0.15)
+
+    def screenshot(self, path):
+        subprocess.run(["import", "-window", self.window, path], check=True)
+
+    # What is on the disk, as another program reads it.
+
+    def archive_path(self):
+        return os.path.join(self.home, ".local/share/velmorath/Documents/noteSalvate.archive")
+
+    def notes(self):
+        """(text, date, completed) of every note in the file, top first."""
+        with open(self.archive_path(), "rb") as file:
+            archive = plistlib.load(file)
+        objects = archive["$objects"]
+
+        def value(entry):
+            found = objects[entry.data] if isinstance(entry, plistlib.UID) else entry
+            return None if found == "$null" else found
+
+        root = value(archive["$top"]["root"])
+        notes = []
+        for reference in root["NS.objects"]:
+            record = value(reference)
+            assert value(record["$class"])["$classname"] == "_TtC9Velmorath9ToDoItem2"
+            notes.append((value(record["text"]), value(record["data"]), value(record["completed"])))
+        return notes
+
+    def texts(self):
+        return [note[0] for note in self.notes()]
+
+
+def wait_for(condition, what, seconds=5):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        try:
+            if condition():
+                return
+        except FileNotFoundError:
+            pass
+        time.sleep(0.05)
+    raise AssertionError(f"waited in vain: {what}")
