@@ -35,11 +35,11 @@ void ViewController::changeBadge(int by) const
     application.setApplicationIconBadgeNumber(application.applicationIconBadgeNumber() + by);
 }
 
-std::size_t ViewController::indexOf(const ToDoItem2& note) const
+std::int64_t ViewController::indexOf(const ToDoItem2& note) const
 {
     const auto found = std::find_if(
         arrayNote.begin(), arrayNote.end(), [&](const auto& candidate) { return candidate.get() == &note; });
-    return found == arrayNote.end() ? 0 : static_cast<std::size_t>(found - arrayNote.begin());
+    return found == arrayNote.end() ? 0 : found - arrayNote.begin();
 }
 
 void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
@@ -101,7 +101,7 @@ void ViewController::toDoItemRiaperto(const std::shared_ptr<ToDoItem2>& note)
 void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool completed)
 {
     giveFeedback("completa");
-    const std::size_t index = indexOf(*note);
+    const std::int64_t index = indexOf(*note);
     print("toDoItemDaModificare completed : " + std::string(note->completed ? "true" : "false") + "   "
         + note->text.value_or(""));
     if (appIconBadge == "true") {
@@ -112,7 +112,7 @@ void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool c
         }
     }
     note->completed = completed;
-    arrayNote.at(index) = note;
+    arrayNote[checkedIndex(index)] = note;
     saveNotes();
 }
 
@@ -120,20 +120,19 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
 {
     print("toDoItemDeleted:");
     if (tastieraAttiva) {
-        print("❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non la "
+        print("❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non "
+              "la "
               "posso "
               "cncellare");
         return;
     }
     giveFeedback("cancella");
-    const std::size_t index = indexOf(*note);
+    const std::int64_t index = indexOf(*note);
     print("index = " + std::to_string(index));
     if (appIconBadge == "true" && !note->completed)
         changeBadge(-1);
-    if (index >= arrayNote.size())
-        fatalError("A note was deleted from an empty list");
     const auto rows = visibleRows();
-    arrayNote.erase(arrayNote.begin() + static_cast<std::ptrdiff_t>(index));
+    arrayNote.erase(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(index)));
     print("arrayNote.removeAtIndex(index)");
     print("SalvoEPrelevoDatiDaFile().ArchiveResults");
     saveNotes();
@@ -141,7 +140,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     closeGapOf(*note, rows);
     const std::shared_ptr<UITableView> list = table();
     list->beginUpdates();
-    list->deleteRows({{0, static_cast<std::int64_t>(index)}}, UITableViewRowAnimation::fade);
+    list->deleteRows({{0, index}}, UITableViewRowAnimation::fade);
     list->endUpdates();
 }
 
@@ -189,14 +188,13 @@ void ViewController::tableViewMoveRowAtIndexPathToIndexPath(UITableView& list, I
     print("moveRowAtIndexPath");
     if (from.row != to.row) {
         print("modifico gli array perche l utente ha spostato un elemento :");
-        const auto source = static_cast<std::size_t>(from.row);
-        const auto destination = static_cast<std::size_t>(to.row);
-        const std::shared_ptr<ToDoItem2> note = arrayNote.at(source);
+        const std::shared_ptr<ToDoItem2> note = arrayNote[checkedIndex(from.row)];
         arrayNote.erase(arrayNote.begin() + from.row);
-        if (destination >= arrayNote.size())
+        const auto count = static_cast<std::int64_t>(arrayNote.size());
+        if (to.row >= count)
             arrayNote.push_back(note);
         else
-            arrayNote.insert(arrayNote.begin() + to.row, note);
+            arrayNote.insert(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(to.row)), note);
     }
     saveNotes();
     list.reloadData();

@@ -13,19 +13,15 @@
 
 namespace velmorath {
 
-ViewController::ViewController()
-{
-    pinchRecognizer->addTarget([this](UIGestureRecognizer& recognizer) {
-        handlePinch(static_cast<UIPinchGestureRecognizer&>(recognizer));
-    });
-}
-
 void ViewController::viewDidLoad()
 {
     UIViewController::viewDidLoad();
     runFirstLaunchExtras();
 
     const std::shared_ptr<UITableView> list = table();
+    pinchRecognizer->addTarget([this](UIGestureRecognizer& recognizer) {
+        handlePinch(static_cast<UIPinchGestureRecognizer&>(recognizer));
+    });
     list->addGestureRecognizer(pinchRecognizer);
     list->setDataSource(this);
     list->setDelegate(this);
@@ -131,6 +127,13 @@ std::vector<std::shared_ptr<TableViewCell>> ViewController::visibleRows() const
     return rows;
 }
 
+std::size_t ViewController::checkedIndex(std::int64_t index) const
+{
+    if (index < 0 || index >= static_cast<std::int64_t>(arrayNote.size()))
+        fatalError("There is no note at the place " + std::to_string(index) + " of the list");
+    return static_cast<std::size_t>(index);
+}
+
 void ViewController::saveNotes() const
 {
     SalvoEPrelevoDatiDaFile().ArchiveResults(arrayNote);
@@ -158,7 +161,7 @@ std::shared_ptr<UITableViewCell> ViewController::tableViewCellForRowAtIndexPath(
     row->setSelectionStyle(UITableViewCellSelectionStyle::none);
     row->textLabel().setBackgroundColor(UIColor::clear());
     row->delegate = this;
-    row->setToDoItem(arrayNote.at(static_cast<std::size_t>(path.row)));
+    row->setToDoItem(arrayNote[checkedIndex(path.row)]);
     return row;
 }
 

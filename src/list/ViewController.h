@@ -23,8 +23,6 @@ class ViewController : public UIViewController,
                        public delegatoRicaricaNote,
                        public delegatoTutorialChiuso {
 public:
-    ViewController();
-
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
 
@@ -93,6 +91,8 @@ private:
     /// The table. That the storyboard has not connected it is fatal.
     std::shared_ptr<UITableView> table() const;
     std::vector<std::shared_ptr<TableViewCell>> visibleRows() const;
+    /// The same index. One that is outside the list is fatal.
+    std::size_t checkedIndex(std::int64_t) const;
     void saveNotes() const;
 
     void runFirstLaunchExtras();
@@ -110,7 +110,7 @@ private:
     /// Marks a note as completed or open, and saves.
     void setCompleted(const std::shared_ptr<ToDoItem2>&, bool completed);
     /// The place of this very note in the list; 0 for a note that is not in it.
-    std::size_t indexOf(const ToDoItem2&) const;
+    std::int64_t indexOf(const ToDoItem2&) const;
     /// Hides the note's row among these rows in sight and moves the ones below it up.
     void closeGapOf(const ToDoItem2&, const std::vector<std::shared_ptr<TableViewCell>>& rows);
 

@@ -93,7 +93,8 @@ void UITableView::reloadData()
     endReordering(false);
     m_hasLoaded = true;
     m_deletions.clear();
-    m_count = m_dataSource ? m_dataSource->tableViewNumberOfRowsInSection(*this, 0) : 0;
+    const bool hasRows = m_dataSource && m_dataSource->numberOfSectionsInTableView(*this) > 0;
+    m_count = hasRows ? m_dataSource->tableViewNumberOfRowsInSection(*this, 0) : 0;
     if (m_delegate && m_count > 0)
         m_rowHeight = m_delegate->tableViewHeightForRowAtIndexPath(*this, {0, 0});
     updateContentSize();
