@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QGraphicsEffect>
 
 namespace velmorath {
@@ -7,7 +8,7 @@ namespace velmorath {
 /// Fades a widget, and moves it by a part of a point, which a widget itself cannot.
 class EditorEffect final : public QGraphicsEffect {
 public:
-    EditorEffect();
+    explicit EditorEffect(const QColor& caretColor);
 
     /// Does not cost anything while there is nothing to do.
     void set(double opacity, QPointF shift);
@@ -18,6 +19,7 @@ protected:
     void draw(QPainter*) override;
 
 private:
+    QRgb m_caretColor;
     double m_opacity = 1;
     QPointF m_shift;
 };

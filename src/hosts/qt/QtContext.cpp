@@ -3,6 +3,7 @@
 #include "ShadowCache.h"
 #include "TextCache.h"
 #include <QPainterPath>
+#include <array>
 
 namespace velmorath {
 
@@ -127,7 +128,8 @@ void QtContext::stroke(const CGRect& rect, CGFloat cornerRadius, CGFloat lineWid
 void QtContext::drawShadow(
     const CGRect& rect, CGFloat cornerRadius, const CGColor& color, CGVector offset, CGFloat blurRadius)
 {
-    if (rect.isEmpty())
+    const QColor painted = toQColor(color);
+    if (rect.isEmpty() || painted.alpha() == 0)
         return;
     const CGRect moved = rect.offsetBy(offset.dx, offset.dy);
     const double scale = m_painter.device()->devicePixelRatioF();
@@ -141,7 +143,7 @@ void QtContext::drawShadow(
     const int largestCore = 2 * (corner + blur) + 1;
     const int width = std::clamp(qRound(rect.size.width * scale), 1, largestCore);
     const int height = std::clamp(qRound(rect.size.height * scale), 1, largestCore);
-    const QImage& image = m_shadows.find({width, height, corner, blur, toQColor(color).rgba()});
+    const QImage& image = m_shadows.find({width, height, corner, blur, painted.rgba()});
 
     const QRectF target = toQRect(moved.insetBy(-blurRadius, -blurRadius));
     const auto split = [scale](int pixels, double start, double length, std::array<double, 4>& to,

@@ -32,7 +32,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_effects(QString::fromStdString(folders.soundLibrary))
 {
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
-    m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath.png")));
+    m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath-64.png")));
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_widget, [this] { updateState(); });
 }
 
@@ -60,6 +60,8 @@ void QtHost::detach()
 {
     if (!m_client)
         return;
+    // Its client may be gone before this host is.
+    m_textInput.end();
     m_client->willTerminate();
     m_client = nullptr;
     m_widget.setClient(nullptr);

@@ -29,11 +29,6 @@ QtTextInput::QtTextInput(QWidget& screen, TextCache& fonts)
 {
 }
 
-QtTextInput::~QtTextInput()
-{
-    end();
-}
-
 void QtTextInput::begin(
     TextInputClient& client, const std::string& utf8, const CGTextStyle& style, TextInputTraits traits)
 {
@@ -48,7 +43,7 @@ void QtTextInput::begin(
     QWidget& widget = m_editor->widget();
     widget.setFont(font);
     widget.setPalette(makePalette(widget, style.color));
-    m_effect = new EditorEffect;
+    m_effect = new EditorEffect(widget.palette().color(QPalette::Text));
     widget.setGraphicsEffect(m_effect);
     // It must be shown to have the focus, but has no place yet.
     m_window->setGeometry(0, 0, 0, 0);
@@ -61,19 +56,17 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
 {
     if (!m_editor)
         return;
-    const double x = std::floor(frame.minX());
-    const double y = std::floor(frame.minY());
-    const QRect wholePoints(static_cast<int>(x), static_cast<int>(y), static_cast<int>(frame.size.width),
-        static_cast<int>(frame.size.height));
+    const QPointF corner = TextLayout::snapped({frame.minX(), frame.minY()}, m_screen.devicePixelRatioF());
+    const QPoint point(static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y())));
+    const QRect wholePoints(
+        point, QSize(static_cast<int>(frame.size.width), static_cast<int>(frame.size.height)));
     const QRect geometry = m_editor->geometryOver(wholePoints);
     const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
     const QRect window = QRectF(shown.minX(), shown.minY(), shown.size.width, shown.size.height).toRect()
         & geometry.adjusted(0, 0, 1, 1);
     m_window->setGeometry(window);
     m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
-    const QPointF shift =
-        TextLayout::snapped({frame.minX(), frame.minY()}, m_screen.devicePixelRatioF()) - QPointF(x, y);
-    m_effect->set(std::clamp(opacity, 0.0, 1.0), shift);
+    m_effect->set(std::clamp(opacity, 0.0, 1.0), corner - point);
 }
 
 void QtTextInput::end()

@@ -16,7 +16,6 @@ class QtTextInput final : public TextInput {
 public:
     /// Editors are children of the screen.
     QtTextInput(QWidget& screen, TextCache& fonts);
-    ~QtTextInput() override;
 
     void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
     void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;

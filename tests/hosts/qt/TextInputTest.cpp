@@ -98,6 +98,23 @@ TEST_F(EditorPlace, TextDoesNotMoveWhenItsEditingStarts)
     }
 }
 
+TEST_F(EditorPlace, CaretIsSeenOnAnyBackground)
+{
+    for (const CGRect& where : {field, field.offsetBy(0.5, 0.5)}) {
+        for (const CGColor& color : {CGColor::gray(0), CGColor {1, 0.3, 0}, CGColor::gray(1)}) {
+            client.drawing = [&](CGContext& context) { context.fill(field, 0, color); };
+            style.color = CGColor::gray(color.green > 0.5 ? 0 : 1);
+            field = where;
+            begin("");
+            ASSERT_TRUE(QApplication::focusWidget());
+            const QImage withCaret = grab();
+            QApplication::focusWidget()->clearFocus();
+            EXPECT_GE(differentPixels(withCaret, grab()), 17) << color.red;
+            host.textInput().end();
+        }
+    }
+}
+
 TEST_F(EditorPlace, ShowsOnlyWhatIsInsideTheClipAndFades)
 {
     begin("HHHHHHHHHH");
@@ -212,6 +229,17 @@ TEST_F(Editing, LosingTheWindowsFocusChangesNothing)
     QTest::qWait(50);
     EXPECT_EQ(host.widget().focusWidget(), editor<QLineEdit>());
     host.textInput().end();
+}
+
+TEST_F(Editing, TheEndOfTheProgramEndsIt)
+{
+    begin("a");
+    compose(u"x");
+    onChange = [this] { EXPECT_FALSE(client.terminated); };
+    host.detach();
+    EXPECT_TRUE(client.terminated);
+    EXPECT_EQ(changes, (std::vector<std::string>{"ax"}));
+    EXPECT_FALSE(editor<QLineEdit>());
 }
 
 TEST_F(Editing, TheKeyboardLearnsWhatItsReturnKeyDoes)
