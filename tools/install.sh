@@ -5,7 +5,7 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 jobs=$(nproc)
 
 packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libicu-dev
-    gstreamer1.0-plugins-good fonts-dejavu-core fonts-noto-color-emoji)
+    gstreamer1.0-plugins-good fonts-noto-core fonts-dejavu-core fonts-noto-color-emoji)
 
 as_root() {
     if ((EUID == 0)); then

@@ -47,6 +47,10 @@ TableViewCell::TableViewCell(UITableViewCellStyle style, std::string reuseIdenti
     label->setReturnKeyType(UIReturnKeyType::done);
     label->setDelegate(this);
     labelData->setDelegate(this);
+    // Neither a long text nor one that reads from the right touches the row's end. The date's field ends
+    // far out of sight, so that dates stand on the left in every language.
+    label->setRightInset(kLabelLeftMargin);
+    labelData->setTextAlignment(CGTextAlignment::left);
 
     addSubview(label);
     addSubview(labelData);

@@ -53,6 +53,7 @@ public:
     /// The moment asked for with Clock::wakeAt() has come.
     virtual void wake() = 0;
 
+    /// The program counts as active when it starts to run; told at each change from there.
     virtual void stateChanged(HostState) = 0;
 
     /// The program is about to end. Everything is on disk already.

@@ -54,6 +54,12 @@ void UITextEditingView::setFont(const CGFont& font)
     setNeedsDisplay();
 }
 
+void UITextEditingView::setTextAlignment(CGTextAlignment alignment)
+{
+    m_style.alignment = alignment;
+    setNeedsDisplay();
+}
+
 void UITextEditingView::setKeyboardAppearance(UIKeyboardAppearance appearance)
 {
     m_traits.darkKeyboard = appearance == UIKeyboardAppearance::dark;

@@ -26,6 +26,7 @@ public:
     void setTextColor(const CGColor&);
     void setFont(const CGFont&);
     const CGFont& font() const { return m_style.font; }
+    void setTextAlignment(CGTextAlignment);
     void setKeyboardAppearance(UIKeyboardAppearance);
     void setReturnKeyType(UIReturnKeyType);
 

@@ -28,9 +28,11 @@ public:
     /// The smallest size that the text may shrink to where it is allowed to shrink.
     CGFloat minimumFontSize() const { return m_minimumFontSize; }
     void setMinimumFontSize(CGFloat size) { m_minimumFontSize = size; }
+    /// How much of the field's right end its text keeps off.
+    void setRightInset(CGFloat inset) { m_rightInset = inset; }
     void setDelegate(UITextFieldDelegate* delegate) { m_delegate = delegate; }
 
-    /// Where the text is drawn, in the field's coordinates: no wider than the field.
+    /// Where the text is drawn, in the field's coordinates: no wider than there is room.
     CGRect textRect() const;
 
 protected:
@@ -41,9 +43,11 @@ protected:
     void didBeginEditing() override;
     void didEndEditing() override;
     void didReturn() override;
+    CGRect editingRect() const override;
 
 private:
     CGFloat m_minimumFontSize = 0;
+    CGFloat m_rightInset = 0;
     UITextFieldDelegate* m_delegate = nullptr;
 };
 
