@@ -1,37 +1,11 @@
 #include "DemoClient.h"
-#include "QtContext.h"
-#include "ShadowCache.h"
-#include "TextCache.h"
+#include "Surface.h"
 #include <QApplication>
 #include <benchmark/benchmark.h>
 
 namespace velmorath {
 
 namespace {
-
-constexpr CGSize screenSize{375, 667};
-constexpr int scale = 2;
-
-/// A phone's screen in memory, as a window has it.
-class Surface {
-public:
-    Surface()
-    {
-        m_image.setDevicePixelRatio(scale);
-        m_painter.begin(&m_image);
-    }
-    ~Surface() { m_painter.end(); }
-
-    QPainter& painter() { return m_painter; }
-    QtContext& context() { return m_context; }
-
-private:
-    QImage m_image{int(screenSize.width) * scale, int(screenSize.height) * scale, QImage::Format_RGB32};
-    QPainter m_painter;
-    TextCache m_texts;
-    ShadowCache m_shadows;
-    QtContext m_context{m_painter, m_texts, m_shadows};
-};
 
 /// What every painted frame costs at the least.
 void fillOnce(benchmark::State& state)
