@@ -19,7 +19,6 @@ public:
         m_image.setDevicePixelRatio(scale);
         m_painter.begin(&m_image);
     }
-    ~Surface() { m_painter.end(); }
 
     QPainter& painter() { return m_painter; }
     QtContext& context() { return m_context; }
