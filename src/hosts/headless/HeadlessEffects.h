@@ -28,12 +28,15 @@ public:
     void clearFelt() { m_felt.clear(); }
     /// Nothing before the first time that it is set.
     std::optional<long long> badge() const { return m_badge; }
+    /// From now on nothing takes addresses with this scheme.
+    void refuseScheme(const std::string& scheme) { m_refusedSchemes.push_back(scheme + ":"); }
     const std::vector<std::string>& openedAddresses() const { return m_openedAddresses; }
     const std::vector<Permission>& permissionsAsked() const { return m_permissionsAsked; }
 
 private:
     std::vector<std::string> m_felt;
     std::optional<long long> m_badge;
+    std::vector<std::string> m_refusedSchemes;
     std::vector<std::string> m_openedAddresses;
     std::vector<Permission> m_permissionsAsked;
 };
