@@ -14,8 +14,8 @@ Device device()
 
 const UIDevice& UIDevice::current()
 {
-    static const UIDevice device;
-    return device;
+    static const UIDevice s_current;
+    return s_current;
 }
 
 std::string UIDevice::model() const
