@@ -1,5 +1,6 @@
 #include "Main.h"
 #include "AppDelegate.h"
+#include "Bundle.h"
 #include "Class.h"
 #include "MainStoryboard.h"
 #include "ToDoItem2.h"
@@ -8,6 +9,7 @@ namespace velmorath {
 
 int main(int argc, char** argv)
 {
+    Bundle::main().setInfoDictionary({{"CFBundleDisplayName", "Velmorath"}, {"CFBundleName", "Velmorath"}});
     Class::enter<AppDelegate>("AppDelegate");
     ToDoItem2::enterInUnarchiver();
     enterMainStoryboard();

@@ -1,6 +1,6 @@
 #include "MainStoryboard.h"
-#include "UIButton.h"
-#include "UIStoryboard.h"
+#include "SceneParts.h"
+#include "SettingsScenes.h"
 #include "ViewController.h"
 #include "VistaNoteViewController.h"
 
@@ -8,21 +8,7 @@ namespace velmorath {
 
 namespace {
 
-constexpr CGFloat barHeight = 56;
 constexpr unsigned fillsWidth = UIViewAutoresizing::flexibleWidth;
-
-/// Pictures have three pixels a point.
-constexpr CGFloat pictureScale = 3;
-
-/// A button with a picture, for a bar.
-std::shared_ptr<UIButton> pictureButton(
-    const CGRect& frame, std::string_view picture, std::function<void()> action)
-{
-    auto button = std::make_shared<UIButton>(frame);
-    button->setImage(UIImage::named(picture, "png", pictureScale));
-    button->addTarget([action = std::move(action)](UIControl&) { action(); });
-    return button;
-}
 
 void fillList(UIViewController& controller, UIView& view)
 {
@@ -38,13 +24,8 @@ void fillList(UIViewController& controller, UIView& view)
     const auto bar = std::make_shared<UIView>(CGRectMake(0, size.height - barHeight, size.width, barHeight));
     bar->setBackgroundColor(UIColor::black());
     bar->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleTopMargin);
-    const auto reorder =
-        pictureButton(CGRectMake(0, 0, barHeight, barHeight), "riordina", [&list] { list.settaggi(); });
-    const auto information = pictureButton(
-        CGRectMake(size.width - barHeight, 0, barHeight, barHeight), "info", [&list] { list.Info(); });
-    information->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin);
-    bar->addSubview(reorder);
-    bar->addSubview(information);
+    bar->addSubview(leftBarButton("riordina", [&list] { list.settaggi(); }));
+    bar->addSubview(rightBarButton(size.width, "info", [&list] { list.Info(); }));
     view.addSubview(bar);
 }
 
@@ -54,23 +35,15 @@ void fillNote(UIViewController& controller, UIView& view)
     const CGSize size = view.bounds().size;
     view.setBackgroundColor(UIColor::black());
 
-    const auto bar = std::make_shared<UIView>(CGRectMake(0, 0, size.width, barHeight));
-    bar->setAutoresizingMask(fillsWidth);
-    const auto close =
-        pictureButton(CGRectMake(0, 0, barHeight, barHeight), "chiudi", [&note] { note.chiudi(); });
-    const auto save = pictureButton(
-        CGRectMake(size.width - barHeight, 0, barHeight, barHeight), "ok", [&note] { note.ok(); });
-    save->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin);
-    bar->addSubview(close);
-    bar->addSubview(save);
+    const std::shared_ptr<UIView> bar = topBar(size.width);
+    bar->addSubview(leftBarButton("chiudi", [&note] { note.chiudi(); }));
+    bar->addSubview(rightBarButton(size.width, "ok", [&note] { note.ok(); }));
 
-    constexpr CGFloat margin = 16;
-    const auto text = std::make_shared<UITextView>(CGRectMake(
-        margin, barHeight + margin, size.width - 2 * margin, size.height - barHeight - 2 * margin));
-    text->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleHeight);
+    const auto text = std::make_shared<UITextView>(CGRect{});
     text->setFont(UIFont::systemFont(22));
     text->setTextColor(UIColor::white());
-    view.addSubview(text);
+    view.addSubview(
+        std::make_shared<ReadingColumn>(CGRectMake(0, barHeight, size.width, size.height - barHeight), text));
     view.addSubview(bar);
     note.barra = bar;
     note.testo = text;
@@ -80,12 +53,14 @@ void fillNote(UIViewController& controller, UIView& view)
 
 void enterMainStoryboard()
 {
-    UIStoryboard::enter("Main",
-        {
-            {"ViewController", [] { return std::make_shared<ViewController>(); }, fillList,
-                {{"Info", "Info"}, {"VistaNoteViewController", "VistaNoteViewController"}}},
-            {"VistaNoteViewController", [] { return std::make_shared<VistaNoteViewController>(); }, fillNote},
-        });
+    std::vector<UIStoryboardScene> scenes{
+        {"ViewController", [] { return std::make_shared<ViewController>(); }, fillList,
+            {{"Info", "Info"}, {"VistaNoteViewController", "VistaNoteViewController"}}},
+        {"VistaNoteViewController", [] { return std::make_shared<VistaNoteViewController>(); }, fillNote},
+    };
+    for (UIStoryboardScene& scene : settingsScenes())
+        scenes.push_back(std::move(scene));
+    UIStoryboard::enter("Main", std::move(scenes));
 }
 
 } // namespace velmorath

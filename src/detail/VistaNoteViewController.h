@@ -16,6 +16,7 @@ namespace velmorath {
 class VistaNoteViewController : public UIViewController {
 public:
     void viewWillAppear(bool animated) override;
+    void viewDidLayoutSubviews() override { }
 
     /// The close button.
     void chiudi();

@@ -1,6 +1,5 @@
-#include "AudioServices.h"
-#include "Bundle.h"
 #include "FatalError.h"
+#include "Feedback.h"
 #include "Print.h"
 #include "UIApplication.h"
 #include "ViewController.h"
@@ -16,18 +15,6 @@ constexpr double closeStagger = 0.03;
 constexpr CGFloat fadedAlpha = 0.3;
 
 } // namespace
-
-void ViewController::giveFeedback(std::string_view sound) const
-{
-    if (soundEffect == "true") {
-        const auto path = Bundle::main().path(sound, "mp3");
-        if (!path)
-            fatalError("The sound " + std::string(sound) + ".mp3 is missing");
-        AudioServicesPlaySystemSound(AudioServicesCreateSystemSoundID(*path));
-    }
-    if (vibration == "true")
-        AudioServicesPlaySystemSound(kSystemSoundID_Vibrate);
-}
 
 void ViewController::changeBadge(int by) const
 {
@@ -47,7 +34,7 @@ void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
     print("👍👍👍👍👍👍👍👍👍👍👍👍 ùùùùùùùùùùùùùùùùùùùùùùùùùùùùù cellDidBeginEditing(editingCell:");
     print("play SUONO");
     tastieraAttiva = true;
-    giveFeedback("vanti");
+    giveFeedback("vanti", soundEffect, vibration);
 
     const CGFloat contentOffset = table()->contentOffset().y;
     const CGFloat rowTop = editingCell.frame().origin.y;
@@ -100,7 +87,7 @@ void ViewController::toDoItemRiaperto(const std::shared_ptr<ToDoItem2>& note)
 
 void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool completed)
 {
-    giveFeedback("completa");
+    giveFeedback("completa", soundEffect, vibration);
     const std::int64_t index = indexOf(*note);
     print("toDoItemDaModificare completed : " + std::string(note->completed ? "true" : "false") + "   "
         + note->text.value_or(""));
@@ -126,7 +113,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
               "cncellare");
         return;
     }
-    giveFeedback("cancella");
+    giveFeedback("cancella", soundEffect, vibration);
     const std::int64_t index = indexOf(*note);
     print("index = " + std::to_string(index));
     if (appIconBadge == "true" && !note->completed)

@@ -1,4 +1,5 @@
 #include "Print.h"
+#include "RowLook.h"
 #include "ViewController.h"
 #include <cmath>
 
@@ -26,33 +27,14 @@ CGColor ViewController::colorForIndex(std::int64_t index) const
     }
     if (theme == "Red")
         print("---- 😝 😝 😝 😝 rosso val : " + description(val));
-    return themeColor(val);
-}
-
-CGColor ViewController::themeColor(double val) const
-{
-    if (theme == "Red")
-        return {1.0, val, 0.0, 1.0};
-    if (theme == "Green")
-        return {0.0, 0.5, val, 1.0};
-    if (theme == "Violet")
-        return {3.0, val, 3.0, 1.0};
-    if (theme == "Blue")
-        return {0.0, val, 1.0, 1.0};
-    if (theme == "Yellow")
-        return {0.87, 0.76, val, 1.0};
-    if (theme == "Mixed")
-        return {val, 0.2, val, 1.0};
-    if (theme == "Black")
-        return {val, val, val, 1.0};
-    return UIColor::black();
+    return themeColor(theme, val);
 }
 
 CGColor ViewController::colorForFirstRow() const
 {
     if (std::isnan(ramp(0, arrayNote.size())))
         print("❤️❤️❤️❤️❤️❤️ il valore è nan");
-    return themeColor(0.0);
+    return themeColor(theme, 0.0);
 }
 
 void ViewController::tableViewWillDisplayCellForRowAtIndexPath(

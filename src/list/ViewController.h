@@ -9,7 +9,6 @@
 #include "VistaNoteViewController.h"
 #include "delegatoTutorialChiuso.h"
 #include <optional>
-#include <string_view>
 
 namespace velmorath {
 
@@ -100,12 +99,9 @@ private:
     void addSampleNote();
     void showBadge() const;
 
-    CGColor themeColor(double val) const;
     /// The colour of index 0, without the lines that tell how it came about.
     CGColor colorForFirstRow() const;
 
-    /// The sound, then the vibration, each if its option is on.
-    void giveFeedback(std::string_view sound) const;
     void changeBadge(int by) const;
     /// Marks a note as completed or open, and saves.
     void setCompleted(const std::shared_ptr<ToDoItem2>&, bool completed);

@@ -2,6 +2,7 @@
 #include "DateText.h"
 #include "FatalError.h"
 #include "Print.h"
+#include "RowLook.h"
 #include "UIPanGestureRecognizer.h"
 
 namespace velmorath {
@@ -59,9 +60,7 @@ TableViewCell::TableViewCell(UITableViewCellStyle style, std::string reuseIdenti
     setSelectionStyle(UITableViewCellSelectionStyle::none);
 
     gradientLayer->setFrame(bounds());
-    gradientLayer->setGradient(
-        {{CGColor::gray(1.0, 0.2), CGColor::gray(1.0, 0.1), UIColor::clear(), CGColor::gray(0.0, 0.1)},
-            {0.0, 0.01, 0.95, 1.0}});
+    gradientLayer->setGradient(rowSheen());
     layer().insertSublayer(gradientLayer, 0);
 
     itemCompleteLayer = std::make_shared<CALayer>(layer());

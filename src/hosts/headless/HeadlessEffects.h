@@ -20,6 +20,8 @@ public:
     void vibrate() override { m_felt.emplace_back("vibration"); }
     void setBadge(long long number) override { m_badge = number; }
     bool openAddress(const std::string& address) override;
+    bool canSendMail() override { return m_canSendMail; }
+    Device device() override { return m_device; }
     void requestNotificationPermission(
         bool badge, bool sound, bool alert, std::function<void(bool)> answer) override;
 
@@ -28,12 +30,19 @@ public:
     void clearFelt() { m_felt.clear(); }
     /// Nothing before the first time that it is set.
     std::optional<long long> badge() const { return m_badge; }
+    /// From now on nothing takes addresses with this scheme.
+    void refuseScheme(const std::string& scheme) { m_refusedSchemes.push_back(scheme + ":"); }
+    void setCanSendMail(bool can) { m_canSendMail = can; }
+    void setDevice(Device device) { m_device = std::move(device); }
     const std::vector<std::string>& openedAddresses() const { return m_openedAddresses; }
     const std::vector<Permission>& permissionsAsked() const { return m_permissionsAsked; }
 
 private:
     std::vector<std::string> m_felt;
     std::optional<long long> m_badge;
+    std::vector<std::string> m_refusedSchemes;
+    bool m_canSendMail = true;
+    Device m_device{"Phone", "Test phone", "Headless", "1.0", false};
     std::vector<std::string> m_openedAddresses;
     std::vector<Permission> m_permissionsAsked;
 };

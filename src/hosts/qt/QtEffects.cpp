@@ -4,8 +4,11 @@
 #include <QDBusMessage>
 #include <QDesktopServices>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLibrary>
 #include <QProcess>
+#include <QScreen>
+#include <QSysInfo>
 #include <QUrl>
 
 namespace velmorath {
@@ -31,6 +34,21 @@ bool desktopHasProgramFor(const QString& scheme)
     if (!query.waitForFinished(longestWait))
         return false;
     return !query.readAllStandardOutput().trimmed().isEmpty();
+}
+
+/// Phones have a device tree, desktops a table of their maker's.
+QString modelName()
+{
+    for (const char* place : {"/proc/device-tree/model", "/sys/class/dmi/id/product_name"}) {
+        QFile file(QString::fromLatin1(place));
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        constexpr qint64 longestName = 200;
+        const QByteArray name = file.read(longestName).replace('\0', "").trimmed();
+        if (!name.isEmpty())
+            return QString::fromUtf8(name);
+    }
+    return {};
 }
 
 } // namespace
@@ -121,6 +139,24 @@ bool QtEffects::openAddress(const std::string& address)
         return false;
     const bool isWeb = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
     return (isWeb || desktopHasProgramFor(url.scheme())) && QDesktopServices::openUrl(url);
+}
+
+bool QtEffects::canSendMail()
+{
+    return desktopHasProgramFor(QStringLiteral("mailto"));
+}
+
+Device QtEffects::device()
+{
+    constexpr int smallestTablet = 600;
+    Device device;
+    device.model = modelName().toStdString();
+    device.name = QSysInfo::machineHostName().toStdString();
+    device.systemName = QSysInfo::productType().toStdString();
+    device.systemVersion = QSysInfo::productVersion().toStdString();
+    const QSize size = QGuiApplication::primaryScreen()->size();
+    device.isTablet = std::min(size.width(), size.height()) >= smallestTablet;
+    return device;
 }
 
 void QtEffects::requestNotificationPermission(bool, bool, bool, std::function<void(bool granted)> answer)

@@ -22,6 +22,8 @@ public:
     void vibrate() override;
     void setBadge(long long number) override;
     bool openAddress(const std::string& address) override;
+    bool canSendMail() override;
+    Device device() override;
     void requestNotificationPermission(
         bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) override;
 

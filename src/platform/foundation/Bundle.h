@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PropertyList.h"
 #include "StringsTable.h"
 #include <optional>
 
@@ -9,6 +10,11 @@ namespace velmorath {
 class Bundle {
 public:
     static Bundle& main();
+
+    /// What the program says about itself: "CFBundleName", "CFBundleDisplayName".
+    const PropertyList::Dictionary& infoDictionary() const { return m_infoDictionary; }
+    /// For the program's start.
+    void setInfoDictionary(PropertyList::Dictionary dictionary) { m_infoDictionary = std::move(dictionary); }
 
     /// The file of a sound or a picture; nothing when there is none.
     std::optional<std::string> path(std::string_view forResource, std::string_view ofType) const;
@@ -22,6 +28,7 @@ public:
     void reset() { m_table.reset(); }
 
 private:
+    PropertyList::Dictionary m_infoDictionary;
     std::optional<StringsTable> m_table;
 };
 

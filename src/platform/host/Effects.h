@@ -5,6 +5,19 @@
 
 namespace velmorath {
 
+/// The machine that the program runs on, in words for the makers. A text that the machine does not know is
+/// empty.
+struct Device {
+    /// Such as "PinePhone" or "PC".
+    std::string model;
+    /// What its owner called it.
+    std::string name;
+    std::string systemName;
+    std::string systemVersion;
+    /// Large enough to be a tablet.
+    bool isTablet = false;
+};
+
 /// What reaches the user other than by the screen. Main thread only. Every service may be absent: then
 /// the call does nothing, and never waits.
 class Effects {
@@ -22,6 +35,12 @@ public:
 
     /// Hands an address to whatever the machine opens such addresses with. False when nothing takes it.
     virtual bool openAddress(const std::string& address) = 0;
+
+    /// Whether openAddress() would find a program for "mailto:" addresses.
+    virtual bool canSendMail() = 0;
+
+    /// The same for as long as the program runs.
+    virtual Device device() = 0;
 
     /// Asks for permission to use the badge, sounds and alerts. The answer may come at once or never;
     /// a machine that does not ask grants it.

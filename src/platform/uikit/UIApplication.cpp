@@ -14,9 +14,11 @@ namespace velmorath {
 
 namespace {
 
+constexpr std::string_view storeScheme = "itms-apps";
+
 std::unique_ptr<UIApplication> s_shared;
 
-}
+} // namespace
 
 UIApplication& UIApplication::shared()
 {
@@ -59,6 +61,14 @@ void UIApplication::setApplicationIconBadgeNumber(long long number)
 {
     m_badgeNumber = number;
     Host::current().effects().setBadge(number);
+}
+
+bool UIApplication::openURL(const URL& url)
+{
+    Effects& effects = Host::current().effects();
+    if (effects.openAddress(url.absoluteString()))
+        return true;
+    return url.scheme() == storeScheme && effects.openAddress(url.withScheme("https").absoluteString());
 }
 
 void UIApplication::beginIgnoringInteractionEvents()

@@ -4,6 +4,7 @@
 #include "HostClient.h"
 #include "UITouchDispatcher.h"
 #include "UIWindow.h"
+#include "URL.h"
 #include <any>
 #include <map>
 #include <optional>
@@ -44,6 +45,10 @@ public:
     long long applicationIconBadgeNumber() const { return m_badgeNumber; }
     /// Below zero counts on, but shows like zero: not at all.
     void setApplicationIconBadgeNumber(long long);
+
+    /// Hands an address to whatever the machine opens it with. A store link that nothing takes is opened as
+    /// the same address on the web. False when that was not taken either.
+    bool openURL(const URL&);
 
     /// Touches are not listened to until as many ends as begins were called.
     void beginIgnoringInteractionEvents();

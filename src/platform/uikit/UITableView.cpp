@@ -93,6 +93,7 @@ void UITableView::reloadData()
     endReordering(false);
     m_hasLoaded = true;
     m_deletions.clear();
+    m_selectedRow.reset();
     const bool hasRows = m_dataSource && m_dataSource->numberOfSectionsInTableView(*this) > 0;
     m_count = hasRows ? m_dataSource->tableViewNumberOfRowsInSection(*this, 0) : 0;
     if (m_delegate && m_count > 0)
@@ -103,6 +104,7 @@ void UITableView::reloadData()
     for (const auto& [place, cell] : std::exchange(m_rows, {})) {
         if (place < m_count && mustStay(*cell)) {
             kept.emplace(place, cell);
+            cell->setSelected(false);
             cell->setFrame(rectForRow(place));
             if (m_delegate)
                 m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, {0, place});
@@ -180,6 +182,7 @@ std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
     std::shared_ptr<UITableViewCell> cell = m_dataSource->tableViewCellForRowAtIndexPath(*this, path);
     cell->setFrame(rectForRow(place));
     cell->setShowsReorderControl(m_editing && m_dataSource->tableViewCanEditRowAtIndexPath(*this, path));
+    cell->setSelected(m_selectedRow == path.row);
     if (m_delegate)
         m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, path);
     if (cell->superview() != this)
@@ -211,8 +214,18 @@ void UITableView::handleTap(CGPoint point)
     const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
     if (m_editing || row < 0 || row >= m_count)
         return;
+    select(row);
     if (m_delegate)
         m_delegate->tableViewDidSelectRowAtIndexPath(*this, {0, row});
+}
+
+void UITableView::select(std::int64_t row)
+{
+    const std::optional<std::int64_t> before = std::exchange(m_selectedRow, row);
+    for (const auto& [place, cell] : m_rows)
+        cell->setSelected(dataRow(place) == row);
+    if (before && before != row && m_delegate)
+        m_delegate->tableViewDidDeselectRowAtIndexPath(*this, {0, *before});
 }
 
 void UITableView::beginUpdates()
@@ -276,6 +289,12 @@ void UITableView::applyDeletions()
             });
     }
     m_rows = std::move(remaining);
+    if (m_selectedRow) {
+        const auto notBefore = std::lower_bound(m_deletions.begin(), m_deletions.end(), *m_selectedRow);
+        const bool isGone = notBefore != m_deletions.end() && *notBefore == *m_selectedRow;
+        m_selectedRow =
+            isGone ? std::nullopt : std::optional(*m_selectedRow - (notBefore - m_deletions.begin()));
+    }
     m_deletions.clear();
 }
 

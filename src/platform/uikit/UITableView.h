@@ -39,6 +39,8 @@ public:
     virtual void tableViewWillDisplayCellForRowAtIndexPath(UITableView&, UITableViewCell&, IndexPath) { }
     /// Not called in editing mode.
     virtual void tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath) { }
+    /// Another row is about to be selected instead of this one.
+    virtual void tableViewDidDeselectRowAtIndexPath(UITableView&, IndexPath) { }
     /// Beside a row in editing mode there is nothing but the handle to drag it by.
     virtual UITableViewCellEditingStyle tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath)
     {
@@ -75,6 +77,7 @@ public:
     std::shared_ptr<UITableViewCell> dequeueReusableCell(const std::string& identifier, IndexPath);
 
     /// Asks the data source for everything again. A row that is being typed into stays as it is.
+    /// No row is selected afterwards.
     void reloadData();
     /// The rows in sight, from top to bottom.
     std::vector<std::shared_ptr<UITableViewCell>> visibleCells();
@@ -123,6 +126,7 @@ private:
     bool mustStay(const UITableViewCell&) const;
     void placeAllRows();
     void handleTap(CGPoint);
+    void select(std::int64_t row);
     void applyDeletions();
     void moveDraggedRowTo(std::int64_t place);
     void scrollWhileReordering(double now);
@@ -141,6 +145,7 @@ private:
     /// Rows out of use, with the place that each showed last if it was in sight a moment ago.
     std::vector<std::pair<std::int64_t, std::shared_ptr<UITableViewCell>>> m_reusable;
     std::vector<std::int64_t> m_deletions;
+    std::optional<std::int64_t> m_selectedRow;
     std::optional<Reordering> m_reordering;
     double m_lastReorderingStep = 0;
 };

@@ -6,14 +6,60 @@ namespace velmorath {
 namespace {
 
 constexpr CGFloat textMargin = 15;
+constexpr CGFloat checkmarkWidth = 28;
+const CGColor paleness = CGColor::gray(1, 0.3);
 
-}
+} // namespace
 
 UITableViewCell::UITableViewCell(UITableViewCellStyle, std::string reuseIdentifier)
     : m_reuseIdentifier(std::move(reuseIdentifier))
     , m_textLabel(std::make_shared<UILabel>())
 {
+    // Touches are the row's own.
+    m_textLabel->setUserInteractionEnabled(false);
     addSubview(m_textLabel);
+}
+
+void UITableViewCell::setAccessoryType(UITableViewCellAccessoryType type)
+{
+    if (m_accessoryType == type)
+        return;
+    m_accessoryType = type;
+    if (type == UITableViewCellAccessoryType::checkmark) {
+        m_checkmark = std::make_shared<UILabel>();
+        m_checkmark->setText("\u2713");
+        m_checkmark->setFont(UIFont::boldSystemFont(22));
+        m_checkmark->setTextColor(UIColor::white());
+        m_checkmark->setTextAlignment(CGTextAlignment::center);
+        m_checkmark->setUserInteractionEnabled(false);
+        addSubview(m_checkmark);
+    } else {
+        m_checkmark->removeFromSuperview();
+        m_checkmark.reset();
+    }
+    setNeedsLayout();
+}
+
+void UITableViewCell::setSelected(bool selected)
+{
+    if (m_selected == selected)
+        return;
+    m_selected = selected;
+    setNeedsDisplay();
+}
+
+void UITableViewCell::setHighlighted(bool highlighted)
+{
+    if (m_highlighted == highlighted)
+        return;
+    m_highlighted = highlighted;
+    setNeedsDisplay();
+}
+
+void UITableViewCell::draw(CGContext& context) const
+{
+    if ((m_highlighted || m_selected) && m_selectionStyle != UITableViewCellSelectionStyle::none)
+        context.fill(bounds(), 0, paleness);
 }
 
 void UITableViewCell::setShowsReorderControl(bool shows)
@@ -34,8 +80,12 @@ void UITableViewCell::layoutSubviews()
 {
     const CGSize size = bounds().size;
     const CGFloat controlWidth = m_reorderControl ? UITableViewReorderControl::width : 0;
-    m_textLabel->setFrame(
-        CGRectMake(textMargin, 0, std::max(0.0, size.width - 2 * textMargin - controlWidth), size.height));
+    CGFloat right = size.width - controlWidth - textMargin;
+    if (m_checkmark) {
+        right -= checkmarkWidth;
+        m_checkmark->setFrame(CGRectMake(right, 0, checkmarkWidth, size.height));
+    }
+    m_textLabel->setFrame(CGRectMake(textMargin, 0, std::max(0.0, right - textMargin), size.height));
     if (m_reorderControl)
         m_reorderControl->setFrame(CGRectMake(size.width - controlWidth, 0, controlWidth, size.height));
 }

@@ -2,6 +2,7 @@
 #include "CATimeline.h"
 #include "Host.h"
 #include "UIGestureRecognizer.h"
+#include "UIViewController.h"
 
 namespace velmorath {
 
@@ -213,6 +214,8 @@ void UIView::layoutIfNeeded()
     if (m_needsLayout) {
         m_needsLayout = false;
         layoutSubviews();
+        if (m_viewController)
+            m_viewController->viewDidLayoutSubviews();
     }
     // By index: a layout may add and remove views.
     for (std::size_t i = 0; i < m_subviews.size(); ++i) {

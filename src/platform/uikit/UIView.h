@@ -10,6 +10,7 @@
 namespace velmorath {
 
 class UIGestureRecognizer;
+class UIViewController;
 class UIWindow;
 
 /// Which of a view's margins and sides follow when its superview changes its size.
@@ -88,6 +89,8 @@ public:
     void layoutIfNeeded();
     /// Puts the subviews in place. Overrides call the base class's version.
     virtual void layoutSubviews() { }
+    /// The controller whose whole view this is: told after each layout. Null when there is none.
+    void setViewController(UIViewController* controller) { m_viewController = controller; }
     void setNeedsDisplay() { m_layer->setNeedsDisplay(); }
 
     void addGestureRecognizer(std::shared_ptr<UIGestureRecognizer>);
@@ -109,6 +112,7 @@ private:
 
     std::shared_ptr<CALayer> m_layer;
     UIView* m_superview = nullptr;
+    UIViewController* m_viewController = nullptr;
     std::vector<std::shared_ptr<UIView>> m_subviews;
     std::vector<std::shared_ptr<UIGestureRecognizer>> m_gestureRecognizers;
     unsigned m_autoresizingMask = 0;

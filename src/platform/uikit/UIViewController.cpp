@@ -40,12 +40,15 @@ UIViewController::~UIViewController()
 {
     if (m_presented)
         m_presented->m_presenting = nullptr;
+    if (m_view)
+        m_view->setViewController(nullptr);
 }
 
 const std::shared_ptr<UIView>& UIViewController::view()
 {
     if (!m_view) {
         m_view = loadView();
+        m_view->setViewController(this);
         viewDidLoad();
     }
     return m_view;

@@ -36,6 +36,8 @@ public:
     virtual void viewDidLoad() { }
     /// The view is about to be seen: for the first time, or again after a full-screen dismissal.
     virtual void viewWillAppear(bool /*animated*/) { }
+    /// The view has put its subviews in place: for the first time, or after its size changed.
+    virtual void viewDidLayoutSubviews() { }
 
     void setModalPresentationStyle(UIModalPresentationStyle style) { m_style = style; }
     const std::shared_ptr<UIViewController>& presentedViewController() const { return m_presented; }

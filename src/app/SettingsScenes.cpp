@@ -1,0 +1,61 @@
+#include "SettingsScenes.h"
+#include "Info.h"
+#include "Info2.h"
+#include "Info3.h"
+#include "SceneParts.h"
+
+namespace velmorath {
+
+namespace {
+
+/// Returns the label of the title, which is still empty.
+std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view)
+{
+    const CGSize size = view.bounds().size;
+    view.setBackgroundColor(UIColor::black());
+
+    const std::shared_ptr<UIView> bar = topBar(size.width);
+    bar->setBackgroundColor(UIColor::black());
+    bar->addSubview(leftBarButton("chiudi", [&screen] { screen.chiudi(); }));
+    auto title = std::make_shared<UILabel>(CGRectMake(barHeight, 0, size.width - 2 * barHeight, barHeight));
+    title->setAutoresizingMask(UIViewAutoresizing::flexibleWidth);
+    title->setFont(UIFont::boldSystemFont(20));
+    title->setTextColor(UIColor::white());
+    title->setTextAlignment(CGTextAlignment::center);
+    bar->addSubview(title);
+    view.addSubview(bar);
+
+    const auto table =
+        std::make_shared<UITableView>(CGRectMake(0, barHeight, size.width, size.height - barHeight));
+    table->setAutoresizingMask(UIViewAutoresizing::flexibleWidth | UIViewAutoresizing::flexibleHeight);
+    table->setDataSource(&screen);
+    table->setDelegate(&screen);
+    view.addSubview(table);
+    screen.tabella = table;
+    return title;
+}
+
+void fillInformation(UIViewController& controller, UIView& view)
+{
+    fillScreen(static_cast<Info&>(controller), view)->setText("Velmorath");
+}
+
+/// A screen that writes its title itself.
+template <typename Screen> void fillTitledScreen(UIViewController& controller, UIView& view)
+{
+    auto& screen = static_cast<Screen&>(controller);
+    screen.titolo = fillScreen(screen, view);
+}
+
+} // namespace
+
+std::vector<UIStoryboardScene> settingsScenes()
+{
+    return {
+        {"Info", [] { return std::make_shared<Info>(); }, fillInformation},
+        {"Info2", [] { return std::make_shared<Info2>(); }, fillTitledScreen<Info2>},
+        {"Info3", [] { return std::make_shared<Info3>(); }, fillTitledScreen<Info3>},
+    };
+}
+
+} // namespace velmorath

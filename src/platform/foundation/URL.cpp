@@ -1,0 +1,87 @@
+#include "URL.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+// Of ASCII, whatever the C library's locale is.
+bool isLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool isHexadecimal(char c)
+{
+    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+bool isOneOf(std::string_view characters, char c)
+{
+    return characters.find(c) != std::string_view::npos;
+}
+
+bool isScheme(std::string_view text)
+{
+    return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), [](char c) {
+        return isLetter(c) || isDigit(c) || isOneOf("+-.", c);
+    });
+}
+
+bool isUnreserved(char c)
+{
+    return isLetter(c) || isDigit(c) || isOneOf("-._~", c);
+}
+
+bool isEncoded(std::string_view text)
+{
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isEscape =
+            text[i] == '%' && i + 2 < text.size() && isHexadecimal(text[i + 1]) && isHexadecimal(text[i + 2]);
+        if (!isEscape && !isUnreserved(text[i]) && !isOneOf(":/?#[]@!$&'()*+,;=", text[i]))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<URL> URL::parse(std::string text)
+{
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos || colon + 1 == text.size())
+        return {};
+    const std::string_view all = text;
+    if (!isScheme(all.substr(0, colon)) || !isEncoded(all.substr(colon + 1)))
+        return {};
+    return URL(std::move(text), colon);
+}
+
+URL URL::withScheme(std::string_view scheme) const
+{
+    return {std::string(scheme) + m_text.substr(m_schemeLength), scheme.size()};
+}
+
+std::string percentEncoded(std::string_view utf8)
+{
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char c : utf8) {
+        if (isUnreserved(c)) {
+            encoded += c;
+            continue;
+        }
+        const auto byte = static_cast<unsigned char>(c);
+        encoded += '%';
+        encoded += digits[byte >> 4];
+        encoded += digits[byte & 15];
+    }
+    return encoded;
+}
+
+} // namespace velmorath

@@ -1,0 +1,131 @@
+#include "MFMailComposeViewController.h"
+#include "Host.h"
+#include "UIApplication.h"
+
+namespace velmorath {
+
+namespace {
+
+constexpr CGFloat barHeight = 56;
+constexpr CGFloat buttonWidth = 96;
+constexpr CGFloat recipientsHeight = 48;
+constexpr CGFloat hairline = 0.5;
+constexpr CGFloat margin = 16;
+/// Longer lines are hard to read.
+constexpr CGFloat widestColumn = 700;
+const CGColor backgroundColor = CGColor::gray(0.1);
+const CGColor lineColor = CGColor::gray(0.35);
+
+std::string joined(const std::vector<std::string>& texts, std::string_view separator)
+{
+    std::string all;
+    for (const std::string& text : texts) {
+        if (!all.empty())
+            all += separator;
+        all += text;
+    }
+    return all;
+}
+
+std::string encodedRecipient(const std::string& recipient)
+{
+    const std::size_t at = recipient.rfind('@');
+    if (at == std::string::npos)
+        return percentEncoded(recipient);
+    return percentEncoded(recipient.substr(0, at)) + "@" + percentEncoded(recipient.substr(at + 1));
+}
+
+/// In a mail, lines end in a carriage return and a line feed.
+std::string withMailLineBreaks(const std::string& text)
+{
+    std::string result;
+    for (const char c : text) {
+        if (c == '\n')
+            result += '\r';
+        if (c != '\r')
+            result += c;
+    }
+    return result;
+}
+
+std::string mailAddress(const std::vector<std::string>& recipients, const std::string& body)
+{
+    std::vector<std::string> encoded;
+    for (const std::string& recipient : recipients)
+        encoded.push_back(encodedRecipient(recipient));
+    std::string address = "mailto:" + joined(encoded, ",");
+    if (!body.empty())
+        address += "?body=" + percentEncoded(withMailLineBreaks(body));
+    return address;
+}
+
+} // namespace
+
+bool MFMailComposeViewController::canSendMail()
+{
+    return Host::current().effects().canSendMail();
+}
+
+std::shared_ptr<UIButton> MFMailComposeViewController::addButton(
+    const std::string& title, std::function<void()> action)
+{
+    auto button = std::make_shared<UIButton>();
+    button->setTitle(title);
+    button->addTarget([action = std::move(action)](UIControl&) { action(); });
+    view()->addSubview(button);
+    return button;
+}
+
+void MFMailComposeViewController::viewDidLoad()
+{
+    view()->setBackgroundColor(backgroundColor);
+    m_cancel = addButton("Cancel", [this] { finish(MFMailComposeResult::cancelled); });
+    m_send = addButton("Send", [this] { send(); });
+    m_send->setFont(UIFont::boldSystemFont(17));
+
+    m_recipients = std::make_shared<UILabel>();
+    m_recipients->setText("To: " + joined(m_toRecipients, ", "));
+    m_recipients->setTextColor(UIColor::white());
+    view()->addSubview(m_recipients);
+
+    m_line = std::make_shared<UIView>();
+    m_line->setBackgroundColor(lineColor);
+    view()->addSubview(m_line);
+
+    m_body = std::make_shared<UITextView>(CGRect{});
+    m_body->setFont(UIFont::systemFont(17));
+    m_body->setTextColor(UIColor::white());
+    m_body->setText(m_messageBody);
+    view()->addSubview(m_body);
+}
+
+void MFMailComposeViewController::viewDidLayoutSubviews()
+{
+    const CGSize size = view()->bounds().size;
+    m_cancel->setFrame(CGRectMake(0, 0, buttonWidth, barHeight));
+    m_send->setFrame(CGRectMake(size.width - buttonWidth, 0, buttonWidth, barHeight));
+
+    const CGFloat width = std::min(widestColumn, size.width - 2 * margin);
+    const CGFloat x = (size.width - width) / 2;
+    const CGFloat bodyTop = barHeight + recipientsHeight + margin;
+    m_recipients->setFrame(CGRectMake(x, barHeight, width, recipientsHeight));
+    m_line->setFrame(CGRectMake(x, barHeight + recipientsHeight, width, hairline));
+    m_body->setFrame(CGRectMake(x, bodyTop, width, std::max(0.0, size.height - bodyTop - margin)));
+}
+
+void MFMailComposeViewController::send()
+{
+    // What an input method still holds belongs to the text.
+    view()->endEditing();
+    const auto address = URL::parse(mailAddress(m_toRecipients, m_body->text()));
+    const bool isTaken = address && UIApplication::shared().openURL(*address);
+    finish(isTaken ? MFMailComposeResult::sent : MFMailComposeResult::failed);
+}
+
+void MFMailComposeViewController::finish(MFMailComposeResult result)
+{
+    if (m_delegate)
+        m_delegate->mailComposeControllerDidFinishWithResult(*this, result);
+}
+
+} // namespace velmorath

@@ -1,0 +1,46 @@
+#include "UIDevice.h"
+#include "Host.h"
+
+namespace velmorath {
+
+namespace {
+
+Device device()
+{
+    return Host::current().effects().device();
+}
+
+} // namespace
+
+const UIDevice& UIDevice::current()
+{
+    static const UIDevice s_current;
+    return s_current;
+}
+
+std::string UIDevice::model() const
+{
+    return device().model;
+}
+
+std::string UIDevice::name() const
+{
+    return device().name;
+}
+
+std::string UIDevice::systemName() const
+{
+    return device().systemName;
+}
+
+std::string UIDevice::systemVersion() const
+{
+    return device().systemVersion;
+}
+
+UIUserInterfaceIdiom UIDevice::userInterfaceIdiom() const
+{
+    return device().isTablet ? UIUserInterfaceIdiom::pad : UIUserInterfaceIdiom::phone;
+}
+
+} // namespace velmorath
