@@ -1,5 +1,6 @@
 #include "VistaNoteViewController.h"
 #include "FatalError.h"
+#include "HostKey.h"
 #include "Print.h"
 #include "UIColor.h"
 
@@ -31,6 +32,14 @@ void VistaNoteViewController::viewWillAppear(bool)
         fatalError("The note's colour bar is not connected");
     bar->setBackgroundColor(coloreNota.value_or(UIColor::clear()));
     textView()->setText(shown.text);
+}
+
+bool VistaNoteViewController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::escape)
+        return false;
+    chiudi();
+    return true;
 }
 
 void VistaNoteViewController::chiudi()

@@ -16,6 +16,8 @@ namespace velmorath {
 class VistaNoteViewController : public UIViewController {
 public:
     void viewWillAppear(bool animated) override;
+    /// Escape closes without saving.
+    bool keyPressed(const HostKeyPress&) override;
     void viewDidLayoutSubviews() override { }
 
     /// The close button.

@@ -1,5 +1,6 @@
 #include "Bundle.h"
 #include "FatalError.h"
+#include "HostKey.h"
 #include "Print.h"
 #include "ViewController.h"
 #include <algorithm>
@@ -41,6 +42,15 @@ void ViewController::scrollViewDidEndDragging(UIScrollView& scrollView, bool)
     }
     pullDownInProgress = false;
     placeHolderCell->removeFromSuperview();
+}
+
+bool ViewController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::insert || tastieraAttiva)
+        return false;
+    table()->setContentOffset({0, 0});
+    toDoItemAddedAtIndex(0);
+    return true;
 }
 
 void ViewController::toDoItemAddedAtIndex(std::int64_t index)

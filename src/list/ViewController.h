@@ -24,6 +24,8 @@ class ViewController : public UIViewController,
 public:
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
+    /// Insert adds a note at the top.
+    bool keyPressed(const HostKeyPress&) override;
 
     /// The information button.
     void Info();

@@ -1,4 +1,5 @@
 #include "FatalError.h"
+#include "HostKey.h"
 #include "Print.h"
 #include "TableViewCell.h"
 #include "UIApplication+Keyboard.h"
@@ -58,6 +59,24 @@ void TableViewCell::followPan(const UIPanGestureRecognizer& recognizer)
     crossLabel->setAlpha(cueAlpha);
     tickLabel->setTextColor(completeOnDragRelease ? UIColor::green() : UIColor::white());
     crossLabel->setTextColor(deleteOnDragRelease ? UIColor::red() : UIColor::white());
+}
+
+bool TableViewCell::keyPressed(const HostKeyPress& press)
+{
+    switch (press.key) {
+    case HostKey::space:
+        if (m_toDoItem)
+            completeOrReopen();
+        return true;
+    case HostKey::remove:
+        if (delegate && m_toDoItem)
+            delegate->toDoItemDeleted(m_toDoItem);
+        return true;
+    case HostKey::edit:
+        return label->becomeFirstResponder();
+    default:
+        return false;
+    }
 }
 
 void TableViewCell::endPan()

@@ -28,6 +28,8 @@ public:
     void setToDoItem(std::shared_ptr<ToDoItem2>);
 
     void layoutSubviews() override;
+    /// The space bar completes or reopens, Delete deletes, F2 edits.
+    bool keyPressed(const HostKeyPress&) override;
     /// The words of the note edit the note, the words of the date the date, anything else is the row.
     std::shared_ptr<UIView> hitTest(CGPoint) override;
 

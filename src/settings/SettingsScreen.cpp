@@ -1,4 +1,5 @@
 #include "SettingsScreen.h"
+#include "HostKey.h"
 #include "Bundle.h"
 #include "CAGradientLayer.h"
 #include "FatalError.h"
@@ -25,6 +26,14 @@ void SettingsScreen::viewWillAppear(bool animated)
     soundEffect = setting(dizionarioSettaggi, "soundEffect");
     vibration = setting(dizionarioSettaggi, "vibration");
     table()->reloadData();
+}
+
+bool SettingsScreen::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::escape)
+        return false;
+    chiudi();
+    return true;
 }
 
 void SettingsScreen::chiudi()

@@ -45,6 +45,9 @@ public:
     /// What fingers do at the current moment, all in one event.
     void touch(const std::vector<HostTouch>& touches) { m_client->touchesChanged(touches, m_clock.now()); }
 
+    /// A key outside a text. False when the program had no use for it.
+    bool press(HostKey key, bool shift = false, bool alt = false) { return m_client->keyPressed({key, shift, alt}); }
+
     HostClient& client() { return *m_client; }
     /// All that is on the screen now.
     DrawingRecorder draw();

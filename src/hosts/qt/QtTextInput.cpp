@@ -82,8 +82,10 @@ void QtTextInput::end()
     // Later, for this may be called from inside the editor.
     window->hide();
     window->deleteLater();
-    if (!m_editor)
+    if (!m_editor) {
+        m_screen.setFocus(Qt::OtherFocusReason);
         QGuiApplication::inputMethod()->hide();
+    }
 }
 
 } // namespace velmorath

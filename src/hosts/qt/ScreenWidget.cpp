@@ -1,6 +1,7 @@
 #include "ScreenWidget.h"
 #include "QtContext.h"
 #include <QApplication>
+#include <QKeyEvent>
 #include <QNativeGestureEvent>
 #include <QPaintEvent>
 #include <QScreen>
@@ -22,6 +23,50 @@ QRect pointsAround(const CGRect& rect)
 bool isFinger(const QMouseEvent& event)
 {
     return event.button() == Qt::LeftButton && event.source() == Qt::MouseEventNotSynthesized;
+}
+
+/// Nothing for keys that mean nothing outside a text.
+std::optional<HostKey> hostKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return HostKey::up;
+    case Qt::Key_Down:
+        return HostKey::down;
+    case Qt::Key_Left:
+        return HostKey::left;
+    case Qt::Key_Right:
+        return HostKey::right;
+    case Qt::Key_Home:
+        return HostKey::home;
+    case Qt::Key_End:
+        return HostKey::end;
+    case Qt::Key_PageUp:
+        return HostKey::pageUp;
+    case Qt::Key_PageDown:
+        return HostKey::pageDown;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return HostKey::tab;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return HostKey::enter;
+    case Qt::Key_Space:
+        return HostKey::space;
+    case Qt::Key_Escape:
+        return HostKey::escape;
+    case Qt::Key_Insert:
+        return HostKey::insert;
+    case Qt::Key_F2:
+        return HostKey::edit;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        return HostKey::remove;
+    case Qt::Key_N:
+        return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::insert) : std::nullopt;
+    default:
+        return {};
+    }
 }
 
 } // namespace
@@ -115,6 +160,8 @@ void ScreenWidget::resizeEvent(QResizeEvent*)
 
 void ScreenWidget::showEvent(QShowEvent*)
 {
+    // Never by clicks or the Tab key: they would take the focus from the editor.
+    setFocus(Qt::OtherFocusReason);
     windowHandle()->installEventFilter(this);
 }
 
@@ -200,6 +247,15 @@ void ScreenWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     if (isFinger(*event))
         m_input.buttonReleased(event->position());
+}
+
+void ScreenWidget::keyPressEvent(QKeyEvent* event)
+{
+    const std::optional<HostKey> key = hostKey(*event);
+    const bool shift = event->modifiers().testFlag(Qt::ShiftModifier) || event->key() == Qt::Key_Backtab;
+    const bool alt = event->modifiers().testFlag(Qt::AltModifier);
+    if (!m_client || !key || !m_client->keyPressed({*key, shift, alt}))
+        event->ignore();
 }
 
 void ScreenWidget::wheelEvent(QWheelEvent* event)

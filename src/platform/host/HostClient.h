@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CGContext.h"
+#include "HostKey.h"
 #include <cstdint>
 #include <vector>
 
@@ -38,6 +39,9 @@ public:
     /// A wheel or a touchpad turned over this place, by this many points (positive: towards the
     /// content's beginning, as a finger that drags down).
     virtual void scrolled(CGPoint location, CGVector by) = 0;
+
+    /// A key went down, or repeats, while no text is edited. False when it means nothing here.
+    virtual bool keyPressed(const HostKeyPress&) = 0;
 
     /// Size or scale changed: Screen has the new values already. A frame follows.
     virtual void screenChanged() = 0;

@@ -1,4 +1,5 @@
 #include "UIAlertController.h"
+#include "HostKey.h"
 
 namespace velmorath {
 
@@ -57,6 +58,14 @@ void UIAlertController::viewDidLoad()
     box->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
         | UIViewAutoresizing::flexibleTopMargin | UIViewAutoresizing::flexibleBottomMargin);
     view()->addSubview(box);
+}
+
+bool UIAlertController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::escape || m_actions.empty())
+        return false;
+    dismiss(true, m_actions.front().handler);
+    return true;
 }
 
 void UIAlertController::layOutBox(UIView& box)

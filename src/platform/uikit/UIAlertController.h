@@ -29,6 +29,8 @@ public:
     void addAction(UIAlertAction action) { m_actions.push_back(std::move(action)); }
 
     void viewDidLoad() override;
+    /// Escape is the first button.
+    bool keyPressed(const HostKeyPress&) override;
 
 private:
     void layOutBox(UIView& box);

@@ -97,6 +97,7 @@ void UIApplication::textEditingEnded()
 
 void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double time)
 {
+    m_focusSystem.hideRing();
     if (m_ignoringInteraction == 0 && !m_windows.empty())
         m_touchDispatcher.touchesChanged(*keyWindow(), touches, time);
 }
@@ -111,6 +112,14 @@ void UIApplication::scrolled(CGPoint location, CGVector by)
         if (scrollView && scrollView->scrollByWheel(by))
             return;
     }
+}
+
+bool UIApplication::keyPressed(const HostKeyPress& press)
+{
+    if (m_ignoringInteraction > 0 || m_windows.empty() || m_editedView)
+        return false;
+    Host::current().screen().requestFrame();
+    return m_focusSystem.keyPressed(*keyWindow(), press);
 }
 
 void UIApplication::screenChanged()
@@ -128,6 +137,7 @@ CGRect UIApplication::prepareFrame()
     CATimeline& timeline = CATimeline::main();
     timeline.advance(Host::current().clock().now());
     keyWindow()->layoutIfNeeded();
+    m_focusSystem.update(*keyWindow());
     if (m_editedView)
         m_editedView->placeEditor();
     return m_renderer.update(keyWindow()->layer(), timeline.frameTime(), screenRect());
@@ -168,6 +178,7 @@ void UIApplication::willTerminate()
     m_delegate->applicationWillTerminate(*this);
     DispatchQueue::main().removeAll();
     CATimeline::main().reset();
+    m_focusSystem.focus(nullptr);
     m_windows.clear();
     m_delegate = nullptr;
     m_delegateObject.reset();

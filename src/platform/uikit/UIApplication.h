@@ -2,6 +2,7 @@
 
 #include "CARenderer.h"
 #include "HostClient.h"
+#include "UIFocusSystem.h"
 #include "UITouchDispatcher.h"
 #include "UIWindow.h"
 #include "URL.h"
@@ -54,12 +55,15 @@ public:
     void beginIgnoringInteractionEvents();
     void endIgnoringInteractionEvents();
 
+    UIFocusSystem& focusSystem() { return m_focusSystem; }
+
     /// For text fields and text views, when the machine's editor is theirs and when it no longer is.
     void textEditingBegan(UITextEditingView&);
     void textEditingEnded();
 
     void touchesChanged(const std::vector<HostTouch>&, double time) override;
     void scrolled(CGPoint location, CGVector by) override;
+    bool keyPressed(const HostKeyPress&) override;
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;
@@ -78,6 +82,7 @@ private:
     UIApplicationDelegate* m_delegate = nullptr;
     std::vector<std::shared_ptr<UIWindow>> m_windows;
     UITouchDispatcher m_touchDispatcher;
+    UIFocusSystem m_focusSystem;
     CARenderer m_renderer;
     UITextEditingView* m_editedView = nullptr;
     HostState m_state = HostState::active;

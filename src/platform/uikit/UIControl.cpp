@@ -1,4 +1,5 @@
 #include "UIControl.h"
+#include "HostKey.h"
 #include "UITouch.h"
 
 namespace velmorath {
@@ -36,8 +37,20 @@ void UIControl::touchesMoved(const UITouches& touches)
 void UIControl::touchesEnded(const UITouches& touches)
 {
     setHighlighted(false);
-    if (!isInside(*this, touches))
-        return;
+    if (isInside(*this, touches))
+        press();
+}
+
+bool UIControl::keyPressed(const HostKeyPress& pressed)
+{
+    if (pressed.key != HostKey::enter && pressed.key != HostKey::space)
+        return false;
+    press();
+    return true;
+}
+
+void UIControl::press()
+{
     const std::shared_ptr<UIView> keepAlive = shared_from_this();
     const auto actions = m_actions;
     for (const auto& action : actions)

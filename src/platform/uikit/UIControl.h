@@ -13,6 +13,10 @@ public:
     /// Called at touch up inside.
     void addTarget(std::function<void(UIControl&)> action) { m_actions.push_back(std::move(action)); }
 
+    bool canBecomeFocused() const override { return true; }
+    /// Enter and the space bar press it.
+    bool keyPressed(const HostKeyPress&) override;
+
     bool isHighlighted() const { return m_highlighted; }
 
     void touchesBegan(const UITouches&) override;
@@ -24,6 +28,7 @@ protected:
     virtual void highlightChanged() { }
 
 private:
+    void press();
     void setHighlighted(bool);
 
     std::vector<std::function<void(UIControl&)>> m_actions;

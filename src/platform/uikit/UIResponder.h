@@ -6,6 +6,7 @@
 
 namespace velmorath {
 
+struct HostKeyPress;
 class UITouch;
 using UITouches = std::vector<std::shared_ptr<UITouch>>;
 
@@ -20,6 +21,10 @@ public:
     virtual void touchesEnded(const UITouches&) { }
     /// A recognizer or the machine took the touches away.
     virtual void touchesCancelled(const UITouches&) { }
+
+    /// A key was pressed while this, or something in it, has the focus. False hands it on to what lies
+    /// around.
+    virtual bool keyPressed(const HostKeyPress&) { return false; }
 
     /// False when it refuses, or when the first responder up to now does not want to give way.
     virtual bool becomeFirstResponder();

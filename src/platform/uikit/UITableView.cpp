@@ -212,7 +212,13 @@ std::shared_ptr<UITableViewCell> UITableView::cellForRow(IndexPath path)
 void UITableView::handleTap(CGPoint point)
 {
     const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
-    if (m_editing || row < 0 || row >= m_count)
+    if (row >= 0 && row < m_count)
+        selectByUser(row);
+}
+
+void UITableView::selectByUser(std::int64_t row)
+{
+    if (m_editing)
         return;
     select(row);
     if (m_delegate)

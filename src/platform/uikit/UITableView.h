@@ -93,6 +93,9 @@ public:
     void endUpdates();
     void deleteRows(const std::vector<IndexPath>&, UITableViewRowAnimation);
 
+    /// Arrows, page keys, Home and End move the focus among all rows, those out of sight too; with Alt
+    /// they move the row. Enter selects it.
+    bool keyPressed(const HostKeyPress&) override;
     void layoutSubviews() override;
 
     /// For the row's handle. y in window coordinates.
@@ -126,6 +129,10 @@ private:
     bool mustStay(const UITableViewCell&) const;
     void placeAllRows();
     void handleTap(CGPoint);
+    void selectByUser(std::int64_t row);
+    std::optional<std::int64_t> focusedRow() const;
+    void focusRow(std::int64_t);
+    void moveFocusedRow(std::int64_t from, std::int64_t to);
     void select(std::int64_t row);
     void applyDeletions();
     void moveDraggedRowTo(std::int64_t place);

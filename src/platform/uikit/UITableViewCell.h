@@ -35,6 +35,7 @@ public:
     /// Shows or takes away the handle at the right end by which the row is dragged to another place.
     void setShowsReorderControl(bool);
 
+    bool canBecomeFocused() const override { return true; }
     void layoutSubviews() override;
 
     void touchesBegan(const UITouches&) override { setHighlighted(true); }

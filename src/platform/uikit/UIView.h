@@ -98,6 +98,10 @@ public:
     {
         return m_gestureRecognizers;
     }
+    /// Whether keys can be pointed at this view.
+    virtual bool canBecomeFocused() const { return false; }
+    UIViewController* viewController() const { return m_viewController; }
+
     /// Touches that begin here are not offered to the recognizers of the views around it.
     virtual bool keepsTouchesToItself() const { return false; }
 

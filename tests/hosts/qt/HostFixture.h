@@ -16,6 +16,11 @@ public:
         ++touchCalls;
     }
     void scrolled(CGPoint, CGVector by) override { scrolls.push_back(by); }
+    bool keyPressed(const HostKeyPress& press) override
+    {
+        keys.push_back(press);
+        return true;
+    }
     void screenChanged() override { ++screenChanges; }
     CGRect prepareFrame() override
     {
@@ -36,6 +41,7 @@ public:
     std::vector<HostTouch> touches;
     int touchCalls = 0;
     std::vector<CGVector> scrolls;
+    std::vector<HostKeyPress> keys;
     int screenChanges = 0;
     int frames = 0;
     CGRect damage = CGRect::null();

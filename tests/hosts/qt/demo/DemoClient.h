@@ -13,6 +13,7 @@ public:
 
     void touchesChanged(const std::vector<HostTouch>&, double time) override;
     void scrolled(CGPoint location, CGVector by) override;
+    bool keyPressed(const HostKeyPress&) override { return false; }
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;

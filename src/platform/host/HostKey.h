@@ -1,0 +1,34 @@
+#pragma once
+
+namespace velmorath {
+
+/// The keys that mean something outside a text. Hosts say which keys of theirs these are.
+enum class HostKey {
+    up,
+    down,
+    left,
+    right,
+    home,
+    end,
+    pageUp,
+    pageDown,
+    /// To the next thing that keys can act on; with shift to the one before.
+    tab,
+    enter,
+    space,
+    escape,
+    /// A new thing: Insert, or Control with N.
+    insert,
+    /// Change the thing in place: F2.
+    edit,
+    /// Delete or Backspace.
+    remove,
+};
+
+struct HostKeyPress {
+    HostKey key = HostKey::tab;
+    bool shift = false;
+    bool alt = false;
+};
+
+} // namespace velmorath

@@ -1,0 +1,153 @@
+#include "UIFocusSystem.h"
+#include "HostKey.h"
+#include "UIViewController.h"
+#include "UIWindow.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+constexpr CGFloat ringWidth = 3;
+constexpr CGFloat innerRingWidth = 1;
+constexpr CGFloat ringRadius = 6;
+
+/// The screen that lies over all others.
+UIViewController& topController(UIWindow& window)
+{
+    UIViewController* controller = window.rootViewController().get();
+    while (controller->presentedViewController())
+        controller = controller->presentedViewController().get();
+    return *controller;
+}
+
+void collectFocusable(const std::shared_ptr<UIView>& view, std::vector<std::shared_ptr<UIView>>& found)
+{
+    if (view->isHidden() || !view->isUserInteractionEnabled())
+        return;
+    if (view->canBecomeFocused())
+        found.push_back(view);
+    for (const auto& subview : view->subviews())
+        collectFocusable(subview, found);
+}
+
+/// As one reads: from top to bottom, and from left to right.
+std::vector<std::shared_ptr<UIView>> focusableViews(UIView& screen)
+{
+    std::vector<std::shared_ptr<UIView>> views;
+    collectFocusable(screen.shared_from_this(), views);
+    std::stable_sort(views.begin(), views.end(), [](const auto& a, const auto& b) {
+        const CGPoint left = a->convertToWindow(a->bounds().origin);
+        const CGPoint right = b->convertToWindow(b->bounds().origin);
+        return left.y != right.y ? left.y < right.y : left.x < right.x;
+    });
+    return views;
+}
+
+} // namespace
+
+UIFocusSystem::UIFocusSystem()
+    : m_ring(std::make_shared<CALayer>())
+    , m_innerRing(std::make_shared<CALayer>())
+{
+    // White around black: seen on every colour.
+    m_ring->setBorder(ringWidth, UIColor::white());
+    m_ring->setCornerRadius(ringRadius);
+    m_innerRing->setBorder(innerRingWidth, UIColor::black());
+    m_innerRing->setCornerRadius(ringRadius - ringWidth);
+    m_ring->addSublayer(m_innerRing);
+}
+
+void UIFocusSystem::focus(std::shared_ptr<UIView> view)
+{
+    m_focused = std::move(view);
+}
+
+bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
+{
+    window.layoutIfNeeded();
+    UIViewController& controller = topController(window);
+    const std::shared_ptr<UIView> screen = controller.view();
+    const auto keepAlive = controller.shared_from_this();
+    replaceLostFocus(*screen);
+    m_ringIsWanted = true;
+
+    const std::shared_ptr<UIView> start = m_focused ? m_focused : screen;
+    for (UIView* view = start.get(); view && view != &window; view = view->superview()) {
+        if (view->keyPressed(press) || (view->viewController() && view->viewController()->keyPressed(press)))
+            return true;
+    }
+    switch (press.key) {
+    case HostKey::tab:
+        moveFocus(window, !press.shift);
+        return true;
+    case HostKey::down:
+    case HostKey::right:
+        moveFocus(window, true);
+        return true;
+    case HostKey::up:
+    case HostKey::left:
+        moveFocus(window, false);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void UIFocusSystem::moveFocus(UIWindow& window, bool forward)
+{
+    const auto views = focusableViews(*topController(window).view());
+    if (views.empty())
+        return;
+    const auto current = std::find(views.begin(), views.end(), m_focused);
+    if (current == views.end()) {
+        m_focused = forward ? views.front() : views.back();
+        return;
+    }
+    const auto count = static_cast<std::ptrdiff_t>(views.size());
+    const std::ptrdiff_t next = (current - views.begin() + (forward ? 1 : count - 1)) % count;
+    m_focused = views[static_cast<std::size_t>(next)];
+}
+
+void UIFocusSystem::replaceLostFocus(UIView& screen)
+{
+    if (m_focused && m_focused->isDescendantOf(screen) && !m_focused->isHidden())
+        return;
+    const bool wasOnThisScreen = m_focused && !m_focused->window();
+    m_focused.reset();
+    if (!wasOnThisScreen || m_place.isNull())
+        return;
+    const auto distance = [this](const UIView& view) {
+        const CGVector way = view.convertToWindow(view.bounds().center()) - m_place.center();
+        return std::hypot(way.dx, way.dy);
+    };
+    const auto views = focusableViews(screen);
+    const auto nearest = std::min_element(views.begin(), views.end(),
+        [&](const auto& a, const auto& b) { return distance(*a) < distance(*b); });
+    if (nearest != views.end())
+        m_focused = *nearest;
+}
+
+void UIFocusSystem::update(UIWindow& window)
+{
+    if (m_focused)
+        replaceLostFocus(*topController(window).view());
+    placeRing(window);
+}
+
+void UIFocusSystem::placeRing(UIWindow& window)
+{
+    const bool isSeen = m_focused && m_ringIsWanted && UIResponder::current() == nullptr;
+    m_ring->setHidden(!isSeen);
+    if (!m_focused)
+        return;
+    m_place = m_focused->shownInWindow(m_focused->bounds()).intersected(m_focused->clipInWindow());
+    if (!isSeen)
+        return;
+    if (window.layer().sublayers().back() != m_ring)
+        window.layer().addSublayer(m_ring);
+    m_ring->setFrame(m_place);
+    m_innerRing->setFrame(m_ring->bounds().insetBy(ringWidth, ringWidth));
+}
+
+} // namespace velmorath

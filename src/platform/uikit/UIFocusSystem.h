@@ -1,0 +1,42 @@
+#pragma once
+
+#include "CALayer.h"
+#include "UIView.h"
+#include <memory>
+#include <vector>
+
+namespace velmorath {
+
+class UIWindow;
+
+/// Where keys go while no text is edited: to one view of the screen on top, and from there outwards until
+/// somebody can use them. A ring marks the view as long as keys are used and no finger is.
+class UIFocusSystem {
+public:
+    UIFocusSystem();
+
+    /// False when nobody could use the key.
+    bool keyPressed(UIWindow&, const HostKeyPress&);
+
+    const std::shared_ptr<UIView>& focusedView() const { return m_focused; }
+    void focus(std::shared_ptr<UIView>);
+    /// A finger came down: nothing is marked until the next key.
+    void hideRing() { m_ringIsWanted = false; }
+    /// Keeps the ring where its view is shown. Called with each frame. A view that has gone leaves the
+    /// focus to its neighbour.
+    void update(UIWindow&);
+
+private:
+    void moveFocus(UIWindow&, bool forward);
+    void replaceLostFocus(UIView& screen);
+    void placeRing(UIWindow&);
+
+    std::shared_ptr<UIView> m_focused;
+    /// Where the focused view was last, in the window.
+    CGRect m_place = CGRect::null();
+    std::shared_ptr<CALayer> m_ring;
+    std::shared_ptr<CALayer> m_innerRing;
+    bool m_ringIsWanted = false;
+};
+
+} // namespace velmorath

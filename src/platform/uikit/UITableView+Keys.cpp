@@ -1,0 +1,81 @@
+#include "HostKey.h"
+#include "UIApplication.h"
+#include "UITableView.h"
+
+namespace velmorath {
+
+std::optional<std::int64_t> UITableView::focusedRow() const
+{
+    const std::shared_ptr<UIView>& focused = UIApplication::shared().focusSystem().focusedView();
+    for (const auto& [place, cell] : m_rows) {
+        if (cell == focused)
+            return place;
+    }
+    return {};
+}
+
+bool UITableView::keyPressed(const HostKeyPress& press)
+{
+    const std::optional<std::int64_t> row = focusedRow();
+    if (!row)
+        return false;
+    if (press.key == HostKey::enter) {
+        selectByUser(*row);
+        return true;
+    }
+
+    const auto page =
+        std::max<std::int64_t>(1, static_cast<std::int64_t>(bounds().size.height / m_rowHeight) - 1);
+    std::int64_t target = *row;
+    switch (press.key) {
+    case HostKey::up:
+        target -= 1;
+        break;
+    case HostKey::down:
+        target += 1;
+        break;
+    case HostKey::pageUp:
+        target = std::max<std::int64_t>(0, target - page);
+        break;
+    case HostKey::pageDown:
+        target = std::min(m_count - 1, target + page);
+        break;
+    case HostKey::home:
+        target = 0;
+        break;
+    case HostKey::end:
+        target = m_count - 1;
+        break;
+    default:
+        return false;
+    }
+    if (target < 0 || target >= m_count)
+        return press.alt;
+    if (press.alt)
+        moveFocusedRow(*row, target);
+    else
+        focusRow(target);
+    return true;
+}
+
+void UITableView::focusRow(std::int64_t row)
+{
+    const CGRect rect = rectForRow(row);
+    CGFloat y = contentOffset().y;
+    if (rect.minY() < y)
+        y = rect.minY();
+    else if (rect.maxY() > y + bounds().size.height)
+        y = rect.maxY() - bounds().size.height;
+    setContentOffset({0, y});
+    UIApplication::shared().focusSystem().focus(cellForRow({0, row}));
+}
+
+void UITableView::moveFocusedRow(std::int64_t from, std::int64_t to)
+{
+    if (from == to || !m_dataSource->tableViewCanEditRowAtIndexPath(*this, {0, from}))
+        return;
+    m_dataSource->tableViewMoveRowAtIndexPathToIndexPath(*this, {0, from}, {0, to});
+    focusRow(to);
+}
+
+} // namespace velmorath
