@@ -48,9 +48,7 @@ TableViewCell::TableViewCell(UITableViewCellStyle style, std::string reuseIdenti
     label->setReturnKeyType(UIReturnKeyType::done);
     label->setDelegate(this);
     labelData->setDelegate(this);
-    // Neither a long text nor one that reads from the right touches the row's end. The date's field ends
-    // far out of sight, so that dates stand on the left in every language.
-    label->setRightInset(kLabelLeftMargin);
+    // The field ends far out of sight: dates stand on the left in every language.
     labelData->setTextAlignment(CGTextAlignment::left);
 
     addSubview(label);
@@ -90,6 +88,8 @@ void TableViewCell::layoutSubviews()
     gradientLayer->setFrame(bounds());
     itemCompleteLayer->setFrame(bounds());
     label->setFrame(CGRectMake(kLabelLeftMargin, 0, width - kLabelLeftMargin, height));
+    // Neither a long text nor one that reads from the right touches the row's end.
+    label->setRightInset(std::max(kLabelLeftMargin, reorderControlWidth()));
     labelData->setFrame(CGRectMake(width - dateColumnWidth, -dateRise, width - kLabelLeftMargin, height));
     tickLabel->setFrame(CGRectMake(-(kUICuesWidth + kUICuesMargin), 0, kUICuesWidth, height));
     crossLabel->setFrame(CGRectMake(width + kUICuesMargin, 0, kUICuesWidth, height));

@@ -85,6 +85,7 @@ void UIApplication::endIgnoringInteractionEvents()
 void UIApplication::textEditingBegan(UITextEditingView& view)
 {
     m_editedView = &view;
+    m_focusSystem.focusAround(view);
     m_windows.push_back(std::make_shared<UIRemoteKeyboardWindow>());
 }
 

@@ -63,6 +63,16 @@ void UIFocusSystem::focus(std::shared_ptr<UIView> view)
     m_focused = std::move(view);
 }
 
+void UIFocusSystem::focusAround(UIView& view)
+{
+    for (UIView* around = &view; around; around = around->superview()) {
+        if (around->canBecomeFocused()) {
+            m_focused = around->shared_from_this();
+            return;
+        }
+    }
+}
+
 bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
 {
     window.layoutIfNeeded();
@@ -113,9 +123,9 @@ void UIFocusSystem::replaceLostFocus(UIView& screen)
 {
     if (m_focused && m_focused->isDescendantOf(screen) && !m_focused->isHidden())
         return;
-    const bool wasOnThisScreen = m_focused && !m_focused->window();
-    m_focused.reset();
-    if (!wasOnThisScreen || m_place.isNull())
+    const bool isOnAnotherScreen = m_focused && m_focused->window() && !m_focused->isDescendantOf(screen);
+    const bool wasThere = std::exchange(m_focused, nullptr) != nullptr;
+    if (!wasThere || isOnAnotherScreen || m_place.isNull())
         return;
     const auto distance = [this](const UIView& view) {
         const CGVector way = view.convertToWindow(view.bounds().center()) - m_place.center();

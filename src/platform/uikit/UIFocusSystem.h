@@ -20,6 +20,8 @@ public:
 
     const std::shared_ptr<UIView>& focusedView() const { return m_focused; }
     void focus(std::shared_ptr<UIView>);
+    /// Points the keys at the innermost view around this one that they can be pointed at.
+    void focusAround(UIView&);
     /// A finger came down: nothing is marked until the next key.
     void hideRing() { m_ringIsWanted = false; }
     /// Keeps the ring where its view is shown. Called with each frame. A view that has gone leaves the

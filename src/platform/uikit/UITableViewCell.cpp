@@ -76,10 +76,15 @@ void UITableViewCell::setShowsReorderControl(bool shows)
     setNeedsLayout();
 }
 
+CGFloat UITableViewCell::reorderControlWidth() const
+{
+    return m_reorderControl ? UITableViewReorderControl::width : 0;
+}
+
 void UITableViewCell::layoutSubviews()
 {
     const CGSize size = bounds().size;
-    const CGFloat controlWidth = m_reorderControl ? UITableViewReorderControl::width : 0;
+    const CGFloat controlWidth = reorderControlWidth();
     CGFloat right = size.width - controlWidth - textMargin;
     if (m_checkmark) {
         right -= checkmarkWidth;

@@ -34,6 +34,8 @@ public:
 
     /// Shows or takes away the handle at the right end by which the row is dragged to another place.
     void setShowsReorderControl(bool);
+    /// How much of the row's right end that handle takes; nothing when it is not there.
+    CGFloat reorderControlWidth() const;
 
     bool canBecomeFocused() const override { return true; }
     void layoutSubviews() override;

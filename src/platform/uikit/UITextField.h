@@ -29,7 +29,7 @@ public:
     CGFloat minimumFontSize() const { return m_minimumFontSize; }
     void setMinimumFontSize(CGFloat size) { m_minimumFontSize = size; }
     /// How much of the field's right end its text keeps off.
-    void setRightInset(CGFloat inset) { m_rightInset = inset; }
+    void setRightInset(CGFloat);
     void setDelegate(UITextFieldDelegate* delegate) { m_delegate = delegate; }
 
     /// Where the text is drawn, in the field's coordinates: no wider than there is room.
