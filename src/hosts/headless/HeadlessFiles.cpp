@@ -12,11 +12,12 @@ std::string makeScratchFolder()
     return mkdtemp(name.data()) ? name : std::string();
 }
 
-}
+} // namespace
 
 HeadlessFiles::HeadlessFiles(std::string resourceDirectory)
     : m_scratchFolder(makeScratchFolder())
-    , m_files(m_scratchFolder + "/Documents", m_scratchFolder + "/defaults.plist", std::move(resourceDirectory))
+    , m_files(
+          m_scratchFolder + "/Documents", m_scratchFolder + "/defaults.plist", std::move(resourceDirectory))
 {
 }
 
@@ -29,6 +30,12 @@ HeadlessFiles::~HeadlessFiles()
 std::optional<std::string> HeadlessFiles::documentDirectory()
 {
     return m_hasDocumentDirectory ? m_files.documentDirectory() : std::nullopt;
+}
+
+bool HeadlessFiles::exists(const std::string& path)
+{
+    const bool isHidden = !m_hidden.empty() && path.ends_with("/" + m_hidden);
+    return !isHidden && m_files.exists(path);
 }
 
 std::optional<Error> HeadlessFiles::fault(Operation operation, const std::string& path) const

@@ -18,12 +18,14 @@ public:
     std::optional<std::string> documentDirectory() override;
     std::optional<std::string> defaultsFile() override { return m_files.defaultsFile(); }
     std::string resourceDirectory() override { return m_files.resourceDirectory(); }
-    bool exists(const std::string& path) override { return m_files.exists(path); }
+    bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
     std::optional<Error> replace(const std::string& path, std::string_view bytes) override;
     std::optional<Error> setAside(const std::string& path) override;
 
     void setFault(Fault fault) { m_fault = std::move(fault); }
+    /// From now on there is no file of this name, wherever it is.
+    void setHidden(std::string fileName) { m_hidden = std::move(fileName); }
     void setHasDocumentDirectory(bool has) { m_hasDocumentDirectory = has; }
     /// How many files were written.
     int replacements() const { return m_replacements; }
@@ -34,6 +36,7 @@ private:
     std::string m_scratchFolder;
     PosixFiles m_files;
     Fault m_fault;
+    std::string m_hidden;
     bool m_hasDocumentDirectory = true;
     int m_replacements = 0;
 };

@@ -49,11 +49,16 @@ void HeadlessHost::advance(double seconds)
         } else {
             m_clock.moveTo(frameAt);
             m_screen.takeFrameRequest();
-            m_client->prepareFrame();
+            prepareFrame();
             ++m_framesPrepared;
         }
     }
     m_clock.moveTo(end);
+}
+
+void HeadlessHost::prepareFrame()
+{
+    m_damage = m_damage.united(m_client->prepareFrame());
 }
 
 void HeadlessHost::resize(CGSize size)
@@ -64,7 +69,7 @@ void HeadlessHost::resize(CGSize size)
 
 DrawingRecorder HeadlessHost::draw()
 {
-    m_client->prepareFrame();
+    prepareFrame();
     DrawingRecorder recorder;
     m_client->draw(recorder, {{0, 0}, m_screen.size()});
     return recorder;

@@ -38,6 +38,8 @@ public:
     void advance(double seconds);
     /// How many frames the program asked for since it started to run.
     int framesPrepared() const { return m_framesPrepared; }
+    /// What had to be drawn again since this was last asked; the null rectangle when nothing.
+    CGRect takeDamage() { return std::exchange(m_damage, CGRect::null()); }
 
     void resize(CGSize);
     void wheel(CGPoint location, CGFloat dy) { m_client->scrolled(location, {0, dy}); }
@@ -53,6 +55,8 @@ public:
     DrawingRecorder draw();
 
 private:
+    void prepareFrame();
+
     HeadlessScreen m_screen;
     HeadlessTextInput m_textInput;
     HeadlessClock m_clock;
@@ -62,6 +66,7 @@ private:
     HeadlessConsole m_console;
     HostClient* m_client = nullptr;
     int m_framesPrepared = 0;
+    CGRect m_damage = CGRect::null();
 };
 
 } // namespace velmorath

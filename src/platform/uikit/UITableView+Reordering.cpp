@@ -72,7 +72,7 @@ void UITableView::moveDraggedRowTo(std::int64_t place)
             m_rows.erase(left);
             if (cell) {
                 m_rows[left] = cell;
-                cell->setFrame(rectForRow(left));
+                putInPlace(*cell, left);
             }
         }
     });
@@ -115,7 +115,7 @@ void UITableView::endReordering(bool isDropped)
     // The row sinks from where it was let go into its place.
     over.cell->layer().removeShadow();
     cell->setCenter(droppedAt);
-    UIView::animate(moveAsideDuration, 0, [&] { cell->setFrame(rectForRow(over.to)); });
+    UIView::animate(moveAsideDuration, 0, [&] { putInPlace(*cell, over.to); });
 }
 
 } // namespace velmorath

@@ -51,6 +51,13 @@ CGRect UITableView::rectForRow(std::int64_t row) const
     return CGRectMake(0, static_cast<CGFloat>(row) * m_rowHeight, bounds().size.width, m_rowHeight);
 }
 
+void UITableView::putInPlace(UITableViewCell& cell, std::int64_t row) const
+{
+    const CGRect rect = rectForRow(row);
+    cell.setBounds({{0, 0}, rect.size});
+    cell.setCenter(rect.center());
+}
+
 UITableView::Rows UITableView::rowsInSight() const
 {
     const CGFloat top = contentOffset().y;
@@ -105,7 +112,7 @@ void UITableView::reloadData()
         if (place < m_count && mustStay(*cell)) {
             kept.emplace(place, cell);
             cell->setSelected(false);
-            cell->setFrame(rectForRow(place));
+            putInPlace(*cell, place);
             if (m_delegate)
                 m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, {0, place});
         } else {
@@ -151,7 +158,7 @@ void UITableView::placeAllRows()
     m_laidOutWidth = bounds().size.width;
     updateContentSize();
     for (const auto& [place, cell] : m_rows)
-        cell->setFrame(rectForRow(place));
+        putInPlace(*cell, place);
 }
 
 bool UITableView::mustStay(const UITableViewCell& cell) const
@@ -180,7 +187,7 @@ std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
 {
     const IndexPath path{0, dataRow(place)};
     std::shared_ptr<UITableViewCell> cell = m_dataSource->tableViewCellForRowAtIndexPath(*this, path);
-    cell->setFrame(rectForRow(place));
+    putInPlace(*cell, place);
     cell->setShowsReorderControl(m_editing && m_dataSource->tableViewCanEditRowAtIndexPath(*this, path));
     cell->setSelected(m_selectedRow == path.row);
     if (m_delegate)
@@ -256,7 +263,7 @@ void UITableView::endUpdates()
     updateContentSize();
     UIView::animate(updateDuration, 0, [this] {
         for (const auto& [place, cell] : m_rows)
-            cell->setFrame(rectForRow(place));
+            putInPlace(*cell, place);
         if (!isDragging() && !isDecelerating())
             moveContentTo(std::min(contentOffset().y, std::max(0.0, maximumOffset())));
     });
@@ -269,9 +276,8 @@ void UITableView::endUpdates()
     for (const auto& [place, cell] : m_rows) {
         if (known.contains(place) || (!known.empty() && place < known.begin()->first))
             continue;
-        cell->setFrame(rectForRow(place).offsetBy(0, way));
-        UIView::animate(
-            updateDuration, 0, [this, &cell = cell, place = place] { cell->setFrame(rectForRow(place)); });
+        cell->setCenter(cell->center() + CGVector{0, way});
+        UIView::animate(updateDuration, 0, [this, &cell = cell, place = place] { putInPlace(*cell, place); });
     }
 }
 

@@ -121,6 +121,8 @@ private:
     };
 
     CGRect rectForRow(std::int64_t row) const;
+    /// Where the row belongs, whatever transform somebody moved it away with.
+    void putInPlace(UITableViewCell&, std::int64_t row) const;
     Rows rowsInSight() const;
     void updateContentSize();
     /// The row of the data that is shown at this place while another is being dragged.

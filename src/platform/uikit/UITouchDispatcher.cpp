@@ -86,6 +86,7 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
         }
     }
     const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
+    std::vector<std::shared_ptr<UIGestureRecognizer>> winners;
     for (auto& entry : addressed) {
         const std::shared_ptr<UIGestureRecognizer>& recognizer = entry.first;
         UITouches& touches = entry.second;
@@ -94,11 +95,16 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
             return;
         if (!areNew)
             std::erase_if(touches, [&](const auto& touch) { return !recognizer->isTracking(*touch); });
+        // A gesture that begins as soon as the finger is down has it before the others hear of it.
+        for (const auto& winner : winners)
+            std::erase_if(touches, [&](const auto& touch) { return winner->isTracking(*touch); });
         if (touches.empty())
             continue;
         ((*recognizer).*toRecognizer)(touches);
-        if (recognizer->takeBeginning() || recognizer->claimsTouches())
+        if (recognizer->takeBeginning() || recognizer->claimsTouches()) {
             giveTouchesTo(recognizer);
+            winners.push_back(recognizer);
+        }
     }
 }
 

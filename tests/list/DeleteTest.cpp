@@ -1,0 +1,180 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+class DeleteTest : public ListTest {
+protected:
+    CGFloat shownTop(const TableViewCell& cell)
+    {
+        const CALayerGeometry shown = cell.layer().presented(host.clock().now());
+        return shown.position.y - shown.bounds.size.height / 2;
+    }
+};
+
+TEST_F(DeleteTest, TellsSavesAndFeels)
+{
+    start({"One", "Two", "Three"});
+    Finger finger = beginSwipe(1, -200);
+    takeLines();
+    finger.lift();
+    Lines lines = takeLines();
+    ASSERT_GE(lines.size(), 7u);
+    lines.resize(7);
+    EXPECT_EQ(lines,
+        (Lines{"handlePan", "toDoItemDeleted:", "index = 1", "arrayNote.removeAtIndex(index)",
+            "SalvoEPrelevoDatiDaFile().ArchiveResults", "ArchiveResults", "Success writing to file!"}));
+    EXPECT_EQ(takeFelt(), (Lines{"cancella.mp3", "vibration"}));
+    EXPECT_EQ(saved(), (Lines{"One", "Three"}));
+    EXPECT_EQ(badge(), 2);
+}
+
+TEST_F(DeleteTest, ACompletedNoteDoesNotCount)
+{
+    start({"One", "x Two"});
+    ASSERT_EQ(badge(), 1);
+    swipe(1, -200);
+    EXPECT_EQ(notes(), (Lines{"One"}));
+    EXPECT_EQ(badge(), 1);
+}
+
+TEST_F(DeleteTest, TheRowsBelowCloseTheGapOneAfterAnother)
+{
+    start({"1", "2", "3", "4", "5"});
+    const auto before = rows();
+    swipe(1, -200);
+    EXPECT_TRUE(before[1]->isHidden());
+    host.advance(0.02);
+    EXPECT_LT(shownTop(*before[2]), 120);
+    EXPECT_EQ(shownTop(*before[3]), 180);
+    host.advance(0.03);
+    EXPECT_LT(shownTop(*before[3]), 180);
+    EXPECT_EQ(shownTop(*before[4]), 240);
+    EXPECT_EQ(shownTop(*before[0]), 0);
+
+    // The last one starts after 0.06 s and takes 0.3 s; the table reloads when it is there.
+    takeLines();
+    host.advance(0.30);
+    EXPECT_EQ(takeLines("tableView(tableView:"), Lines());
+    host.advance(0.05);
+    EXPECT_EQ(takeLines("tableView(tableView:").size(), 4u);
+    EXPECT_EQ(shown(), (Lines{"1", "3", "4", "5"}));
+    for (std::size_t place = 0; place < 4; ++place)
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+    EXPECT_EQ(row(3).backgroundColor(), (CGColor{0, 0.6, 1, 1}));
+}
+
+TEST_F(DeleteTest, ARowThatComesIntoSightSlidesUpWithTheOthers)
+{
+    start({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
+    swipe(0, -200);
+    const auto incoming = rows().back();
+    EXPECT_EQ(incoming->toDoItem()->text, "9");
+    EXPECT_EQ(shownTop(*incoming), 480);
+    host.advance(0.1);
+    EXPECT_LT(shownTop(*incoming), 480);
+    host.advance(1);
+    EXPECT_EQ(shown(), (Lines{"2", "3", "4", "5", "6", "7", "8", "9"}));
+}
+
+TEST_F(DeleteTest, TheLastRow)
+{
+    start({"One", "Two"});
+    swipe(1, -200);
+    host.advance(1);
+    EXPECT_EQ(shown(), (Lines{"One"}));
+    EXPECT_FALSE(host.draw().text("Two"));
+    swipe(0, -200);
+    host.advance(1);
+    EXPECT_EQ(saved(), Lines());
+    EXPECT_EQ(shown(), Lines());
+    EXPECT_EQ(badge(), 0);
+    EXPECT_TRUE(host.draw().texts().empty());
+}
+
+TEST_F(DeleteTest, AtTheEndOfALongListNothingStaysEmptyBelow)
+{
+    Lines many;
+    for (int i = 0; i < 12; ++i)
+        many.push_back(std::to_string(i));
+    start(many);
+    scroll(-240);
+    ASSERT_EQ(table().contentOffset().y, 240);
+    swipe(7, -200);
+    host.advance(1);
+    EXPECT_EQ(table().contentOffset().y, 180);
+    EXPECT_EQ(shown(), (Lines{"3", "4", "5", "6", "7", "8", "9", "10"}));
+    EXPECT_EQ(row(7).frame(), CGRectMake(0, 600, 320, 60));
+}
+
+TEST_F(DeleteTest, OneRightAfterTheOther)
+{
+    start({"1", "2", "3", "4", "5", "6"});
+    swipe(1, -200);
+    host.advance(0.1);
+    swipe(2, -200);
+    swipe(0, -200);
+    host.advance(2);
+    EXPECT_EQ(saved(), (Lines{"3", "5", "6"}));
+    EXPECT_EQ(shown(), saved());
+    for (std::size_t place = 0; place < 3; ++place) {
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+        EXPECT_FALSE(row(place).isHidden());
+        EXPECT_EQ(row(place).alpha(), 1);
+    }
+    EXPECT_EQ(badge(), 3);
+}
+
+TEST_F(DeleteTest, ANoteIsFoundByWhatItIsNotByItsText)
+{
+    start({"same", "same", "x same"});
+    const auto second = list().arrayNote[1];
+    swipe(1, -200);
+    ASSERT_EQ(notes(), (Lines{"same", "x same"}));
+    EXPECT_NE(list().arrayNote[0], second);
+}
+
+TEST_F(DeleteTest, IsRefusedWhileTyping)
+{
+    start({"One", "Two"});
+    tapWords(0);
+    takeFelt();
+    takeLines();
+    list().toDoItemDeleted(list().arrayNote[1]);
+    EXPECT_EQ(takeLines(),
+        (Lines{"toDoItemDeleted:",
+            "❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non la "
+            "posso "
+            "cncellare"}));
+    EXPECT_EQ(takeFelt(), Lines());
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+}
+
+TEST_F(DeleteTest, AFullDiskKeepsTheListAndTheOldFile)
+{
+    start({"One", "Two", "Three"});
+    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) {
+        return operation == HeadlessFiles::Operation::replace ? std::optional(Error{"disk full"})
+                                                              : std::nullopt;
+    });
+    swipe(0, -200);
+    host.advance(1);
+    EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
+    EXPECT_EQ(shown(), (Lines{"Two", "Three"}));
+    EXPECT_EQ(saved(), (Lines{"One", "Two", "Three"}));
+    host.files().setFault({});
+    swipe(0, -200);
+    EXPECT_EQ(countLines("Success writing to file!"), 1u);
+    EXPECT_EQ(saved(), (Lines{"Three"}));
+}
+
+using DeleteDeathTest = DeleteTest;
+
+TEST_F(DeleteDeathTest, NothingCanBeDeletedFromAnEmptyList)
+{
+    start({});
+    EXPECT_DEATH(list().toDoItemDeleted(std::make_shared<ToDoItem2>()), "empty list");
+}
+
+} // namespace
+} // namespace velmorath

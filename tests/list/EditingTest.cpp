@@ -1,0 +1,190 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+class EditingTest : public ListTest {
+protected:
+    CGFloat shownAlpha(std::size_t place) { return row(place).layer().presented(host.clock().now()).opacity; }
+};
+
+TEST_F(EditingTest, TheRowGoesToTheTopAndTheOthersFade)
+{
+    start({"1", "2", "3", "4"});
+    takeFelt();
+    tapWords(2);
+    EXPECT_EQ(takeFelt(), (Lines{"vanti.mp3", "vibration"}));
+    Lines lines = takeLines();
+    const auto first = std::find(lines.begin(), lines.end(), "textFieldShouldBeginEditing");
+    EXPECT_EQ(Lines(first, lines.end()),
+        (Lines{"textFieldShouldBeginEditing", "textFieldDidBeginEditing",
+            "👍👍👍👍👍👍👍👍👍👍👍👍 ùùùùùùùùùùùùùùùùùùùùùùùùùùùùù cellDidBeginEditing(editingCell:", "play SUONO",
+            "tableView.contentOffset.y : 0.0", "editingCell.frame.origin.y : 120.0"}));
+
+    for (std::size_t place = 0; place < 4; ++place) {
+        EXPECT_EQ(row(place).transform(), CGAffineTransform::translation(0, -120));
+        EXPECT_EQ(row(place).alpha(), place == 2 ? 1.0 : 0.3);
+    }
+    EXPECT_GT(shownAlpha(0), 0.3);
+    host.advance(0.4);
+    EXPECT_EQ(shownAlpha(0), 0.3);
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+    EXPECT_EQ(host.textInput().frame().minX(), 15);
+    EXPECT_EQ(host.textInput().opacity(), 1);
+    EXPECT_FALSE(host.draw().text("3"));
+
+    type("three");
+    EXPECT_FALSE(list().tastieraAttiva);
+    host.advance(0.4);
+    for (std::size_t place = 0; place < 4; ++place) {
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+        EXPECT_EQ(shownAlpha(place), 1);
+    }
+    EXPECT_TRUE(host.draw().text("three"));
+    EXPECT_EQ(saved(), (Lines{"1", "2", "three", "4"}));
+}
+
+TEST_F(EditingTest, InAScrolledListTheRowGoesToTheTopOfWhatIsInSight)
+{
+    Lines many(20, "note");
+    start(many);
+    scroll(-90);
+    ASSERT_EQ(table().contentOffset().y, 90);
+    tap({20, 200});
+    EXPECT_EQ(countLines("tableView.contentOffset.y : 90.0"), 1u);
+    EXPECT_EQ(countLines("editingCell.frame.origin.y : 240.0"), 1u);
+    EXPECT_EQ(row(0).transform(), CGAffineTransform::translation(0, -150));
+    host.advance(0.4);
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+}
+
+TEST_F(EditingTest, EveryEndWithTextCountsOneMoreUntilTheListAppearsAgain)
+{
+    start({"One", "Two"});
+    ASSERT_EQ(badge(), 2);
+    tapWords(0);
+    takeLines();
+    type("One");
+    const Lines lines = takeLines();
+    ASSERT_GE(lines.size(), 4u);
+    EXPECT_EQ(Lines(lines.end() - 4, lines.end()),
+        (Lines{"il tasto cè quindi devo salvare il nuovo array con la nuova nota", "ArchiveResults",
+            "Success writing to file!", "-------------------------appIconBadge :   true"}));
+    EXPECT_EQ(badge(), 3);
+
+    host.advance(0.5);
+    tapBesideWords(0);
+    host.advance(0.5);
+    tap({28, 28});
+    host.advance(0.5);
+    EXPECT_EQ(badge(), 2);
+}
+
+TEST_F(EditingTest, ANoteLeftEmptyIsDeleted)
+{
+    start({"One", "Two"});
+    tapWords(0);
+    type("");
+    EXPECT_EQ(countLines("toDoItemDeleted:"), 1u);
+    EXPECT_EQ(takeFelt(), (Lines{"vanti.mp3", "vibration", "cancella.mp3", "vibration"}));
+    EXPECT_EQ(saved(), (Lines{"Two"}));
+    EXPECT_EQ(badge(), 1);
+    host.advance(1);
+    EXPECT_EQ(shown(), (Lines{"Two"}));
+    EXPECT_EQ(row(0).frame(), CGRectMake(0, 0, 320, 60));
+    EXPECT_EQ(row(0).alpha(), 1);
+}
+
+TEST_F(EditingTest, SpacesAreText)
+{
+    start({"One"});
+    tapWords(0);
+    type(" ");
+    EXPECT_EQ(saved(), (Lines{" "}));
+}
+
+TEST_F(EditingTest, TappingOtherWordsCommitsTheOneAndEditsTheOther)
+{
+    start({"One", "Two", "Three"});
+    tapWords(0);
+    host.textInput().replaceText("Uno");
+    host.advance(0.5);
+    tapWords(1);
+    EXPECT_EQ(saved(), (Lines{"Uno", "Two", "Three"}));
+    EXPECT_TRUE(row(1).label->isEditing());
+    EXPECT_EQ(host.textInput().text(), "Two");
+    EXPECT_TRUE(list().tastieraAttiva);
+    host.advance(0.5);
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+    EXPECT_EQ(row(0).alpha(), 0.3);
+    EXPECT_EQ(row(1).alpha(), 1.0);
+    type("Due");
+    host.advance(0.5);
+    EXPECT_EQ(saved(), (Lines{"Uno", "Due", "Three"}));
+    EXPECT_EQ(shown(), saved());
+}
+
+TEST_F(EditingTest, LeavingANewEmptyNoteForAnotherDeletesIt)
+{
+    start({"One", "Two"});
+    beginPull(70).lift();
+    host.advance(1);
+    ASSERT_EQ(notes(), (Lines{"", "One", "Two"}));
+    tapWords(2);
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+    EXPECT_TRUE(list().tastieraAttiva);
+    host.advance(1);
+    EXPECT_EQ(host.textInput().text(), "Two");
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+    type("Two and more");
+    host.advance(1);
+    EXPECT_EQ(saved(), (Lines{"One", "Two and more"}));
+    EXPECT_EQ(shown(), saved());
+    for (std::size_t place = 0; place < 2; ++place)
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+}
+
+TEST_F(EditingTest, ATapBesideTheWordsOpensNothingWhileTyping)
+{
+    start({"One", "Two"});
+    tapWords(0);
+    takeLines();
+    tapBesideWords(1);
+    EXPECT_EQ(takeLines("nota perche"),
+        (Lines{"non permetto di caricare il dettaglio della nota perche l utente sta aggiungendone una"}));
+    EXPECT_FALSE(presented());
+    EXPECT_TRUE(row(0).label->isEditing());
+}
+
+TEST_F(EditingTest, AnEditedRowThatScrollsOutOfSightKeepsItsEditor)
+{
+    start(Lines(40, "note"));
+    tapWords(0);
+    const auto edited = rows()[0];
+    host.advance(0.5);
+    host.wheel({100, 100}, -1200);
+    host.advance(0.1);
+    EXPECT_TRUE(host.textInput().isEditing());
+    EXPECT_EQ(edited->superview(), &table());
+    type("far away");
+    EXPECT_EQ(saved()[0], "far away");
+    host.wheel({100, 100}, 1200);
+    host.advance(0.5);
+    EXPECT_EQ(shown()[0], "far away");
+    for (std::size_t place = 0; place < 8; ++place) {
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+        EXPECT_EQ(row(place).alpha(), 1);
+    }
+}
+
+TEST_F(EditingTest, QuittingCommitsWhatWasTyped)
+{
+    start({"One"});
+    tapWords(0);
+    host.textInput().replaceText("Uno");
+    relaunch();
+    EXPECT_EQ(notes(), (Lines{"Uno"}));
+}
+
+} // namespace
+} // namespace velmorath

@@ -1,0 +1,211 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+class PinchTest : public ListTest {
+protected:
+    static constexpr CGFloat x = 100;
+
+    /// Two fingers in the middle of two rows in sight.
+    TwoFingers onRows(std::size_t upper, std::size_t lower)
+    {
+        return TwoFingers(host, {x, upper * 60.0 + 30}, {x, lower * 60.0 + 30});
+    }
+    CGFloat moved(std::size_t place) const { return row(place).transform().ty; }
+    const TableViewCell& placeHolder() const { return *list().placeHolderCell; }
+    static Lines numbers(int count)
+    {
+        Lines texts;
+        for (int i = 0; i < count; ++i)
+            texts.push_back(std::to_string(i));
+        return texts;
+    }
+};
+
+TEST_F(PinchTest, TheGapGrowsBetweenTheRows)
+{
+    start(numbers(6));
+    TwoFingers fingers = onRows(2, 3);
+    // The pinch begins after four points each; the gap counts from there.
+    fingers.spread(4, 4, 1);
+    EXPECT_EQ(takeLines("pinch"), (Lines{"pinchStarted"}));
+    ASSERT_TRUE(list().pinchInProgress);
+    EXPECT_EQ(list().upperCellIndex, 2);
+    EXPECT_EQ(list().lowerCellIndex, 3);
+    EXPECT_EQ(placeHolder().frame(), CGRectMake(0, 150, 320, 60));
+    EXPECT_EQ(placeHolder().backgroundColor(), row(2).backgroundColor());
+    EXPECT_EQ(table().subviews().front(), list().placeHolderCell);
+
+    fingers.spread(15, 15, 1);
+    EXPECT_EQ(moved(2), -15);
+    EXPECT_EQ(moved(0), -15);
+    EXPECT_EQ(moved(3), 15);
+    EXPECT_EQ(moved(5), 15);
+    EXPECT_EQ(placeHolder().transform(), CGAffineTransform::scale(1, 0.5));
+    EXPECT_EQ(placeHolder().alpha(), 0.5);
+    EXPECT_EQ(placeHolder().label->text(), "Pull apart to add item");
+
+    fingers.spread(20, 20, 1);
+    EXPECT_EQ(moved(2), -35);
+    EXPECT_EQ(placeHolder().frame(), CGRectMake(0, 150, 320, 60));
+    EXPECT_EQ(placeHolder().alpha(), 1.0);
+    EXPECT_EQ(placeHolder().label->text(), "Release to add item");
+    EXPECT_TRUE(host.draw().text("Release to add item"));
+
+    takeLines();
+    fingers.lift();
+    EXPECT_EQ(takeLines("inch"), (Lines{"handlePinch", "pinchEnded"}));
+    EXPECT_EQ(notes(), (Lines{"0", "1", "2", "", "3", "4", "5"}));
+    EXPECT_TRUE(row(3).label->isEditing());
+    EXPECT_FALSE(placeHolder().superview());
+    type("between");
+    EXPECT_EQ(saved()[3], "between");
+}
+
+TEST_F(PinchTest, TheStepsTellTheirNames)
+{
+    start({"One", "Two"});
+    TwoFingers fingers = onRows(0, 1);
+    takeLines();
+    fingers.spread(4, 4, 1);
+    EXPECT_EQ(takeLines(),
+        (Lines{"handlePinch", "pinchStarted", "getNormalizedTouchPoints", "viewContainsPoint",
+            "viewContainsPoint", "viewContainsPoint", "viewContainsPoint", "layoutSubviews"}));
+    fingers.spread(5, 5, 1);
+    EXPECT_EQ(takeLines("inch"), (Lines{"handlePinch", "pinchChanged"}));
+}
+
+TEST_F(PinchTest, AGapNotHigherThanARowSlidesBack)
+{
+    start(numbers(6));
+    TwoFingers fingers = onRows(1, 2);
+    fingers.spread(4, 4, 1);
+    fingers.spread(30, 30, 1);
+    EXPECT_EQ(placeHolder().alpha(), 1.0);
+    EXPECT_FALSE(list().pinchExceededRequiredDistance);
+    fingers.lift();
+    EXPECT_EQ(moved(1), 0);
+    host.advance(0.1);
+    EXPECT_LT(row(1).layer().presented(host.clock().now()).transform.ty, 0);
+    host.advance(0.15);
+    EXPECT_EQ(row(1).layer().presented(host.clock().now()).transform.ty, 0);
+    EXPECT_EQ(notes(), numbers(6));
+    EXPECT_FALSE(placeHolder().superview());
+}
+
+TEST_F(PinchTest, TheFingerThatWentFartherCounts)
+{
+    start(numbers(6));
+    TwoFingers fingers = onRows(2, 3);
+    fingers.spread(0, 8, 1);
+    fingers.spread(0, 40, 4);
+    EXPECT_EQ(moved(2), -40);
+    EXPECT_EQ(moved(3), 40);
+    fingers.spread(-10, -60, 4);
+    EXPECT_EQ(moved(2), 0);
+    EXPECT_EQ(placeHolder().alpha(), 0);
+    fingers.lift();
+    EXPECT_EQ(notes(), numbers(6));
+}
+
+TEST_F(PinchTest, InAScrolledListTheRowsAboveCount)
+{
+    start(numbers(30));
+    scroll(-180);
+    ASSERT_EQ(table().contentOffset().y, 180);
+    TwoFingers fingers = onRows(2, 3);
+    fingers.spread(50, 50);
+    fingers.lift();
+    EXPECT_EQ(notes()[6], "");
+    EXPECT_EQ(notes()[5], "5");
+    EXPECT_EQ(notes()[7], "6");
+}
+
+TEST_F(PinchTest, OnlyNeighbouringRowsAreSpread)
+{
+    start(numbers(4));
+    for (const auto& [upper, lower] : {std::pair{0, 2}, std::pair{3, 5}, std::pair{5, 6}}) {
+        TwoFingers fingers = onRows(static_cast<std::size_t>(upper), static_cast<std::size_t>(lower));
+        fingers.spread(50, 50);
+        EXPECT_FALSE(list().pinchInProgress);
+        EXPECT_FALSE(placeHolder().superview());
+        for (std::size_t place = 0; place < 4; ++place)
+            EXPECT_EQ(moved(place), 0);
+        fingers.lift();
+    }
+    TwoFingers onOne(host, {x, 70}, {x, 110});
+    onOne.spread(4, 4, 1);
+    EXPECT_FALSE(list().pinchInProgress);
+    onOne.lift();
+    EXPECT_EQ(notes(), numbers(4));
+}
+
+TEST_F(PinchTest, TwoFingersAreNoTapNoSwipeAndNoScroll)
+{
+    start(numbers(20));
+    takeLines();
+    TwoFingers fingers = onRows(1, 2);
+    fingers.spread(-100, 100);
+    fingers.lift();
+    onRows(1, 2).lift();
+    EXPECT_EQ(table().contentOffset().y, 0);
+    EXPECT_EQ(countLines("handlePan"), 0u);
+    EXPECT_EQ(countLines("scrollViewWillBeginDragging"), 0u);
+    EXPECT_FALSE(presented());
+    EXPECT_FALSE(host.textInput().isEditing());
+}
+
+TEST_F(PinchTest, NeverWhileTyping)
+{
+    start(numbers(4));
+    tapWords(0);
+    host.advance(0.5);
+    TwoFingers fingers = onRows(1, 2);
+    fingers.spread(50, 50);
+    EXPECT_FALSE(list().pinchInProgress);
+    fingers.lift();
+    EXPECT_EQ(notes(), numbers(4));
+    EXPECT_TRUE(list().tastieraAttiva);
+}
+
+TEST_F(PinchTest, ACancelledPinchStaysUntilTheNextOneEnds)
+{
+    start(numbers(4));
+    TwoFingers fingers = onRows(0, 1);
+    fingers.spread(4, 4, 1);
+    fingers.spread(20, 20, 2);
+    fingers.cancel();
+    host.advance(1);
+    EXPECT_EQ(moved(0), -20);
+    EXPECT_EQ(moved(3), 20);
+    EXPECT_TRUE(placeHolder().superview());
+    TwoFingers next(host, {x, 400}, {x, 440});
+    next.spread(10, 10);
+    next.lift();
+    EXPECT_EQ(moved(0), 0);
+    EXPECT_EQ(moved(3), 0);
+    EXPECT_FALSE(placeHolder().superview());
+}
+
+using PinchDeathTest = PinchTest;
+
+TEST_F(PinchDeathTest, WhatCannotBe)
+{
+    start(numbers(20));
+    TwoFingers fingers = onRows(0, 1);
+    fingers.spread(4, 4, 1);
+    fingers.spread(40, 40, 2);
+    list().lowerCellIndex = 100;
+    EXPECT_DEATH(fingers.lift(), "outside the list");
+    list().lowerCellIndex = std::numeric_limits<std::int64_t>::max();
+    table().setContentOffset({0, 60});
+    EXPECT_DEATH(fingers.lift(), "too far down");
+    list().initialTouchPoints.reset();
+    EXPECT_DEATH(fingers.spread(1, 1, 1), "had not started");
+    list().tableView.reset();
+    EXPECT_DEATH(fingers.spread(1, 1, 1), "table is not connected");
+}
+
+} // namespace
+} // namespace velmorath

@@ -1,0 +1,178 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+class PullDownTest : public ListTest {
+protected:
+    const TableViewCell& placeHolder() const { return *list().placeHolderCell; }
+    bool isPlaceHolderShown() const { return placeHolder().superview() != nullptr; }
+};
+
+TEST_F(PullDownTest, PlaceholderComesOutOfTheTop)
+{
+    start({"One", "Two", "Three"});
+    Finger finger = beginPull(30);
+    EXPECT_NEAR(table().contentOffset().y, -30, 1e-9);
+    EXPECT_EQ(table().subviews().front(), list().placeHolderCell);
+    EXPECT_EQ(placeHolder().frame(), CGRectMake(0, -60, 320, 60));
+    EXPECT_NEAR(placeHolder().alpha(), 0.5, 1e-9);
+    EXPECT_EQ(placeHolder().label->text(), "Pull to add item");
+    EXPECT_EQ(placeHolder().backgroundColor(), (CGColor{0, 0, 1, 1}));
+    const DrawingRecorder drawn = host.draw();
+    ASSERT_TRUE(drawn.text("Pull to add item"));
+    EXPECT_NEAR(drawn.text("Pull to add item")->alpha, 0.5, 1e-9);
+    EXPECT_TRUE(drawn.text("One"));
+
+    movePull(finger, 60.5);
+    EXPECT_EQ(placeHolder().label->text(), "Release to add item");
+    EXPECT_EQ(placeHolder().alpha(), 1.0);
+    movePull(finger, 40);
+    EXPECT_EQ(placeHolder().label->text(), "Pull to add item");
+    finger.lift();
+    EXPECT_FALSE(isPlaceHolderShown());
+    EXPECT_EQ(notes(), (Lines{"One", "Two", "Three"}));
+    host.advance(2);
+    EXPECT_EQ(table().contentOffset().y, 0);
+}
+
+TEST_F(PullDownTest, ExactlyOneRowDeepAddsNothing)
+{
+    // On a table of two rows the rubber gives exactly half of its height for this way.
+    host.screen().setSize({320, 176});
+    start({"One", "Two"});
+    Finger finger = beginPull(60);
+    ASSERT_EQ(table().contentOffset().y, -60.0);
+    EXPECT_EQ(placeHolder().alpha(), 1.0);
+    EXPECT_EQ(placeHolder().label->text(), "Pull to add item");
+    takeLines();
+    finger.lift();
+    EXPECT_EQ(takeLines(), (Lines{"scrollViewDidEndDragging"}));
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+}
+
+TEST_F(PullDownTest, ReleasedDeeperThanOneRowAddsANoteAndTypesIntoIt)
+{
+    start({"One"});
+    Finger finger = beginPull(60.5);
+    EXPECT_EQ(countLines("scrollViewWillBeginDragging"), 1u);
+    EXPECT_EQ(countLines("❤️❤️❤️❤️❤️❤️ il valore è nan"), 1u);
+    takeLines();
+    const int written = host.files().replacements();
+    finger.lift();
+    const Lines lines = takeLines();
+    ASSERT_GE(lines.size(), 3u);
+    EXPECT_EQ(Lines(lines.begin(), lines.begin() + 3),
+        (Lines{"scrollViewDidEndDragging", "toDoItemAdded", "toDoItemAddedAtIndex"}));
+
+    EXPECT_EQ(notes(), (Lines{"", "One"}));
+    EXPECT_EQ(shown(), (Lines{"", "One"}));
+    EXPECT_TRUE(row(0).label->isEditing());
+    EXPECT_TRUE(list().tastieraAttiva);
+    EXPECT_EQ(host.files().replacements(), written);
+
+    host.advance(2);
+    EXPECT_EQ(table().contentOffset().y, 0);
+    EXPECT_TRUE(host.textInput().isEditing());
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+    type("Zero");
+    EXPECT_EQ(saved(), (Lines{"Zero", "One"}));
+    EXPECT_EQ(list().arrayNote[0]->data, "Nov 22, 2026");
+    EXPECT_EQ(badge(), 2);
+}
+
+TEST_F(PullDownTest, AnEmptyListCanBePulledToo)
+{
+    start({});
+    beginPull(70).lift();
+    host.advance(1);
+    type("First");
+    EXPECT_EQ(saved(), (Lines{"First"}));
+    EXPECT_EQ(row(0).backgroundColor(), (CGColor{0, 0, 1, 1}));
+}
+
+TEST_F(PullDownTest, GoingBackBelowTheTopEndsThePull)
+{
+    start({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
+    Finger finger = beginPull(70);
+    EXPECT_TRUE(list().pullDownInProgress);
+    finger.moveTo({200, 10});
+    EXPECT_GT(table().contentOffset().y, 0);
+    EXPECT_FALSE(list().pullDownInProgress);
+    movePull(finger, 70);
+    EXPECT_LT(table().contentOffset().y, -60);
+    finger.lift();
+    EXPECT_EQ(notes().size(), 10u);
+}
+
+TEST_F(PullDownTest, ADragThatStartsFurtherDownNeverPulls)
+{
+    start({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});
+    scroll(-30);
+    ASSERT_EQ(table().contentOffset().y, 30);
+    Finger finger(host, {200, 10});
+    finger.moveTo({200, 400});
+    EXPECT_LT(table().contentOffset().y, -60);
+    EXPECT_FALSE(isPlaceHolderShown());
+    finger.lift();
+    EXPECT_EQ(notes().size(), 10u);
+}
+
+TEST_F(PullDownTest, NeverWhileTyping)
+{
+    start({"One", "Two"});
+    tapWords(0);
+    ASSERT_TRUE(list().tastieraAttiva);
+    Finger finger = beginPull(80);
+    EXPECT_FALSE(isPlaceHolderShown());
+    finger.lift();
+    host.advance(1);
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+    EXPECT_TRUE(row(0).label->isEditing());
+}
+
+TEST_F(PullDownTest, APullThatTheMachineTakesAwayAddsNothing)
+{
+    start({"One"});
+    beginPull(100).cancel();
+    EXPECT_EQ(notes(), (Lines{"One"}));
+    EXPECT_FALSE(isPlaceHolderShown());
+    EXPECT_EQ(table().contentOffset().y, 0);
+}
+
+TEST_F(PullDownTest, TheWheelNeverPulls)
+{
+    Lines many(20, "note");
+    start(many);
+    host.wheel({100, 100}, -90);
+    EXPECT_EQ(table().contentOffset().y, 90);
+    host.wheel({100, 100}, 5000);
+    EXPECT_EQ(table().contentOffset().y, 0);
+    host.wheel({100, 100}, 5000);
+    host.advance(1);
+    EXPECT_EQ(table().contentOffset().y, 0);
+    EXPECT_FALSE(isPlaceHolderShown());
+    EXPECT_EQ(notes(), many);
+}
+
+TEST_F(PullDownTest, AnUnknownThemeIsBlack)
+{
+    start({"One", "Two"}, "an unknown theme");
+    Finger finger = beginPull(20);
+    EXPECT_EQ(placeHolder().backgroundColor(), UIColor::black());
+    finger.lift();
+}
+
+using PullDownDeathTest = PullDownTest;
+
+TEST_F(PullDownDeathTest, ANoteCannotBeInsertedOutsideTheList)
+{
+    start({"One"});
+    EXPECT_DEATH(list().toDoItemAddedAtIndex(-1), "outside the list");
+    EXPECT_DEATH(list().toDoItemAddedAtIndex(2), "outside the list");
+    list().tableView.reset();
+    EXPECT_DEATH(Finger(host, {200, 10}).moveBy({0, 60}), "table is not connected");
+}
+
+} // namespace
+} // namespace velmorath

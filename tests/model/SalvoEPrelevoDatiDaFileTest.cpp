@@ -1,0 +1,143 @@
+#include "SalvoEPrelevoDatiDaFile.h"
+#include "ArchiveBuilder.h"
+#include "ListTest.h"
+#include "ToDoItem.h"
+
+namespace velmorath {
+namespace {
+
+class SalvoEPrelevoDatiDaFileTest : public ListTest {
+protected:
+    SalvoEPrelevoDatiDaFileTest() { ToDoItem2::enterInUnarchiver(); }
+
+    void put(const std::string& bytes) { ASSERT_FALSE(host.files().replace(archivePath(), bytes)); }
+    static std::vector<std::shared_ptr<ToDoItem2>> load()
+    {
+        return SalvoEPrelevoDatiDaFile().UnarchiveResults();
+    }
+};
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, WhatIsSavedComesBack)
+{
+    std::vector<std::shared_ptr<ToDoItem2>> written;
+    for (int i = 0; i < 3; ++i)
+        written.push_back(std::make_shared<ToDoItem2>());
+    written[0]->text = "Perché 👵🏽";
+    written[0]->data = "Nov 22, 2026";
+    written[1]->text = "";
+    written[2]->completed = true;
+    SalvoEPrelevoDatiDaFile().ArchiveResults({written[2]});
+    takeLines();
+    SalvoEPrelevoDatiDaFile().ArchiveResults(written);
+    EXPECT_EQ(takeLines(), (Lines{"ArchiveResults", "Success writing to file!"}));
+
+    const auto read = load();
+    EXPECT_EQ(takeLines(), Lines());
+    ASSERT_EQ(read.size(), 3u);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(read[i]->text, written[i]->text);
+        EXPECT_EQ(read[i]->data, written[i]->data);
+        EXPECT_EQ(read[i]->completed, written[i]->completed);
+    }
+    SalvoEPrelevoDatiDaFile().ArchiveResults({});
+    EXPECT_TRUE(load().empty());
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, ARecordTakesWhatItFinds)
+{
+    ArchiveBuilder builder;
+    const auto seven = builder.writer.addUID(builder.add(builder.writer.addInteger(7)));
+    const auto word = builder.writer.addUID(builder.add(builder.writer.addString("Nov 1, 2026")));
+    const auto odd =
+        builder.addInstance(std::string(ToDoItem2::className), {{"text", seven}, {"data", word}});
+    const auto empty = builder.addInstance(std::string(ToDoItem2::className), {});
+    put(builder.finish(builder.addArray({odd, empty, odd})));
+    const auto read = load();
+    ASSERT_EQ(read.size(), 3u);
+    EXPECT_EQ(read[0]->text, std::nullopt);
+    EXPECT_EQ(read[0]->data, "Nov 1, 2026");
+    EXPECT_FALSE(read[1]->text || read[1]->data || read[1]->completed);
+    EXPECT_EQ(read[0], read[2]);
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, AFileThatCannotBeReadIsKeptBesideTheNextOne)
+{
+    start({});
+    put("these are no notes");
+    relaunch();
+    EXPECT_EQ(takeLines("error : ").size(), 1u);
+    EXPECT_EQ(notes(), Lines());
+    beginPull(70).lift();
+    host.advance(1);
+    type("New");
+    EXPECT_EQ(saved(), (Lines{"New"}));
+    const Lines files = filesInDocuments();
+    ASSERT_EQ(files.size(), 2u);
+    EXPECT_EQ(*host.files().read(*host.files().documentDirectory() + "/" + files[1]), "these are no notes");
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, ADiskThatCannotBeReadDoesNotLoseTheNotes)
+{
+    start({"One", "Two"});
+    host.files().setFault([this](HeadlessFiles::Operation operation, const std::string& path) {
+        return operation == HeadlessFiles::Operation::read && path == archivePath()
+            ? std::optional(Error{"input/output error"})
+            : std::nullopt;
+    });
+    relaunch();
+    EXPECT_EQ(takeLines("error : "), (Lines{"error : input/output error"}));
+    host.files().setFault({});
+    beginPull(70).lift();
+    host.advance(1);
+    type("New");
+    EXPECT_EQ(filesInDocuments().size(), 2u);
+    EXPECT_EQ(saved(), (Lines{"New"}));
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, AReadOnlyDiskIsOnlyLogged)
+{
+    start({"One"});
+    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) -> std::optional<Error> {
+        if (operation == HeadlessFiles::Operation::read)
+            return std::nullopt;
+        return Error{"read-only"};
+    });
+    swipe(0, 200);
+    EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
+    EXPECT_EQ(notes(), (Lines{"x One"}));
+    EXPECT_EQ(saved(), (Lines{"One"}));
+}
+
+using SalvoEPrelevoDatiDaFileDeathTest = SalvoEPrelevoDatiDaFileTest;
+
+TEST_F(SalvoEPrelevoDatiDaFileDeathTest, ARootThatIsNoListOfNotes)
+{
+    ArchiveBuilder noList;
+    put(noList.finish(noList.addInstance(std::string(ToDoItem2::className), {})));
+    EXPECT_DEATH(load(), "root is not a list");
+    ArchiveBuilder null;
+    put(null.finish(0));
+    EXPECT_DEATH(load(), "root is not a list");
+    ArchiveBuilder mixed;
+    const auto text = mixed.add(mixed.writer.addString("a text"));
+    put(mixed.finish(mixed.addArray({mixed.addInstance(std::string(ToDoItem2::className), {}), text})));
+    EXPECT_DEATH(launch(), "something that is not a note");
+    ArchiveBuilder hole;
+    put(hole.finish(hole.addArray({0})));
+    EXPECT_DEATH(load(), "something that is not a note");
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileDeathTest, NoDocumentsDirectory)
+{
+    host.files().setHasDocumentDirectory(false);
+    EXPECT_DEATH(load(), "no documents directory");
+    EXPECT_DEATH(SalvoEPrelevoDatiDaFile().ArchiveResults({}), "no documents directory");
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileDeathTest, TheOlderNoteHasNoPlainInitializer)
+{
+    EXPECT_DEATH(ToDoItem(), "unimplemented initializer 'init\\(\\)' for class 'Velmorath.ToDoItem'");
+}
+
+} // namespace
+} // namespace velmorath

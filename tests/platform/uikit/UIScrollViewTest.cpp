@@ -1,0 +1,150 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+constexpr CGFloat lastOffset = 40 * 60 - 480;
+
+class UIScrollViewTest : public ListTest {
+protected:
+    UIScrollViewTest() { start(Lines(40, "note")); }
+
+    CGFloat offset() const { return table().contentOffset().y; }
+};
+
+TEST_F(UIScrollViewTest, TheContentFollowsTheFinger)
+{
+    Finger finger(host, {200, 400});
+    finger.moveBy({0, -9}, 1);
+    EXPECT_EQ(offset(), 0);
+    finger.moveBy({0, -3}, 1);
+    EXPECT_EQ(offset(), 0);
+    finger.moveBy({30, -200});
+    EXPECT_EQ(offset(), 200);
+    finger.hold();
+    finger.lift();
+    host.advance(1);
+    EXPECT_EQ(offset(), 200);
+}
+
+TEST_F(UIScrollViewTest, AFlickRunsOnAndGetsSlower)
+{
+    flick(-100);
+    const CGFloat atRelease = offset();
+    EXPECT_TRUE(table().isDecelerating());
+    host.advance(0.2);
+    const CGFloat first = offset() - atRelease;
+    host.advance(0.2);
+    const CGFloat second = offset() - atRelease - first;
+    EXPECT_GT(first, 100);
+    EXPECT_GT(second, 10);
+    EXPECT_LT(second, first);
+    host.advance(10);
+    EXPECT_FALSE(table().isDecelerating());
+}
+
+TEST_F(UIScrollViewTest, AtTheEndItBouncesAndComesBack)
+{
+    CGFloat farthest = 0;
+    for (int i = 0; i < 6; ++i) {
+        flick(-300);
+        for (int frame = 0; frame < 30; ++frame) {
+            host.advance(1.0 / 60);
+            farthest = std::max(farthest, offset());
+        }
+    }
+    EXPECT_GT(farthest, lastOffset);
+    host.advance(3);
+    EXPECT_EQ(offset(), lastOffset);
+    EXPECT_FALSE(table().isDecelerating());
+
+    for (int i = 0; i < 8; ++i) {
+        flick(100);
+        host.advance(2);
+    }
+    EXPECT_EQ(offset(), 0);
+    EXPECT_EQ(notes().size(), 40u);
+}
+
+TEST_F(UIScrollViewTest, TheRubberGivesLessAndLess)
+{
+    host.wheel({100, 100}, -5000);
+    ASSERT_EQ(offset(), lastOffset);
+    Finger finger(host, {200, 470});
+    finger.moveBy({0, -10}, 1);
+    finger.moveBy({0, -200});
+    const CGFloat first = offset() - lastOffset;
+    finger.moveBy({0, -200});
+    const CGFloat second = offset() - lastOffset - first;
+    EXPECT_GT(first, 60);
+    EXPECT_LT(first, 110);
+    EXPECT_LT(second, first);
+    finger.moveBy({0, 410});
+    EXPECT_LE(offset(), lastOffset);
+    finger.lift();
+}
+
+TEST_F(UIScrollViewTest, ATouchThatStopsTheMomentumSelectsNothing)
+{
+    flick(-150);
+    host.advance(0.1);
+    ASSERT_TRUE(table().isDecelerating());
+    Finger finger(host, {20, 200});
+    const CGFloat stopped = offset();
+    host.advance(0.1);
+    EXPECT_EQ(offset(), stopped);
+    finger.lift();
+    host.advance(0.2);
+    EXPECT_EQ(offset(), stopped);
+    EXPECT_FALSE(presented());
+    EXPECT_FALSE(host.textInput().isEditing());
+    EXPECT_EQ(countLines("----👍👍👍👍👍👍👍👍 didSelectRowAt"), 0u);
+    tap({240, 200});
+    EXPECT_TRUE(presented());
+}
+
+TEST_F(UIScrollViewTest, AListCaughtWhileItSpringsBackDoesNotJump)
+{
+    beginPull(50).lift();
+    host.advance(0.1);
+    const CGFloat caught = offset();
+    ASSERT_LT(caught, -1);
+    Finger finger(host, {200, 100});
+    EXPECT_EQ(offset(), caught);
+    finger.moveBy({0, 1}, 1);
+    EXPECT_NEAR(offset(), caught, 1);
+    EXPECT_LT(offset(), caught);
+    finger.lift();
+    host.advance(2);
+    EXPECT_EQ(offset(), 0);
+}
+
+TEST_F(UIScrollViewTest, TheWheelStopsAtTheEndsAndScrollsNothingShort)
+{
+    host.wheel({100, 100}, -100);
+    EXPECT_EQ(offset(), 100);
+    flick(-200);
+    host.wheel({100, 100}, -1);
+    EXPECT_FALSE(table().isDecelerating());
+    host.wheel({100, 100}, -1e9);
+    EXPECT_EQ(offset(), lastOffset);
+    host.wheel({100, 500}, 50);
+    EXPECT_EQ(offset(), lastOffset);
+}
+
+TEST_F(UIScrollViewTest, AShortListCannotBeScrolledButPulled)
+{
+    host.quit();
+    start({"One", "Two"});
+    host.wheel({100, 100}, -100);
+    EXPECT_EQ(offset(), 0);
+    Finger finger(host, {200, 300});
+    finger.moveBy({0, -150});
+    EXPECT_GT(offset(), 0);
+    finger.lift();
+    host.advance(2);
+    EXPECT_EQ(offset(), 0);
+}
+
+} // namespace
+} // namespace velmorath
