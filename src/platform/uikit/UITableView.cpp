@@ -101,6 +101,8 @@ void UITableView::reloadData()
     m_hasLoaded = true;
     m_deletions.clear();
     m_selectedRow.reset();
+    for (const auto& entry : m_rows)
+        entry.second->setSelected(false);
     const bool hasRows = m_dataSource && m_dataSource->numberOfSectionsInTableView(*this) > 0;
     m_count = hasRows ? m_dataSource->tableViewNumberOfRowsInSection(*this, 0) : 0;
     if (m_delegate && m_count > 0)
@@ -111,7 +113,6 @@ void UITableView::reloadData()
     for (const auto& [place, cell] : std::exchange(m_rows, {})) {
         if (place < m_count && mustStay(*cell)) {
             kept.emplace(place, cell);
-            cell->setSelected(false);
             putInPlace(*cell, place);
             if (m_delegate)
                 m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, {0, place});

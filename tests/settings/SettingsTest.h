@@ -1,0 +1,100 @@
+#pragma once
+
+#include "CAGradientLayer.h"
+#include "Info.h"
+#include "Info2.h"
+#include "Info3.h"
+#include "ListTest.h"
+
+namespace velmorath {
+
+/// The whole program, with ways to and on the information, options and theme screens.
+class SettingsTest : public ListTest {
+protected:
+    void openInformation()
+    {
+        tap({292, 508});
+        host.advance(0.5);
+    }
+    void openOptions()
+    {
+        openInformation();
+        tapRow(3);
+    }
+    void openThemes()
+    {
+        openOptions();
+        tapRow(3);
+    }
+    /// On a row of one of the three screens; what it opens is there afterwards.
+    void tapRow(std::size_t place)
+    {
+        tap({160, 56 + place * 60.0 + 30});
+        host.advance(0.5);
+    }
+    void close()
+    {
+        tap({28, 28});
+        host.advance(0.5);
+    }
+
+    /// The screen on top of all others.
+    UIViewController& top() const
+    {
+        UIViewController* controller = &list();
+        while (controller->presentedViewController())
+            controller = controller->presentedViewController().get();
+        return *controller;
+    }
+    template <typename Screen> bool isOnTop() const { return dynamic_cast<Screen*>(&top()); }
+    SettingsScreen& screen() const { return dynamic_cast<SettingsScreen&>(top()); }
+    std::vector<std::shared_ptr<UITableViewCell>> cells() const
+    {
+        return screen().tabella.lock()->visibleCells();
+    }
+    std::vector<CGColor> tints() const
+    {
+        std::vector<CGColor> colors;
+        for (const auto& cell : cells())
+            colors.push_back(cell->backgroundColor());
+        return colors;
+    }
+    Lines titles() const
+    {
+        Lines texts;
+        for (const auto& cell : cells())
+            texts.push_back(cell->textLabel().text());
+        return texts;
+    }
+    std::vector<bool> checkmarks() const
+    {
+        std::vector<bool> checked;
+        for (const auto& cell : cells())
+            checked.push_back(cell->accessoryType() == UITableViewCellAccessoryType::checkmark);
+        return checked;
+    }
+    static std::size_t sheens(const UITableViewCell& cell)
+    {
+        std::size_t count = 0;
+        for (const auto& layer : cell.layer().sublayers())
+            count += dynamic_cast<CAGradientLayer*>(layer.get()) ? 1 : 0;
+        return count;
+    }
+
+    /// What the file of the user-defaults store holds.
+    SettingsDictionary stored()
+    {
+        UserDefaults::standard().reset();
+        const SettingsDictionary* settings = UserDefaults::standard().dictionary(settingsKey);
+        return settings ? *settings : SettingsDictionary{};
+    }
+    std::string storedOption(const std::string& key) { return setting(stored(), key); }
+    void storeWithout(const std::string& key)
+    {
+        SettingsDictionary settings = *UserDefaults::standard().dictionary(settingsKey);
+        settings.erase(key);
+        UserDefaults::standard().setObject(settingsKey, settings);
+    }
+};
+
+} // namespace velmorath
