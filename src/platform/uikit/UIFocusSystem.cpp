@@ -3,6 +3,7 @@
 #include "UIViewController.h"
 #include "UIWindow.h"
 #include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
