@@ -65,6 +65,34 @@ TEST_F(LaunchTest, TheTutorialIsOfferedAfterHalfASecondAndOnlyOnce)
     EXPECT_EQ(countLines("primo avvio dell app"), 0u);
 }
 
+TEST_F(LaunchTest, YesShowsTheTutorialAndNoDoesNot)
+{
+    for (const std::string answer : {"No", "Yes"}) {
+        UserDefaults::standard().removeObject("primoAvvioApp7");
+        launch();
+        host.advance(1);
+        const DrawingRecorder drawn = host.draw();
+        ASSERT_TRUE(drawn.text(answer));
+        takeLines();
+        tap(drawn.text(answer)->rect.center());
+        EXPECT_EQ(countLines("YES"), 0u);
+        host.advance(1);
+        EXPECT_EQ(takeLines("YES").size(), answer == "Yes" ? 1u : 0u);
+    }
+}
+
+TEST_F(LaunchTest, TheDialogTakesTheFingersAway)
+{
+    launch();
+    Finger finger = beginPull(80);
+    host.advance(0.5);
+    ASSERT_TRUE(dialog());
+    EXPECT_EQ(table().contentOffset().y, 0);
+    finger.moveBy({0, 50});
+    finger.lift();
+    EXPECT_EQ(notes(), (Lines{"Hello!"}));
+}
+
 TEST_F(LaunchTest, QuittingBeforeTheOfferIsNotAskedAgain)
 {
     launch();

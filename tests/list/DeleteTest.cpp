@@ -125,6 +125,22 @@ TEST_F(DeleteTest, OneRightAfterTheOther)
     EXPECT_EQ(badge(), 3);
 }
 
+TEST_F(DeleteTest, TheNextSwipeGoesOnThroughTheReload)
+{
+    start({"1", "2", "3", "4"});
+    swipe(0, -200);
+    Finger finger = beginSwipe(1, -40);
+    takeLines();
+    host.advance(0.3);
+    ASSERT_GT(countLines("tableView(tableView:"), 0u);
+    finger.moveBy({-150, 0});
+    EXPECT_EQ(row(1).frame(), CGRectMake(-190, 60, 320, 60));
+    finger.lift();
+    EXPECT_EQ(saved(), (Lines{"2", "4"}));
+    host.advance(1);
+    EXPECT_EQ(shown(), saved());
+}
+
 TEST_F(DeleteTest, ANoteIsFoundByWhatItIsNotByItsText)
 {
     start({"same", "same", "x same"});
@@ -143,7 +159,8 @@ TEST_F(DeleteTest, IsRefusedWhileTyping)
     list().toDoItemDeleted(list().arrayNote[1]);
     EXPECT_EQ(takeLines(),
         (Lines{"toDoItemDeleted:",
-            "❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non la "
+            "❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non "
+            "la "
             "posso "
             "cncellare"}));
     EXPECT_EQ(takeFelt(), Lines());

@@ -95,6 +95,37 @@ TEST_F(EditingTest, ANoteLeftEmptyIsDeleted)
     EXPECT_EQ(row(0).alpha(), 1);
 }
 
+TEST_F(EditingTest, ANewNoteLeftEmptyBeforeTheListIsBackLeavesNoTrace)
+{
+    start({"One", "Two"});
+    beginPull(80).lift();
+    host.advance(0.05);
+    host.textInput().pressReturn();
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+    host.advance(2);
+    EXPECT_EQ(shown(), (Lines{"One", "Two"}));
+    EXPECT_EQ(table().contentOffset().y, 0);
+    for (std::size_t place = 0; place < 2; ++place) {
+        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+        EXPECT_EQ(row(place).alpha(), 1);
+    }
+}
+
+TEST_F(EditingTest, TheRowStaysAtTheTopWhenTheScreenChanges)
+{
+    start(Lines(12, "note"));
+    tapWords(3);
+    host.advance(0.5);
+    host.resize({500, 400});
+    host.advance(0.1);
+    EXPECT_EQ(host.textInput().frame().midY(), 30);
+    EXPECT_EQ(host.textInput().frame().size.width, 485);
+    EXPECT_EQ(row(0).alpha(), 0.3);
+    type("note");
+    host.advance(0.5);
+    EXPECT_EQ(row(3).frame(), CGRectMake(0, 180, 500, 60));
+}
+
 TEST_F(EditingTest, SpacesAreText)
 {
     start({"One"});

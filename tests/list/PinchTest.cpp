@@ -122,6 +122,31 @@ TEST_F(PinchTest, InAScrolledListTheRowsAboveCount)
     EXPECT_EQ(notes()[7], "6");
 }
 
+TEST_F(PinchTest, ARowHalfOutOfSightCountsAsTheFirst)
+{
+    start(numbers(30));
+    scroll(-90);
+    TwoFingers fingers(host, {x, 120}, {x, 180});
+    fingers.spread(50, 50);
+    fingers.lift();
+    EXPECT_EQ(notes()[3], "3");
+    EXPECT_EQ(notes()[4], "");
+    EXPECT_EQ(notes()[5], "4");
+}
+
+TEST_F(PinchTest, AThirdFingerChangesNothing)
+{
+    start(numbers(6));
+    TwoFingers fingers = onRows(2, 3);
+    fingers.spread(20, 20, 2);
+    Finger third(host, {20, 330}, 3);
+    third.moveBy({250, 0});
+    fingers.spread(30, 30, 2);
+    third.lift();
+    fingers.lift();
+    EXPECT_EQ(notes(), (Lines{"0", "1", "2", "", "3", "4", "5"}));
+}
+
 TEST_F(PinchTest, OnlyNeighbouringRowsAreSpread)
 {
     start(numbers(4));

@@ -119,6 +119,36 @@ TEST_F(ReorderTest, ARowHeldAtTheEndScrollsTheList)
     EXPECT_EQ(saved(), many);
 }
 
+TEST_F(ReorderTest, ASecondHandleHeldMeanwhileMovesNothing)
+{
+    start({"One", "Two", "Three", "Four"});
+    tapReorder();
+    takeLines();
+    Finger finger = grip(0);
+    finger.moveTo({295, 90});
+    Finger second(host, {295, 210}, 2);
+    second.moveTo({295, 150});
+    second.lift();
+    EXPECT_EQ(countLines("moveRowAtIndexPath"), 0u);
+    finger.moveTo({295, 95});
+    finger.lift();
+    EXPECT_EQ(saved(), (Lines{"Two", "One", "Three", "Four"}));
+}
+
+TEST_F(ReorderTest, WhileTypingTheTypedNoteGoesWithItsRow)
+{
+    start({"One", "Two", "Three"});
+    tapWords(0);
+    host.textInput().replaceText("Uno");
+    host.advance(0.5);
+    tapReorder();
+    moveRow(2, 0);
+    host.advance(0.5);
+    type("Uno!");
+    EXPECT_EQ(saved(), (Lines{"Three", "Uno!", "Two"}));
+    EXPECT_EQ(shown(), saved());
+}
+
 TEST_F(ReorderTest, HandlesComeWithTheRowsThatComeIntoSight)
 {
     start(Lines(30, "note"));

@@ -62,6 +62,7 @@ void ListTest::start(const Lines& texts, const std::string& theme)
 
 void ListTest::launch()
 {
+    host.quit();
     velmorath::main(0, nullptr);
     host.advance(0.1);
 }

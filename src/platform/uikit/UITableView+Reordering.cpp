@@ -42,6 +42,11 @@ void UITableView::beginReordering(UITableViewCell& cell, CGFloat y)
         CATimeline::main().addDisplayLink([this](double now) { scrollWhileReordering(now); });
 }
 
+bool UITableView::isReordering(const UITableViewCell& cell) const
+{
+    return m_reordering && m_reordering->cell.get() == &cell;
+}
+
 void UITableView::continueReordering(CGFloat y)
 {
     if (!m_reordering)

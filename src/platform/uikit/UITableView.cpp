@@ -164,7 +164,7 @@ void UITableView::placeAllRows()
 
 bool UITableView::mustStay(const UITableViewCell& cell) const
 {
-    if (m_reordering && m_reordering->cell.get() == &cell)
+    if (isReordering(cell))
         return true;
     const auto* responder = dynamic_cast<const UIView*>(UIResponder::current());
     return responder && responder->isDescendantOf(cell);

@@ -100,6 +100,8 @@ public:
 
     /// For the row's handle. y in window coordinates.
     void beginReordering(UITableViewCell&, CGFloat y);
+    /// Whether it is this row that is being dragged: one at a time is.
+    bool isReordering(const UITableViewCell&) const;
     void continueReordering(CGFloat y);
     /// Not dropped: the row goes back to where it came from.
     void endReordering(bool isDropped);

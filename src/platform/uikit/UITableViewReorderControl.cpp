@@ -20,6 +20,13 @@ UITableViewCell* cellAround(const UIView& control)
     return dynamic_cast<UITableViewCell*>(control.superview());
 }
 
+/// Nothing while the table drags another row, or none.
+UITableView* tableDraggingRowOf(const UIView& control)
+{
+    UITableView* table = tableAround(control);
+    return table && table->isReordering(*cellAround(control)) ? table : nullptr;
+}
+
 } // namespace
 
 void UITableViewReorderControl::touchesBegan(const UITouches& touches)
@@ -31,19 +38,19 @@ void UITableViewReorderControl::touchesBegan(const UITouches& touches)
 
 void UITableViewReorderControl::touchesMoved(const UITouches& touches)
 {
-    if (UITableView* table = tableAround(*this))
+    if (UITableView* table = tableDraggingRowOf(*this))
         table->continueReordering(touches.front()->location().y);
 }
 
 void UITableViewReorderControl::touchesEnded(const UITouches&)
 {
-    if (UITableView* table = tableAround(*this))
+    if (UITableView* table = tableDraggingRowOf(*this))
         table->endReordering(true);
 }
 
 void UITableViewReorderControl::touchesCancelled(const UITouches&)
 {
-    if (UITableView* table = tableAround(*this))
+    if (UITableView* table = tableDraggingRowOf(*this))
         table->endReordering(false);
 }
 

@@ -134,7 +134,6 @@ TEST_F(UIScrollViewTest, TheWheelStopsAtTheEndsAndScrollsNothingShort)
 
 TEST_F(UIScrollViewTest, AShortListCannotBeScrolledButPulled)
 {
-    host.quit();
     start({"One", "Two"});
     host.wheel({100, 100}, -100);
     EXPECT_EQ(offset(), 0);

@@ -1,0 +1,75 @@
+#include "ListTest.h"
+
+namespace velmorath {
+namespace {
+
+using Phase = HostTouch::Phase;
+
+class UITouchDispatcherTest : public ListTest {
+protected:
+    UITouchDispatcherTest() { start({"One", "Two", "Three"}); }
+};
+
+TEST_F(UITouchDispatcherTest, WrongSequencesAreIgnored)
+{
+    host.touch({{7, Phase::moved, {20, 30}}});
+    host.touch({{7, Phase::ended, {20, 30}}});
+    host.touch({{7, Phase::cancelled, {20, 30}}});
+    EXPECT_FALSE(host.textInput().isEditing());
+
+    host.touch({{1, Phase::began, {20, 30}}});
+    host.touch({{1, Phase::began, {20, 90}}});
+    host.touch({{1, Phase::ended, {20, 30}}});
+    host.touch({{1, Phase::ended, {20, 30}}});
+    EXPECT_TRUE(row(0).label->isEditing());
+}
+
+TEST_F(UITouchDispatcherTest, AFingerOutsideTheScreenIsNobodys)
+{
+    Finger finger(host, {-20, 700});
+    finger.moveTo({100, 100});
+    finger.lift();
+    EXPECT_EQ(table().contentOffset().y, 0);
+    EXPECT_FALSE(presented());
+}
+
+TEST_F(UITouchDispatcherTest, ASlipOfTheFingerIsStillATapAndMoreIsNot)
+{
+    Finger slip(host, {20, 30});
+    slip.moveBy({6, 6}, 2);
+    slip.lift();
+    EXPECT_TRUE(row(0).label->isEditing());
+    host.textInput().pressReturn();
+    host.advance(0.5);
+    Finger drag(host, {20, 30});
+    drag.moveBy({8, 8}, 2);
+    drag.moveBy({-8, -8}, 2);
+    drag.lift();
+    EXPECT_FALSE(host.textInput().isEditing());
+}
+
+TEST_F(UITouchDispatcherTest, AButtonIsPressedWhereTheFingerLeavesIt)
+{
+    Finger finger(host, {28, 508});
+    finger.moveTo({200, 300});
+    finger.lift();
+    EXPECT_FALSE(table().isEditing());
+    Finger near(host, {28, 508});
+    near.moveTo({70, 490});
+    near.lift();
+    EXPECT_TRUE(table().isEditing());
+}
+
+TEST_F(UITouchDispatcherTest, AfterEverythingWasTakenAwayTheNextTouchWorks)
+{
+    host.touch({{1, Phase::began, {100, 100}}, {2, Phase::began, {100, 200}}, {3, Phase::began, {20, 160}}});
+    host.touch({{1, Phase::cancelled, {100, 100}}, {2, Phase::cancelled, {100, 200}},
+        {3, Phase::cancelled, {20, 160}}});
+    swipe(0, 200);
+    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
+    tapWords(1);
+    EXPECT_TRUE(row(1).label->isEditing());
+}
+
+} // namespace
+} // namespace velmorath
