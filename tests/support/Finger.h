@@ -49,7 +49,7 @@ private:
     CGPoint m_location;
 };
 
-/// Two fingers, one above the other, that come down together and move together.
+/// Two fingers, one above the other, that come down and leave one after the other and move together.
 class TwoFingers {
 public:
     TwoFingers(HeadlessHost& host, CGPoint upper, CGPoint lower)
@@ -57,7 +57,9 @@ public:
         , m_upper(upper)
         , m_lower(lower)
     {
-        report(HostTouch::Phase::began);
+        m_host.touch({{1, HostTouch::Phase::began, m_upper}});
+        m_host.advance(0.03);
+        m_host.touch({{2, HostTouch::Phase::began, m_lower}});
     }
 
     /// Points outwards for each; the first frames of it tell the pinch from two taps.
@@ -70,7 +72,11 @@ public:
             m_host.advance(1.0 / 60);
         }
     }
-    void lift() { report(HostTouch::Phase::ended); }
+    void lift()
+    {
+        m_host.touch({{1, HostTouch::Phase::ended, m_upper}});
+        m_host.touch({{2, HostTouch::Phase::ended, m_lower}});
+    }
     void cancel() { report(HostTouch::Phase::cancelled); }
 
 private:

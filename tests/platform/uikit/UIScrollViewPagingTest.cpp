@@ -55,7 +55,7 @@ protected:
     bool willComeToRestLater = false;
 };
 
-using UIScrollViewTest = ScreenTest;
+using ScrollDirectionsTest = ScreenTest;
 
 } // namespace
 
@@ -188,7 +188,7 @@ TEST_F(PagingTest, SurvivesBeingTakenAwayUnderTheFinger)
     EXPECT_TRUE(offsets.empty());
 }
 
-TEST_F(UIScrollViewTest, GivesWayInTheDirectionsThatItScrolls)
+TEST_F(ScrollDirectionsTest, GivesWayInTheDirectionsThatItScrolls)
 {
     start();
     const auto list = add<UIScrollView>(CGRectMake(0, 0, 300, 400));
