@@ -3,6 +3,7 @@
 #include "Bundle.h"
 #include "Class.h"
 #include "MainStoryboard.h"
+#include "PubblicitaNib.h"
 #include "ToDoItem2.h"
 
 namespace velmorath {
@@ -13,6 +14,7 @@ int main(int argc, char** argv)
     Class::enter<AppDelegate>("AppDelegate");
     ToDoItem2::enterInUnarchiver();
     enterMainStoryboard();
+    enterPubblicitaNib();
     UIApplicationMain(argc, argv, std::nullopt, "AppDelegate");
     return 0;
 }

@@ -1,4 +1,5 @@
 #include "DrawingRecorder.h"
+#include "HeadlessImage.h"
 
 namespace velmorath {
 
@@ -60,12 +61,15 @@ void DrawingRecorder::drawText(std::string_view utf8, const CGRect& rect, const 
 {
     DrawingCommand& command = add(DrawingCommand::Kind::text, rect);
     command.text = utf8;
+    command.fontSize = style.font.size;
     command.color = style.color;
 }
 
-void DrawingRecorder::drawImage(const CGImage&, const CGRect& rect)
+void DrawingRecorder::drawImage(const CGImage& image, const CGRect& rect)
 {
-    add(DrawingCommand::Kind::image, rect);
+    DrawingCommand& command = add(DrawingCommand::Kind::image, rect);
+    if (const auto* known = dynamic_cast<const HeadlessImage*>(&image))
+        command.color = known->color();
 }
 
 std::vector<std::string> DrawingRecorder::texts() const

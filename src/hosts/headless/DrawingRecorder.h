@@ -19,6 +19,7 @@ struct DrawingCommand {
     CGFloat alpha = 1;
     CGFloat cornerRadius = 0;
     std::string text;
+    CGFloat fontSize = 0;
 };
 
 /// Draws into a list that a test can ask about.

@@ -1,15 +1,11 @@
 #include "HeadlessScreen.h"
+#include "HeadlessImage.h"
 #include <algorithm>
 #include <cmath>
 
 namespace velmorath {
 
 namespace {
-
-class HeadlessImage : public CGImage {
-public:
-    CGSize pixelSize() const override { return {72, 72}; }
-};
 
 bool isContinuation(char byte)
 {
@@ -40,7 +36,12 @@ CGTextMetrics HeadlessScreen::measure(std::string_view utf8, const CGFont& font,
 std::shared_ptr<CGImage> HeadlessScreen::decodeImage(std::string_view bytes)
 {
     const bool isPicture = bytes.starts_with("\x89PNG") || bytes.starts_with("\xFF\xD8");
-    return isPicture ? std::make_shared<HeadlessImage>() : nullptr;
+    return isPicture ? std::make_shared<HeadlessImage>(CGSize{72, 72}) : nullptr;
+}
+
+std::shared_ptr<CGImage> HeadlessScreen::makeBitmap(CGSize pixels, const CGColor& color)
+{
+    return m_makesBitmaps ? std::make_shared<HeadlessImage>(pixels, color) : nullptr;
 }
 
 } // namespace velmorath

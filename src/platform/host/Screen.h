@@ -29,6 +29,10 @@ public:
 
     /// PNG or JPEG; nothing when the bytes are no picture that the host can read.
     virtual std::shared_ptr<CGImage> decodeImage(std::string_view bytes) = 0;
+
+    /// A picture of whole pixels, at least one each way, all of one colour; nothing when the machine
+    /// cannot make it.
+    virtual std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) = 0;
 };
 
 } // namespace velmorath

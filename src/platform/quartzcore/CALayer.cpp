@@ -67,6 +67,8 @@ CALayer::Value CALayer::value(const CALayerGeometry& geometry, Key key)
         const CGColor& color = geometry.backgroundColor;
         return {color.red, color.green, color.blue, color.alpha};
     }
+    case Key::contentShare:
+        return {geometry.contentShare};
     }
     return {};
 }
@@ -88,6 +90,9 @@ void CALayer::setValue(CALayerGeometry& geometry, Key key, const Value& v)
         break;
     case Key::backgroundColor:
         geometry.backgroundColor = {v[0], v[1], v[2], v[3]};
+        break;
+    case Key::contentShare:
+        geometry.contentShare = v[0];
         break;
     }
 }
@@ -224,6 +229,18 @@ void CALayer::removeFromSuperlayer()
     parent.setNeedsDisplay();
 }
 
+void CALayer::addTransition(const CATransition& transition)
+{
+    m_contentBefore = m_delegate ? m_delegate->keptLayerDrawing(*this) : nullptr;
+    std::erase_if(
+        m_animations, [](const Animation& animation) { return animation.key == Key::contentShare; });
+    if (transition.duration <= 0)
+        return;
+    const double now = Host::current().clock().now();
+    m_animations.push_back({Key::contentShare, {0}, now, transition.duration});
+    CATimeline::main().keepRunningUntil(now + transition.duration);
+}
+
 void CALayer::setNeedsDisplay()
 {
     ++m_version;
@@ -261,6 +278,22 @@ void CALayer::drawBehindSublayers(CGContext& context, const CALayerGeometry& sho
     if (shown.backgroundColor.alpha > 0)
         context.fill(shown.bounds, m_cornerRadius, shown.backgroundColor);
     drawContent(context, shown);
+    if (!m_contentBefore || shown.contentShare >= 1) {
+        drawOwnContent(context);
+        return;
+    }
+    context.saveState();
+    context.multiplyAlpha(1 - shown.contentShare);
+    m_contentBefore(context);
+    context.restoreState();
+    context.saveState();
+    context.multiplyAlpha(shown.contentShare);
+    drawOwnContent(context);
+    context.restoreState();
+}
+
+void CALayer::drawOwnContent(CGContext& context) const
+{
     if (m_delegate)
         m_delegate->drawLayer(*this, context);
 }

@@ -5,6 +5,7 @@
 #include "CGContext.h"
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -20,6 +21,15 @@ public:
 
     /// In the layer's own coordinates. The background is drawn already; sublayers come after.
     virtual void drawLayer(const CALayer&, CGContext&) = 0;
+
+    /// What drawLayer() draws just now, to be drawn when the content has changed already; nothing when
+    /// it cannot be kept.
+    virtual std::function<void(CGContext&)> keptLayerDrawing(const CALayer&) const { return {}; }
+};
+
+/// The content fades from what it was into what it becomes, slow at both ends. Seconds.
+struct CATransition {
+    double duration = 0.25;
 };
 
 /// What of a layer can move: as it is set (the model), or as it is shown at a moment.
@@ -29,6 +39,8 @@ struct CALayerGeometry {
     CGAffineTransform transform;
     CGFloat opacity = 1;
     CGColor backgroundColor{0, 0, 0, 0};
+    /// How much of the content shows, the rest being what it was before a transition.
+    CGFloat contentShare = 1;
 
     bool operator==(const CALayerGeometry&) const = default;
 };
@@ -85,6 +97,9 @@ public:
 
     void setDelegate(CALayerDelegate* delegate) { m_delegate = delegate; }
 
+    /// Makes the next change of the content a transition.
+    void addTransition(const CATransition&);
+
     /// What this layer draws changed: it is drawn again with the next frame.
     void setNeedsDisplay();
 
@@ -109,7 +124,7 @@ protected:
 
 private:
     using Value = std::array<CGFloat, 6>;
-    enum class Key { bounds, position, transform, opacity, backgroundColor };
+    enum class Key { bounds, position, transform, opacity, backgroundColor, contentShare };
     struct Animation {
         Key key;
         Value from;
@@ -120,6 +135,7 @@ private:
     static Value value(const CALayerGeometry&, Key);
     static void setValue(CALayerGeometry&, Key, const Value&);
     void change(Key, const CALayerGeometry& newModel);
+    void drawOwnContent(CGContext&) const;
     template <typename T> void changeLook(T& member, const T& value);
 
     CALayerGeometry m_model;
@@ -136,6 +152,7 @@ private:
     std::vector<std::shared_ptr<CALayer>> m_sublayers;
     CALayer* m_superlayer = nullptr;
     CALayerDelegate* m_delegate = nullptr;
+    std::function<void(CGContext&)> m_contentBefore;
     std::uint64_t m_identity;
     std::uint64_t m_version = 0;
 };

@@ -5,6 +5,7 @@
 #include "FatalError.h"
 #include "Host.h"
 #include "UIRemoteKeyboardWindow.h"
+#include "UIScreen.h"
 #include "UIScrollView.h"
 #include "UIStoryboard.h"
 #include "UITextEditingView.h"
@@ -44,7 +45,7 @@ void UIApplication::launch(const std::string& delegateClassName)
         fatalError("There is no application delegate class named " + delegateClassName);
     m_delegate->applicationDidFinishLaunchingWithOptions(*this, {});
 
-    const auto window = std::make_shared<UIWindow>(screenRect());
+    const auto window = std::make_shared<UIWindow>(UIScreen::main().bounds());
     window->setBackgroundColor(UIColor::black());
     m_windows = {window};
     m_delegate->setWindow(window);
@@ -52,9 +53,10 @@ void UIApplication::launch(const std::string& delegateClassName)
     m_delegate->applicationDidBecomeActive(*this);
 }
 
-CGRect UIApplication::screenRect() const
+UIInterfaceOrientation UIApplication::statusBarOrientation() const
 {
-    return {{0, 0}, Host::current().screen().size()};
+    const CGSize size = UIScreen::main().bounds().size;
+    return size.height > size.width ? UIInterfaceOrientation::portrait : UIInterfaceOrientation::landscape;
 }
 
 void UIApplication::setApplicationIconBadgeNumber(long long number)
@@ -127,7 +129,7 @@ void UIApplication::screenChanged()
 {
     if (m_windows.empty())
         return;
-    keyWindow()->setFrame(screenRect());
+    keyWindow()->setFrame(UIScreen::main().bounds());
     Host::current().screen().requestFrame();
 }
 
@@ -141,7 +143,7 @@ CGRect UIApplication::prepareFrame()
     m_focusSystem.update(*keyWindow());
     if (m_editedView)
         m_editedView->placeEditor();
-    return m_renderer.update(keyWindow()->layer(), timeline.frameTime(), screenRect());
+    return m_renderer.update(keyWindow()->layer(), timeline.frameTime(), UIScreen::main().bounds());
 }
 
 void UIApplication::draw(CGContext& context, const CGRect& area)

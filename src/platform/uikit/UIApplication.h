@@ -16,6 +16,9 @@ namespace velmorath {
 class UIApplication;
 class UITextEditingView;
 
+/// Landscape: at least as wide as high.
+enum class UIInterfaceOrientation { portrait, landscape };
+
 class UIApplicationDelegate {
 public:
     virtual ~UIApplicationDelegate() = default;
@@ -41,7 +44,9 @@ public:
     UIApplicationDelegate& delegate() { return *m_delegate; }
     /// From back to front.
     const std::vector<std::shared_ptr<UIWindow>>& windows() const { return m_windows; }
-    const std::shared_ptr<UIWindow>& keyWindow() const { return m_windows.front(); }
+    /// Nothing while the program is being launched.
+    std::shared_ptr<UIWindow> keyWindow() const { return m_windows.empty() ? nullptr : m_windows.front(); }
+    UIInterfaceOrientation statusBarOrientation() const;
 
     long long applicationIconBadgeNumber() const { return m_badgeNumber; }
     /// Below zero counts on, but shows like zero: not at all.
@@ -76,7 +81,6 @@ private:
 
     UIApplication() = default;
     void launch(const std::string& delegateClassName);
-    CGRect screenRect() const;
 
     std::shared_ptr<Object> m_delegateObject;
     UIApplicationDelegate* m_delegate = nullptr;

@@ -26,9 +26,19 @@ void UIButton::setImage(std::shared_ptr<UIImage> image)
     setNeedsDisplay();
 }
 
+void UIButton::setHighlightedBackgroundImage(std::shared_ptr<UIImage> image)
+{
+    m_highlightedBackgroundImage = std::move(image);
+    setNeedsDisplay();
+}
+
 void UIButton::draw(CGContext& context) const
 {
     context.saveState();
+    if (layer().masksToBounds())
+        context.clip(bounds(), layer().cornerRadius());
+    if (isHighlighted() && m_highlightedBackgroundImage)
+        context.drawImage(m_highlightedBackgroundImage->cgImage(), bounds());
     if (isHighlighted())
         context.multiplyAlpha(0.4);
     if (m_image) {

@@ -17,6 +17,8 @@ public:
     void setTitleColor(const CGColor&);
     void setFont(const CGFont&);
     void setImage(std::shared_ptr<UIImage>);
+    /// Fills the button behind its title while it is held down.
+    void setHighlightedBackgroundImage(std::shared_ptr<UIImage>);
     /// What a person who cannot see the picture is told.
     const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
     void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
@@ -29,6 +31,7 @@ private:
     std::string m_title;
     CGTextStyle m_style{UIFont::systemFont(17), UIColor::white(), CGTextAlignment::center, false};
     std::shared_ptr<UIImage> m_image;
+    std::shared_ptr<UIImage> m_highlightedBackgroundImage;
     std::string m_accessibilityLabel;
 };
 

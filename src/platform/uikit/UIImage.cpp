@@ -16,4 +16,10 @@ std::shared_ptr<UIImage> UIImage::named(std::string_view name, std::string_view 
     return image ? std::make_shared<UIImage>(std::move(image), scale) : nullptr;
 }
 
+std::shared_ptr<UIImage> UIImage::filled(CGSize size, const CGColor& color)
+{
+    std::shared_ptr<CGImage> image = Host::current().screen().makeBitmap(size, color);
+    return image ? std::make_shared<UIImage>(std::move(image), 1) : nullptr;
+}
+
 } // namespace velmorath

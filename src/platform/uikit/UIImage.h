@@ -1,17 +1,22 @@
 #pragma once
 
+#include "CGColor.h"
 #include "CGImage.h"
 #include <memory>
 #include <string_view>
 
 namespace velmorath {
 
-/// A picture of the program's own resources.
+/// A picture: one of the program's own resources, or one that it made.
 class UIImage {
 public:
     /// The resource "<name>.<type>"; nothing when there is no such file or it is no picture.
     /// `scale` is how many of its pixels make a point.
     static std::shared_ptr<UIImage> named(std::string_view name, std::string_view type, CGFloat scale);
+
+    /// A picture of this many points, a pixel each, all of one colour; nothing when the
+    /// machine cannot make it.
+    static std::shared_ptr<UIImage> filled(CGSize, const CGColor&);
 
     UIImage(std::shared_ptr<CGImage> image, CGFloat scale)
         : m_image(std::move(image))

@@ -42,10 +42,35 @@ CGFloat UILabel::heightFitting(CGFloat width) const
     return Host::current().screen().measure(m_text, m_style.font, m_style.wraps ? width : 0).size.height;
 }
 
+void UILabel::setMinimumScaleFactor(CGFloat factor)
+{
+    m_minimumScaleFactor = factor;
+    setNeedsDisplay();
+}
+
+CGTextStyle UILabel::fittingStyle() const
+{
+    CGTextStyle style = m_style;
+    if (m_minimumScaleFactor >= 1)
+        return style;
+    const CGFloat width = Host::current().screen().measure(m_text, style.font).size.width;
+    if (width > bounds().size.width)
+        style.font.size *= std::max(m_minimumScaleFactor, bounds().size.width / width);
+    return style;
+}
+
 void UILabel::draw(CGContext& context) const
 {
     if (!m_text.empty())
-        context.drawText(m_text, bounds(), m_style);
+        context.drawText(m_text, bounds(), fittingStyle());
+}
+
+std::function<void(CGContext&)> UILabel::keptDrawing() const
+{
+    return [text = m_text, rect = bounds(), style = fittingStyle()](CGContext& context) {
+        if (!text.empty())
+            context.drawText(text, rect, style);
+    };
 }
 
 } // namespace velmorath

@@ -19,16 +19,23 @@ public:
     void setFont(const CGFont&);
     void setTextAlignment(CGTextAlignment);
     void setWraps(bool);
+    /// A line that is too long is drawn smaller, down to this part of its font's size, before it is cut
+    /// off. 1 at first: never smaller.
+    void setMinimumScaleFactor(CGFloat);
 
     /// How high the wrapped text stands in this width; in one line, how high a line is.
     CGFloat heightFitting(CGFloat width) const;
 
 protected:
     void draw(CGContext&) const override;
+    std::function<void(CGContext&)> keptDrawing() const override;
 
 private:
+    CGTextStyle fittingStyle() const;
+
     std::string m_text;
     CGTextStyle m_style;
+    CGFloat m_minimumScaleFactor = 1;
 };
 
 } // namespace velmorath

@@ -6,54 +6,32 @@ namespace velmorath {
 
 namespace {
 
-/// How much of a finger's way past the end the content still follows, at first.
-constexpr CGFloat rubberStiffness = 0.55;
-/// What is left of the speed after a millisecond of running on.
-constexpr double decelerationRate = 0.998;
-/// Slower than this (points a second) counts as standing still.
+/// Slower than this (points a second) the content stays where it is let go.
 constexpr CGFloat standstill = 12;
-/// How quickly the content springs back, in 1/s; it never swings over.
-constexpr double springRate = 11;
-
-/// The way that the content gives for a finger's way past the end; never more than the view's length.
-CGFloat rubberBand(CGFloat way, CGFloat length)
-{
-    return length <= 0 ? 0 : (1 - 1 / (way * rubberStiffness / length + 1)) * length;
-}
-
-/// The finger's way for which the rubber gives this much.
-CGFloat stretchedBy(CGFloat given, CGFloat length)
-{
-    return length <= 0 ? 0 : (1 / (1 - std::min(given / length, 0.99)) - 1) * length / rubberStiffness;
-}
 
 } // namespace
 
 /// Pans, and catches a content that is moving by itself at the first touch.
 class UIScrollView::DragRecognizer : public UIPanGestureRecognizer {
 public:
-    explicit DragRecognizer(UIScrollView& scrollView)
-        : m_scrollView(scrollView)
-    {
-    }
-
     void touchesBegan(const UITouches& began) override
     {
         UIPanGestureRecognizer::touchesBegan(began);
-        if (state() == State::possible && m_scrollView.isDecelerating())
+        if (state() == State::possible && scrollView() && scrollView()->isDecelerating())
             begin();
     }
 
 protected:
-    bool shouldBegin() override { return m_scrollView.isScrollEnabled(); }
+    bool shouldBegin() override { return scrollView() && scrollView()->isScrollEnabled(); }
 
 private:
-    UIScrollView& m_scrollView;
+    /// Null when it was destroyed under the finger.
+    UIScrollView* scrollView() const { return static_cast<UIScrollView*>(view()); }
 };
 
 UIScrollView::UIScrollView(const CGRect& frame)
     : UIView(frame)
-    , m_dragRecognizer(std::make_shared<DragRecognizer>(*this))
+    , m_dragRecognizer(std::make_shared<DragRecognizer>())
 {
     setClipsToBounds(true);
     m_dragRecognizer->addTarget([this](UIGestureRecognizer& recognizer) { handleDrag(recognizer); });
@@ -65,22 +43,51 @@ UIScrollView::~UIScrollView()
     stopDecelerating();
 }
 
+UIScrollRange UIScrollView::rangeX() const
+{
+    const CGFloat length = bounds().size.width;
+    const CGFloat maximum = std::max(0.0, m_contentSize.width - length);
+    return {maximum, length, m_bounces && maximum > 0};
+}
+
+UIScrollRange UIScrollView::rangeY() const
+{
+    const CGFloat length = bounds().size.height;
+    return {std::max(0.0, m_contentSize.height - length), length, m_bounces};
+}
+
+CGPoint UIScrollView::inside(CGPoint offset) const
+{
+    return {rangeX().inside(offset.x), rangeY().inside(offset.y)};
+}
+
 void UIScrollView::setContentOffset(CGPoint offset)
 {
     stopDecelerating();
-    moveContentTo(offset.y);
+    moveContentTo(offset);
 }
 
-void UIScrollView::moveContentTo(CGFloat y)
+void UIScrollView::moveContentTo(CGPoint offset)
 {
-    if (y == contentOffset().y)
+    if (offset == contentOffset())
         return;
     CGRect moved = bounds();
-    moved.origin.y = y;
+    moved.origin = offset;
     setBounds(moved);
     setNeedsLayout();
     if (m_scrollDelegate)
         m_scrollDelegate->scrollViewDidScroll(*this);
+}
+
+void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated)
+{
+    const CGPoint offset = contentOffset();
+    const CGPoint target{rangeX().showing(offset.x, rect.minX(), rect.maxX()),
+        rangeY().showing(offset.y, rect.minY(), rect.maxY())};
+    if (animated)
+        springTo(target, {0, 0});
+    else
+        setContentOffset(target);
 }
 
 void UIScrollView::setContentSize(CGSize size)
@@ -93,21 +100,44 @@ void UIScrollView::setContentSize(CGSize size)
 
 void UIScrollView::layoutSubviews()
 {
-    // A content or a window that shrank leaves nothing empty below the content's end.
-    if (!isDragging() && !isDecelerating() && contentOffset().y > maximumOffset())
-        moveContentTo(maximumOffset());
+    // A content or a window that shrank leaves nothing empty beyond the content's end.
+    if (isDragging() || isDecelerating())
+        return;
+    const CGPoint offset = contentOffset();
+    moveContentTo({std::min(offset.x, rangeX().maximum), std::min(offset.y, rangeY().maximum)});
 }
 
 bool UIScrollView::scrollByWheel(CGVector by)
 {
-    if (!m_scrollEnabled || isDragging() || by.dy == 0 || maximumOffset() == 0)
+    if (!m_scrollEnabled || isDragging())
         return false;
-    setContentOffset({0, std::clamp(contentOffset().y - by.dy, 0.0, maximumOffset())});
+    if (m_pagingEnabled)
+        return turnPageByWheel(by);
+    const CGPoint offset = contentOffset();
+    const bool canScroll = (by.dx != 0 && rangeX().maximum > 0) || (by.dy != 0 && rangeY().maximum > 0);
+    if (canScroll)
+        setContentOffset(inside({offset.x - by.dx, offset.y - by.dy}));
+    return canScroll;
+}
+
+bool UIScrollView::turnPageByWheel(CGVector by)
+{
+    // A wheel that only turns up and down turns pages that lie side by side, too.
+    const UIScrollRange x = rangeX();
+    const CGFloat turn = by.dx != 0 ? by.dx : by.dy;
+    if (turn == 0 || x.maximum == 0)
+        return false;
+    const CGPoint offset = contentOffset();
+    if (!isDecelerating())
+        springTo({x.inside(offset.x + (turn < 0 ? x.length : -x.length)), offset.y}, {0, 0});
     return true;
 }
 
 void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
 {
+    // Taken off the screen under the finger.
+    if (!window())
+        return;
     switch (recognizer.state()) {
     case UIGestureRecognizer::State::began:
         beginDragging();
@@ -115,14 +145,16 @@ void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
     case UIGestureRecognizer::State::changed:
         drag();
         break;
-    case UIGestureRecognizer::State::ended:
-        endDragging(-m_dragRecognizer->velocity().dy);
+    case UIGestureRecognizer::State::ended: {
+        const CGVector finger = m_dragRecognizer->velocity();
+        endDragging({rangeX().canMove() ? -finger.dx : 0, rangeY().canMove() ? -finger.dy : 0});
         break;
+    }
     case UIGestureRecognizer::State::cancelled:
         // Nobody let go: whatever hangs on how far the content was pulled must not happen.
         stopDecelerating();
-        moveContentTo(std::clamp(contentOffset().y, 0.0, maximumOffset()));
-        endDragging(0);
+        moveContentTo(inside(contentOffset()));
+        endDragging({0, 0});
         break;
     case UIGestureRecognizer::State::possible:
     case UIGestureRecognizer::State::failed:
@@ -133,50 +165,64 @@ void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
 void UIScrollView::beginDragging()
 {
     stopDecelerating();
-    const CGFloat y = contentOffset().y;
-    const CGFloat length = bounds().size.height;
-    CGFloat start = y;
-    if (y < 0)
-        start = -stretchedBy(-y, length);
-    else if (y > maximumOffset())
-        start = maximumOffset() + stretchedBy(y - maximumOffset(), length);
-    m_dragStartOffset = start;
-    m_dragStartTranslation = m_dragRecognizer->translationIn(*superview()).dy;
+    const CGPoint offset = contentOffset();
+    m_dragStart = CGPoint{rangeX().unstretched(offset.x), rangeY().unstretched(offset.y)};
+    m_dragStartTranslation = m_dragRecognizer->translationIn(*superview());
     if (m_scrollDelegate)
         m_scrollDelegate->scrollViewWillBeginDragging(*this);
 }
 
 void UIScrollView::drag()
 {
-    if (!m_dragStartOffset)
+    if (!m_dragStart)
         return;
-    const CGFloat way = m_dragRecognizer->translationIn(*superview()).dy - m_dragStartTranslation;
-    const CGFloat wanted = *m_dragStartOffset - way;
-    const CGFloat length = bounds().size.height;
-    if (wanted < 0)
-        moveContentTo(-rubberBand(-wanted, length));
-    else if (wanted > maximumOffset())
-        moveContentTo(maximumOffset() + rubberBand(wanted - maximumOffset(), length));
-    else
-        moveContentTo(wanted);
+    const CGVector finger = m_dragRecognizer->translationIn(*superview());
+    const CGFloat x = m_dragStart->x - (finger.dx - m_dragStartTranslation.dx);
+    const CGFloat y = m_dragStart->y - (finger.dy - m_dragStartTranslation.dy);
+    moveContentTo({rangeX().stretched(x), rangeY().stretched(y)});
 }
 
-void UIScrollView::endDragging(CGFloat velocity)
+void UIScrollView::endDragging(CGVector velocity)
 {
-    if (!m_dragStartOffset)
+    if (!m_dragStart)
         return;
-    m_dragStartOffset.reset();
-    const bool isPastEnd = contentOffset().y < 0 || contentOffset().y > maximumOffset();
-    const bool willDecelerate = isPastEnd || std::fabs(velocity) > standstill;
+    m_dragStart.reset();
+    const CGPoint offset = contentOffset();
+    const CGPoint rest = m_pagingEnabled
+        ? CGPoint{rangeX().pageAfter(offset.x, velocity.dx), rangeY().pageAfter(offset.y, velocity.dy)}
+        : inside(offset);
+    const bool runsOn = !m_pagingEnabled && std::hypot(velocity.dx, velocity.dy) > standstill;
+    const bool willDecelerate = runsOn || rest != offset;
     if (m_scrollDelegate)
         m_scrollDelegate->scrollViewDidEndDragging(*this, willDecelerate);
-    if (willDecelerate)
-        startDecelerating(velocity);
+    if (!willDecelerate)
+        return;
+    if (m_pagingEnabled)
+        springTo(rest, velocity);
+    else
+        runOn(velocity);
 }
 
-void UIScrollView::startDecelerating(CGFloat velocity)
+void UIScrollView::runOn(CGVector velocity)
 {
-    m_motion = {Host::current().clock().now(), contentOffset().y, velocity, {}};
+    const double now = Host::current().clock().now();
+    const CGPoint offset = contentOffset();
+    m_motionX = UIScrollMotion::runningOn(now, offset.x, velocity.dx);
+    m_motionY = UIScrollMotion::runningOn(now, offset.y, velocity.dy);
+    startDecelerating();
+}
+
+void UIScrollView::springTo(CGPoint target, CGVector velocity)
+{
+    const double now = Host::current().clock().now();
+    const CGPoint offset = contentOffset();
+    m_motionX = UIScrollMotion::springing(now, offset.x, velocity.dx, target.x);
+    m_motionY = UIScrollMotion::springing(now, offset.y, velocity.dy, target.y);
+    startDecelerating();
+}
+
+void UIScrollView::startDecelerating()
+{
     if (m_displayLink == 0)
         m_displayLink = CATimeline::main().addDisplayLink([this](double now) { decelerate(now); });
 }
@@ -189,38 +235,10 @@ void UIScrollView::stopDecelerating()
 
 void UIScrollView::decelerate(double now)
 {
-    const double seconds = std::max(0.0, now - m_motion.start);
-    CGFloat offset, velocity;
-    if (m_motion.target) {
-        const CGFloat away = m_motion.offset - *m_motion.target;
-        const CGFloat drift = m_motion.velocity + springRate * away;
-        const double faded = std::exp(-springRate * seconds);
-        offset = *m_motion.target + (away + drift * seconds) * faded;
-        velocity = (drift - springRate * (away + drift * seconds)) * faded;
-    } else {
-        const double rate = 1000 * std::log(decelerationRate);
-        const double faded = std::exp(rate * seconds);
-        offset = m_motion.offset + m_motion.velocity * (faded - 1) / rate;
-        velocity = m_motion.velocity * faded;
-    }
-
-    const CGFloat inside = std::clamp(offset, 0.0, maximumOffset());
-    const bool isPastEnd = offset != inside;
-    if (!m_motion.target && isPastEnd) {
-        m_motion = {now, offset, velocity, inside};
-        moveContentTo(offset);
-        return;
-    }
-    const bool hasArrived = m_motion.target
-        ? std::fabs(offset - *m_motion.target) < 0.25 && std::fabs(velocity) < standstill
-        : std::fabs(velocity) < standstill;
-    if (!hasArrived) {
-        moveContentTo(offset);
-        return;
-    }
-    const CGFloat end = m_motion.target ? std::clamp(*m_motion.target, 0.0, maximumOffset()) : inside;
-    stopDecelerating();
-    moveContentTo(end);
+    const CGPoint offset{m_motionX.step(now, rangeX()), m_motionY.step(now, rangeY())};
+    if (m_motionX.isOver() && m_motionY.isOver())
+        stopDecelerating();
+    moveContentTo(offset);
 }
 
 } // namespace velmorath

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "UIPanGestureRecognizer.h"
+#include "UIScrollMotion.h"
 #include "UIView.h"
 #include <optional>
 
@@ -18,64 +19,73 @@ public:
     virtual void scrollViewDidEndDragging(UIScrollView&, bool /*willDecelerate*/) { }
 };
 
-/// A window onto a content that is higher than the view: follows the finger, gives way like rubber past
-/// its ends and springs back, runs on after a flick. It scrolls up and down.
+/// A window onto a content that is larger than the view: follows the finger, gives way like rubber past
+/// its ends and springs back, runs on after a flick or comes to rest at a page. It scrolls up and down, and
+/// sideways when the content is wider than the view.
 class UIScrollView : public UIView {
 public:
     explicit UIScrollView(const CGRect& frame);
     ~UIScrollView() override;
 
-    /// The content's point at the view's top left corner; y is negative when it is pulled past the top.
+    /// The content's point at the view's top left corner; negative when it is pulled past the beginning.
     CGPoint contentOffset() const { return bounds().origin; }
     /// Stops whatever moves the content.
     void setContentOffset(CGPoint);
     CGSize contentSize() const { return m_contentSize; }
     void setContentSize(CGSize);
+    /// Shows as much of the rectangle, in the content's coordinates, as fits, with the least move.
+    void scrollRectToVisible(const CGRect&, bool animated);
+    /// The content comes to rest at multiples of the view's size.
+    void setPagingEnabled(bool enabled) { m_pagingEnabled = enabled; }
+    /// Whether the content can be pulled past its ends.
+    void setBounces(bool bounces) { m_bounces = bounces; }
+    /// There are no indicators; this says that there shall be none.
+    void setShowsHorizontalScrollIndicator(bool) { }
     bool isScrollEnabled() const { return m_scrollEnabled; }
     void setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
-    bool isDragging() const { return m_dragStartOffset.has_value(); }
-    /// Running on or springing back by itself.
+    bool isDragging() const { return m_dragStart.has_value(); }
+    /// Moving by itself: running on, springing back, or on its way to where it shall be.
     bool isDecelerating() const { return m_displayLink != 0; }
     void setScrollDelegate(UIScrollViewDelegate* delegate) { m_scrollDelegate = delegate; }
 
-    /// Scrolls, never past the ends. False when there is nothing to scroll.
+    /// Scrolls, never past the ends, or turns one page. False when there is nothing to scroll.
     bool scrollByWheel(CGVector);
 
     void layoutSubviews() override;
 
 protected:
     /// Moves the content without stopping what moves it.
-    void moveContentTo(CGFloat y);
-    CGFloat maximumOffset() const { return std::max(0.0, m_contentSize.height - bounds().size.height); }
+    void moveContentTo(CGPoint);
+    /// The nearest offset at which the view is full of content.
+    CGPoint inside(CGPoint offset) const;
     void stopDecelerating();
 
 private:
     class DragRecognizer;
-    /// How the content moves by itself since the moment `start`.
-    struct Motion {
-        double start;
-        CGFloat offset;
-        /// Points a second.
-        CGFloat velocity;
-        /// Where it springs to; without one it runs on and gets slower.
-        std::optional<CGFloat> target;
-    };
 
+    UIScrollRange rangeX() const;
+    UIScrollRange rangeY() const;
+    bool turnPageByWheel(CGVector);
     void handleDrag(UIGestureRecognizer&);
     void beginDragging();
     void drag();
-    void endDragging(CGFloat velocity);
-    void startDecelerating(CGFloat velocity);
+    void endDragging(CGVector velocity);
+    void runOn(CGVector velocity);
+    void springTo(CGPoint target, CGVector velocity);
+    void startDecelerating();
     void decelerate(double now);
 
     std::shared_ptr<DragRecognizer> m_dragRecognizer;
     UIScrollViewDelegate* m_scrollDelegate = nullptr;
     CGSize m_contentSize;
     bool m_scrollEnabled = true;
+    bool m_pagingEnabled = false;
+    bool m_bounces = true;
     /// The offset that the finger would have moved from, were there no rubber.
-    std::optional<CGFloat> m_dragStartOffset;
-    CGFloat m_dragStartTranslation = 0;
-    Motion m_motion{};
+    std::optional<CGPoint> m_dragStart;
+    CGVector m_dragStartTranslation;
+    UIScrollMotion m_motionX;
+    UIScrollMotion m_motionY;
     int m_displayLink = 0;
 };
 

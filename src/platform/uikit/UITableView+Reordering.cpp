@@ -97,7 +97,7 @@ void UITableView::scrollWhileReordering(double now)
     if (push == 0)
         return;
     const CGFloat wanted = contentOffset().y + std::clamp(push, -1.0, 1.0) * scrollSpeed * seconds;
-    moveContentTo(std::clamp(wanted, 0.0, maximumOffset()));
+    moveContentTo(inside({0, wanted}));
     continueReordering(m_reordering->fingerInWindow);
 }
 

@@ -266,7 +266,7 @@ void UITableView::endUpdates()
         for (const auto& [place, cell] : m_rows)
             putInPlace(*cell, place);
         if (!isDragging() && !isDecelerating())
-            moveContentTo(std::min(contentOffset().y, std::max(0.0, maximumOffset())));
+            UIScrollView::layoutSubviews();
     });
 
     // Rows that come into sight at the bottom slide up with the others.

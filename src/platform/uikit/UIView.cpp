@@ -128,8 +128,17 @@ void UIView::insertSubview(std::shared_ptr<UIView> view, std::size_t index)
     }
     m_layer->insertSublayer(view->m_layer, layerIndex);
     index = std::min(index, m_subviews.size());
-    m_subviews.insert(m_subviews.begin() + static_cast<std::ptrdiff_t>(index), std::move(view));
+    m_subviews.insert(m_subviews.begin() + static_cast<std::ptrdiff_t>(index), view);
     setNeedsLayout();
+    if (window())
+        view->tellMovedToWindow();
+}
+
+void UIView::tellMovedToWindow()
+{
+    didMoveToWindow();
+    for (const auto& subview : m_subviews)
+        subview->tellMovedToWindow();
 }
 
 void UIView::removeFromSuperview()
@@ -139,9 +148,12 @@ void UIView::removeFromSuperview()
     endEditing();
     const std::shared_ptr<UIView> keepAlive = shared_from_this();
     UIView& parent = *m_superview;
+    const bool wasInWindow = window();
     m_superview = nullptr;
     m_layer->removeFromSuperlayer();
     std::erase(parent.m_subviews, keepAlive);
+    if (wasInWindow)
+        tellMovedToWindow();
 }
 
 bool UIView::endEditing()

@@ -59,12 +59,17 @@ public:
     bool isUserInteractionEnabled() const { return m_userInteractionEnabled; }
     void setUserInteractionEnabled(bool enabled) { m_userInteractionEnabled = enabled; }
     void setAutoresizingMask(unsigned mask) { m_autoresizingMask = mask; }
+    /// A number to know the view by.
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
     CALayer& layer() { return *m_layer; }
     const CALayer& layer() const { return *m_layer; }
 
     UIView* superview() const { return m_superview; }
     const std::vector<std::shared_ptr<UIView>>& subviews() const { return m_subviews; }
     virtual UIWindow* window() { return m_superview ? m_superview->window() : nullptr; }
+    /// The view, or one that it is in, came into a window or left it.
+    virtual void didMoveToWindow() { }
     bool isDescendantOf(const UIView&) const;
     void addSubview(std::shared_ptr<UIView>);
     /// An index beyond the end means on top.
@@ -108,9 +113,13 @@ public:
 protected:
     /// Draws what the view shows, over its background and below its subviews.
     virtual void draw(CGContext&) const { }
+    /// For transitions: what draw() draws just now, without the view.
+    virtual std::function<void(CGContext&)> keptDrawing() const { return {}; }
 
 private:
     void drawLayer(const CALayer&, CGContext& context) override { draw(context); }
+    std::function<void(CGContext&)> keptLayerDrawing(const CALayer&) const override { return keptDrawing(); }
+    void tellMovedToWindow();
     CGAffineTransform toSuperview() const;
     void autoresize(CGSize superviewBefore, CGSize superviewNow);
 
@@ -120,6 +129,7 @@ private:
     std::vector<std::shared_ptr<UIView>> m_subviews;
     std::vector<std::shared_ptr<UIGestureRecognizer>> m_gestureRecognizers;
     unsigned m_autoresizingMask = 0;
+    int m_tag = 0;
     bool m_userInteractionEnabled = true;
     bool m_needsLayout = true;
 };

@@ -1,4 +1,0 @@
-#include "NFXIntroViewController.h"
-namespace velmorath {
-void presentTutorial(UIViewController&, delegatoTutorialChiuso&) { }
-} // namespace velmorath

@@ -1,0 +1,88 @@
+#include "UIActivityIndicatorView.h"
+#include "CATimeline.h"
+#include <utility>
+
+namespace velmorath {
+
+namespace {
+
+constexpr int spokes = 12;
+constexpr double secondsPerTurn = 1;
+constexpr CGFloat innerRadius = 9;
+constexpr CGFloat spokeLength = 9;
+constexpr CGFloat spokeWidth = 3;
+constexpr double fullTurn = 6.283185307179586;
+
+CGAffineTransform rotation(double angle)
+{
+    const double sine = std::sin(angle), cosine = std::cos(angle);
+    return {cosine, sine, -sine, cosine, 0, 0};
+}
+
+} // namespace
+
+UIActivityIndicatorView::UIActivityIndicatorView(const CGRect& frame)
+    : UIView(frame)
+{
+    setHidden(true);
+}
+
+UIActivityIndicatorView::~UIActivityIndicatorView()
+{
+    if (m_displayLink != 0)
+        CATimeline::main().removeDisplayLink(m_displayLink);
+}
+
+void UIActivityIndicatorView::setColor(const CGColor& color)
+{
+    m_color = color;
+    setNeedsDisplay();
+}
+
+void UIActivityIndicatorView::startAnimating()
+{
+    m_isAnimating = true;
+    setHidden(false);
+    startOrStopTurning();
+}
+
+void UIActivityIndicatorView::stopAnimating()
+{
+    m_isAnimating = false;
+    setHidden(true);
+    startOrStopTurning();
+}
+
+void UIActivityIndicatorView::startOrStopTurning()
+{
+    const bool shallTurn = m_isAnimating && window();
+    if (shallTurn && m_displayLink == 0)
+        m_displayLink = CATimeline::main().addDisplayLink([this](double now) { turn(now); });
+    else if (!shallTurn && m_displayLink != 0)
+        CATimeline::main().removeDisplayLink(std::exchange(m_displayLink, 0));
+}
+
+void UIActivityIndicatorView::turn(double now)
+{
+    const int spoke = static_cast<int>(std::fmod(now / secondsPerTurn, 1) * spokes);
+    if (spoke == m_spoke)
+        return;
+    m_spoke = spoke;
+    setNeedsDisplay();
+}
+
+void UIActivityIndicatorView::draw(CGContext& context) const
+{
+    for (int spoke = 0; spoke < spokes; ++spoke) {
+        const int behind = (m_spoke - spoke + spokes) % spokes;
+        context.saveState();
+        context.concatenate(
+            rotation(fullTurn * spoke / spokes)
+                .concatenated(CGAffineTransform::translation(bounds().midX(), bounds().midY())));
+        context.fill(CGRectMake(-spokeWidth / 2, -innerRadius - spokeLength, spokeWidth, spokeLength),
+            spokeWidth / 2, m_color.withAlpha(m_color.alpha * std::max(0.25, 1 - behind * 0.1)));
+        context.restoreState();
+    }
+}
+
+} // namespace velmorath

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "UIView.h"
+
+namespace velmorath {
+
+/// A large wheel of spokes that turns as long as something is going on, and is hidden otherwise. It costs
+/// frames only while it turns in a window.
+class UIActivityIndicatorView : public UIView {
+public:
+    explicit UIActivityIndicatorView(const CGRect& frame);
+    ~UIActivityIndicatorView() override;
+
+    void setColor(const CGColor&);
+    bool isAnimating() const { return m_isAnimating; }
+    void startAnimating();
+    void stopAnimating();
+
+    void didMoveToWindow() override { startOrStopTurning(); }
+
+protected:
+    void draw(CGContext&) const override;
+
+private:
+    void startOrStopTurning();
+    void turn(double now);
+
+    CGColor m_color = UIColor::white();
+    bool m_isAnimating = false;
+    /// The darkest spoke, counted clockwise from the top.
+    int m_spoke = 0;
+    int m_displayLink = 0;
+};
+
+} // namespace velmorath

@@ -1,0 +1,26 @@
+#include "UIImageView.h"
+
+namespace velmorath {
+
+void UIImageView::setImage(std::shared_ptr<UIImage> image)
+{
+    m_image = std::move(image);
+    setNeedsDisplay();
+}
+
+void UIImageView::draw(CGContext& context) const
+{
+    if (!m_image)
+        return;
+    const CGSize size = m_image->size();
+    if (size.width <= 0 || size.height <= 0)
+        return;
+    const CGRect& area = bounds();
+    const CGFloat scale = std::min(area.size.width / size.width, area.size.height / size.height);
+    const CGSize fitted{size.width * scale, size.height * scale};
+    context.drawImage(m_image->cgImage(),
+        CGRectMake(
+            area.midX() - fitted.width / 2, area.midY() - fitted.height / 2, fitted.width, fitted.height));
+}
+
+} // namespace velmorath

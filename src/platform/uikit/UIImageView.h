@@ -1,0 +1,22 @@
+#pragma once
+
+#include "UIImage.h"
+#include "UIView.h"
+
+namespace velmorath {
+
+/// Shows a whole picture in the middle, as large as fits without bending it.
+class UIImageView : public UIView {
+public:
+    using UIView::UIView;
+
+    void setImage(std::shared_ptr<UIImage>);
+
+protected:
+    void draw(CGContext&) const override;
+
+private:
+    std::shared_ptr<UIImage> m_image;
+};
+
+} // namespace velmorath

@@ -1,0 +1,61 @@
+#include "UIPageControl.h"
+
+namespace velmorath {
+
+namespace {
+
+constexpr CGFloat dotSize = 7;
+constexpr CGFloat dotDistance = 16;
+constexpr CGFloat height = 37;
+
+} // namespace
+
+void UIPageControl::setNumberOfPages(int pages)
+{
+    m_numberOfPages = pages;
+    setCurrentPage(m_currentPage);
+    setNeedsDisplay();
+}
+
+void UIPageControl::setCurrentPage(std::int64_t page)
+{
+    page = std::clamp<std::int64_t>(page, 0, std::max(0, m_numberOfPages - 1));
+    if (m_currentPage == page)
+        return;
+    m_currentPage = page;
+    setNeedsDisplay();
+}
+
+void UIPageControl::setPageIndicatorTintColor(const CGColor& color)
+{
+    m_tintColor = color;
+    setNeedsDisplay();
+}
+
+void UIPageControl::setCurrentPageIndicatorTintColor(const CGColor& color)
+{
+    m_currentTintColor = color;
+    setNeedsDisplay();
+}
+
+CGFloat UIPageControl::rowWidth() const
+{
+    return m_numberOfPages > 0 ? dotSize + (m_numberOfPages - 1) * dotDistance : 0;
+}
+
+void UIPageControl::sizeToFit()
+{
+    setFrame({frame().origin, {rowWidth(), height}});
+}
+
+void UIPageControl::draw(CGContext& context) const
+{
+    const CGFloat left = bounds().midX() - rowWidth() / 2;
+    const CGFloat top = bounds().midY() - dotSize / 2;
+    for (int page = 0; page < m_numberOfPages; ++page) {
+        context.fill(CGRectMake(left + page * dotDistance, top, dotSize, dotSize), dotSize / 2,
+            page == m_currentPage ? m_currentTintColor : m_tintColor);
+    }
+}
+
+} // namespace velmorath
