@@ -194,7 +194,8 @@ TEST_F(TutorialTest, ShowsPicturesAndTheBlackBehindTheHeldButton)
     const CGRect strip = tutorial()._scrollview->frame();
     const auto pictures = [this] {
         std::vector<DrawingCommand> found;
-        for (const DrawingCommand& command : host.draw().commands()) {
+        const DrawingRecorder drawing = host.draw();
+        for (const DrawingCommand& command : drawing.commands()) {
             if (command.kind == DrawingCommand::Kind::image && !command.visible.isEmpty())
                 found.push_back(command);
         }

@@ -17,7 +17,8 @@ protected:
     std::vector<DrawingCommand> drawn(DrawingCommand::Kind kind)
     {
         std::vector<DrawingCommand> found;
-        for (const DrawingCommand& command : host.draw().commands()) {
+        const DrawingRecorder drawing = host.draw();
+        for (const DrawingCommand& command : drawing.commands()) {
             if (command.kind == kind)
                 found.push_back(command);
         }
