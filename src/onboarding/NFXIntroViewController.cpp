@@ -1,4 +1,5 @@
 #include "NFXIntroViewController.h"
+#include "HostKey.h"
 #include "FatalError.h"
 #include "Print.h"
 #include "UIImageView.h"
@@ -168,6 +169,25 @@ void NFXIntroViewController::scrollViewDidScroll(UIScrollView& scrollView)
     _pgcontrol->setCurrentPage(page);
 }
 
+void NFXIntroViewController::turnTo(std::int64_t page)
+{
+    const CGRect strip = _scrollview->frame();
+    _scrollview->scrollRectToVisible(CGRectMake(strip.size.width * static_cast<CGFloat>(page), strip.origin.y,
+                                         strip.size.width, strip.size.height),
+        true);
+}
+
+bool NFXIntroViewController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key == HostKey::right)
+        ButtonPushed();
+    else if (press.key == HostKey::left)
+        turnTo(std::max<std::int64_t>(0, currentPage(*_scrollview) - 1));
+    else
+        return false;
+    return true;
+}
+
 void NFXIntroViewController::ButtonPushed()
 {
     print("ButtonPushed");
@@ -175,10 +195,7 @@ void NFXIntroViewController::ButtonPushed()
     print("numero : " + std::to_string(lastPage()) + "   page : " + std::to_string(page));
     if (page != lastPage()) {
         print("if page_ != numero");
-        const CGRect strip = _scrollview->frame();
-        _scrollview->scrollRectToVisible(CGRectMake(strip.size.width * static_cast<CGFloat>(page + 1),
-                                             strip.origin.y, strip.size.width, strip.size.height),
-            true);
+        turnTo(page + 1);
         return;
     }
     print("self.dismissViewControllerAnimated");

@@ -23,6 +23,8 @@ public:
     /// anything else is fatal.
     void initWithViews(const std::vector<std::any>& images);
     void ButtonPushed();
+    /// The right arrow is the button, the left one turns back.
+    bool keyPressed(const HostKeyPress&) override;
 
     void scrollViewDidScroll(UIScrollView&) override;
     void viewDidLayoutSubviews() override;
@@ -37,6 +39,7 @@ public:
     std::vector<std::any> _images;
 
 private:
+    void turnTo(std::int64_t page);
     void makeStrip();
     void makePageControl();
     void makeButton(std::shared_ptr<UIImage> highlightImage);

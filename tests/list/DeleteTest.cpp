@@ -190,7 +190,7 @@ using DeleteDeathTest = DeleteTest;
 TEST_F(DeleteDeathTest, NothingCanBeDeletedFromAnEmptyList)
 {
     start({});
-    EXPECT_DEATH(list().toDoItemDeleted(std::make_shared<ToDoItem2>()), "empty list");
+    EXPECT_DEATH(list().toDoItemDeleted(std::make_shared<ToDoItem2>()), "no note at the place 0");
 }
 
 } // namespace

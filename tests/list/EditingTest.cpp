@@ -119,7 +119,7 @@ TEST_F(EditingTest, TheRowStaysAtTheTopWhenTheScreenChanges)
     host.resize({500, 400});
     host.advance(0.1);
     EXPECT_EQ(host.textInput().frame().midY(), 30);
-    EXPECT_EQ(host.textInput().frame().size.width, 485);
+    EXPECT_EQ(host.textInput().frame().size.width, 470);
     EXPECT_EQ(row(0).alpha(), 0.3);
     type("note");
     host.advance(0.5);

@@ -192,6 +192,7 @@ TEST_F(SwipeDeathTest, WhatCannotBe)
     pan.touchesBegan(touch);
     touch.front()->moveTo({50, 30}, 0.1);
     EXPECT_DEATH(pan.touchesMoved(touch), "not in a table was swiped");
+    pan.touchesCancelled(touch);
 }
 
 } // namespace

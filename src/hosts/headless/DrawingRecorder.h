@@ -2,6 +2,7 @@
 
 #include "CGContext.h"
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velmorath {
@@ -38,7 +39,8 @@ public:
     void drawText(std::string_view utf8, const CGRect&, const CGTextStyle&) override;
     void drawImage(const CGImage&, const CGRect&) override;
 
-    const std::vector<DrawingCommand>& commands() const { return m_commands; }
+    const std::vector<DrawingCommand>& commands() const& { return m_commands; }
+    std::vector<DrawingCommand> commands() && { return std::move(m_commands); }
     /// The texts on the screen in the order of drawing: those that show at all.
     std::vector<std::string> texts() const;
     /// Null when no such text shows.

@@ -1,4 +1,5 @@
 #include "QtScreen.h"
+#include "QtColor.h"
 #include "QtImage.h"
 #include <QBuffer>
 #include <QImageReader>
@@ -29,6 +30,15 @@ std::shared_ptr<CGImage> QtScreen::decodeImage(std::string_view bytes)
     reader.setAutoTransform(true);
     const QImage image = reader.read();
     return image.isNull() ? nullptr : std::make_shared<QtImage>(image);
+}
+
+std::shared_ptr<CGImage> QtScreen::makeBitmap(CGSize pixels, const CGColor& color)
+{
+    QImage image(static_cast<int>(pixels.width), static_cast<int>(pixels.height), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return nullptr;
+    image.fill(toQColor(color));
+    return std::make_shared<QtImage>(image);
 }
 
 } // namespace velmorath

@@ -18,6 +18,7 @@ public:
     void requestFrame() override { m_widget.requestFrame(); }
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
+    std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) override;
 
 private:
     ScreenWidget& m_widget;

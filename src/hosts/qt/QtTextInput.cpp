@@ -1,6 +1,7 @@
 #include "QtTextInput.h"
 #include "EditorEffect.h"
 #include "LineEditor.h"
+#include "QtColor.h"
 #include "TextCache.h"
 #include "TextEditor.h"
 #include <QGuiApplication>
@@ -12,9 +13,7 @@ namespace {
 
 QPalette makePalette(const QWidget& widget, const CGColor& color)
 {
-    const auto component = [](CGFloat value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
-    const QColor text = QColor::fromRgbF(
-        component(color.red), component(color.green), component(color.blue), component(color.alpha));
+    const QColor text = toQColor(color);
     QPalette palette = widget.palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     palette.setColor(QPalette::Text, text);

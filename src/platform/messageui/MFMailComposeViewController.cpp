@@ -1,4 +1,5 @@
 #include "MFMailComposeViewController.h"
+#include "HostKey.h"
 #include "Host.h"
 #include "UIApplication.h"
 
@@ -120,6 +121,14 @@ void MFMailComposeViewController::send()
     const auto address = URL::parse(mailAddress(m_toRecipients, m_body->text()));
     const bool isTaken = address && UIApplication::shared().openURL(*address);
     finish(isTaken ? MFMailComposeResult::sent : MFMailComposeResult::failed);
+}
+
+bool MFMailComposeViewController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::escape)
+        return false;
+    finish(MFMailComposeResult::cancelled);
+    return true;
 }
 
 void MFMailComposeViewController::finish(MFMailComposeResult result)

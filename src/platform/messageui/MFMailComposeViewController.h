@@ -43,6 +43,8 @@ public:
     void setMessageBody(std::string body) { m_messageBody = std::move(body); }
 
     void viewDidLoad() override;
+    /// Escape cancels.
+    bool keyPressed(const HostKeyPress&) override;
     void viewDidLayoutSubviews() override;
 
 private:
