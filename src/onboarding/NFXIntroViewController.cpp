@@ -1,6 +1,6 @@
 #include "NFXIntroViewController.h"
-#include "HostKey.h"
 #include "FatalError.h"
+#include "HostKey.h"
 #include "Print.h"
 #include "UIImageView.h"
 #include "UIScreen.h"
@@ -179,10 +179,11 @@ void NFXIntroViewController::turnTo(std::int64_t page)
 
 bool NFXIntroViewController::keyPressed(const HostKeyPress& press)
 {
+    const std::int64_t page = currentPage(*_scrollview);
     if (press.key == HostKey::right)
-        ButtonPushed();
+        turnTo(std::min(lastPage(), page + 1));
     else if (press.key == HostKey::left)
-        turnTo(std::max<std::int64_t>(0, currentPage(*_scrollview) - 1));
+        turnTo(std::max<std::int64_t>(0, page - 1));
     else
         return false;
     return true;

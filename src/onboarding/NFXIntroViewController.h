@@ -23,7 +23,7 @@ public:
     /// anything else is fatal.
     void initWithViews(const std::vector<std::any>& images);
     void ButtonPushed();
-    /// The right arrow is the button, the left one turns back.
+    /// The arrows turn the pages.
     bool keyPressed(const HostKeyPress&) override;
 
     void scrollViewDidScroll(UIScrollView&) override;

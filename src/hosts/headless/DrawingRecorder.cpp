@@ -93,9 +93,10 @@ const DrawingCommand* DrawingRecorder::text(std::string_view text) const
 
 CGColor DrawingRecorder::colorAt(CGPoint point) const
 {
-    CGColor color {0, 0, 0, 0};
+    CGColor color{0, 0, 0, 0};
     for (const DrawingCommand& command : m_commands) {
-        const bool isOpaque = command.kind == DrawingCommand::Kind::fill && command.color.alpha * command.alpha >= 1;
+        const bool isOpaque =
+            command.kind == DrawingCommand::Kind::fill && command.color.alpha * command.alpha >= 1;
         if (isOpaque && command.visible.contains(point))
             color = command.color;
     }

@@ -51,7 +51,7 @@ public:
 private:
     struct State {
         CGAffineTransform transform;
-        CGRect clip {{-1e9, -1e9}, {2e9, 2e9}};
+        CGRect clip{{-1e9, -1e9}, {2e9, 2e9}};
         CGFloat alpha = 1;
     };
 

@@ -48,7 +48,10 @@ public:
     void touch(const std::vector<HostTouch>& touches) { m_client->touchesChanged(touches, m_clock.now()); }
 
     /// A key outside a text. False when the program had no use for it.
-    bool press(HostKey key, bool shift = false, bool alt = false) { return m_client->keyPressed({key, shift, alt}); }
+    bool press(HostKey key, bool shift = false, bool alt = false)
+    {
+        return m_client->keyPressed({key, shift, alt});
+    }
 
     HostClient& client() { return *m_client; }
     /// All that is on the screen now.

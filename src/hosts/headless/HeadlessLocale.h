@@ -13,7 +13,7 @@ public:
     void setPreferredLanguages(std::vector<std::string> languages) { m_languages = std::move(languages); }
 
 private:
-    std::vector<std::string> m_languages {"en-US"};
+    std::vector<std::string> m_languages{"en-US"};
 };
 
 } // namespace velmorath

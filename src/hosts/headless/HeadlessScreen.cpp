@@ -19,12 +19,12 @@ bool isFromTheRight(char lead)
     return byte >= 0xD6 && byte <= 0xDE;
 }
 
-}
+} // namespace
 
 CGTextMetrics HeadlessScreen::measure(std::string_view utf8, const CGFont& font, CGFloat wrapWidth)
 {
-    const auto characters
-        = std::count_if(utf8.begin(), utf8.end(), [](char byte) { return !isContinuation(byte); });
+    const auto characters =
+        std::count_if(utf8.begin(), utf8.end(), [](char byte) { return !isContinuation(byte); });
     CGTextMetrics metrics;
     metrics.size = {static_cast<CGFloat>(characters) * font.size * 0.6, font.size * 1.2};
     if (wrapWidth > 0 && metrics.size.width > wrapWidth)

@@ -23,7 +23,7 @@ public:
     void takeFrameRequest() { m_frameRequested = false; }
 
 private:
-    CGSize m_size {375, 667};
+    CGSize m_size{375, 667};
     bool m_makesBitmaps = true;
     bool m_frameRequested = false;
 };

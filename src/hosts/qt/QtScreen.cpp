@@ -34,7 +34,8 @@ std::shared_ptr<CGImage> QtScreen::decodeImage(std::string_view bytes)
 
 std::shared_ptr<CGImage> QtScreen::makeBitmap(CGSize pixels, const CGColor& color)
 {
-    QImage image(static_cast<int>(pixels.width), static_cast<int>(pixels.height), QImage::Format_ARGB32_Premultiplied);
+    QImage image(
+        static_cast<int>(pixels.width), static_cast<int>(pixels.height), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return nullptr;
     image.fill(toQColor(color));

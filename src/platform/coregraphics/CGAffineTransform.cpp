@@ -4,8 +4,8 @@ namespace velmorath {
 
 CGAffineTransform CGAffineTransform::concatenated(const CGAffineTransform& then) const
 {
-    return {a * then.a + b * then.c, a * then.b + b * then.d, c * then.a + d * then.c, c * then.b + d * then.d,
-        tx * then.a + ty * then.c + then.tx, tx * then.b + ty * then.d + then.ty};
+    return {a * then.a + b * then.c, a * then.b + b * then.d, c * then.a + d * then.c,
+        c * then.b + d * then.d, tx * then.a + ty * then.c + then.tx, tx * then.b + ty * then.d + then.ty};
 }
 
 CGAffineTransform CGAffineTransform::inverted() const
@@ -13,16 +13,17 @@ CGAffineTransform CGAffineTransform::inverted() const
     const CGFloat determinant = a * d - b * c;
     if (determinant == 0)
         return identity();
-    return {d / determinant, -b / determinant, -c / determinant, a / determinant, (c * ty - d * tx) / determinant,
-        (b * tx - a * ty) / determinant};
+    return {d / determinant, -b / determinant, -c / determinant, a / determinant,
+        (c * ty - d * tx) / determinant, (b * tx - a * ty) / determinant};
 }
 
 CGRect CGAffineTransform::apply(const CGRect& rect) const
 {
     if (rect.isNull())
         return rect;
-    const CGPoint corners[] = {apply(CGPoint {rect.minX(), rect.minY()}), apply(CGPoint {rect.maxX(), rect.minY()}),
-        apply(CGPoint {rect.minX(), rect.maxY()}), apply(CGPoint {rect.maxX(), rect.maxY()})};
+    const CGPoint corners[] = {apply(CGPoint{rect.minX(), rect.minY()}),
+        apply(CGPoint{rect.maxX(), rect.minY()}), apply(CGPoint{rect.minX(), rect.maxY()}),
+        apply(CGPoint{rect.maxX(), rect.maxY()})};
     CGFloat left = corners[0].x, right = left, top = corners[0].y, bottom = top;
     for (const CGPoint& corner : corners) {
         left = std::min(left, corner.x);

@@ -25,7 +25,10 @@ struct CGAffineTransform {
     /// A transform that cannot be undone (a scale to nothing) has the identity as its inverse.
     CGAffineTransform inverted() const;
 
-    CGPoint apply(CGPoint point) const { return {a * point.x + c * point.y + tx, b * point.x + d * point.y + ty}; }
+    CGPoint apply(CGPoint point) const
+    {
+        return {a * point.x + c * point.y + tx, b * point.x + d * point.y + ty};
+    }
 
     /// The smallest upright rectangle around the transformed one.
     CGRect apply(const CGRect& rect) const;

@@ -41,8 +41,8 @@ public:
     virtual void stroke(const CGRect&, CGFloat cornerRadius, CGFloat lineWidth, const CGColor&) = 0;
     /// The soft shadow that the rectangle casts: moved by the offset, blurred over the radius. The
     /// rectangle itself is not drawn.
-    virtual void drawShadow(const CGRect&, CGFloat cornerRadius, const CGColor&, CGVector offset, CGFloat blurRadius)
-        = 0;
+    virtual void drawShadow(
+        const CGRect&, CGFloat cornerRadius, const CGColor&, CGVector offset, CGFloat blurRadius) = 0;
     virtual void drawText(std::string_view utf8, const CGRect&, const CGTextStyle&) = 0;
     /// The whole picture, stretched to the rectangle.
     virtual void drawImage(const CGImage&, const CGRect&) = 0;

@@ -8,7 +8,7 @@ namespace velmorath {
 
 struct CGFont {
     /// Empty: the machine's own interface font. A family that the machine lacks gives that font too.
-    std::string family {};
+    std::string family{};
     /// Points from one line's top to its bottom without leading, as type sizes go.
     CGFloat size = 17;
     bool bold = false;

@@ -44,8 +44,8 @@ public:
 
     /// Asks for permission to use the badge, sounds and alerts. The answer may come at once or never;
     /// a machine that does not ask grants it.
-    virtual void requestNotificationPermission(bool badge, bool sound, bool alert, std::function<void(bool granted)> answer)
-        = 0;
+    virtual void requestNotificationPermission(
+        bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) = 0;
 };
 
 } // namespace velmorath

@@ -12,8 +12,7 @@ struct Error {
 };
 
 /// A value or the reason why there is none. Nothing in this program throws.
-template<typename T>
-class [[nodiscard]] Result {
+template <typename T> class [[nodiscard]] Result {
 public:
     Result(T value)
         : m_value(std::move(value))

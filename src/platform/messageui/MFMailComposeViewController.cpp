@@ -1,6 +1,6 @@
 #include "MFMailComposeViewController.h"
-#include "HostKey.h"
 #include "Host.h"
+#include "HostKey.h"
 #include "UIApplication.h"
 
 namespace velmorath {

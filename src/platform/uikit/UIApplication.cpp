@@ -181,7 +181,7 @@ void UIApplication::willTerminate()
     m_delegate->applicationWillTerminate(*this);
     DispatchQueue::main().removeAll();
     CATimeline::main().reset();
-    m_focusSystem.focus(nullptr);
+    m_focusSystem = UIFocusSystem();
     m_windows.clear();
     m_delegate = nullptr;
     m_delegateObject.reset();

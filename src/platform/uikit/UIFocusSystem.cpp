@@ -81,7 +81,10 @@ bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
     const std::shared_ptr<UIView> screen = controller.view();
     const auto keepAlive = controller.shared_from_this();
     replaceLostFocus(*screen);
-    m_ringIsWanted = true;
+    const bool wasSeen = std::exchange(m_ringIsWanted, true);
+    const bool isFinal = press.key == HostKey::remove || press.key == HostKey::space;
+    if (isFinal && m_focused && !wasSeen)
+        return true;
 
     const std::shared_ptr<UIView> start = m_focused ? m_focused : screen;
     for (UIView* view = start.get(); view && view != &window; view = view->superview()) {
@@ -120,16 +123,10 @@ void UIFocusSystem::moveFocus(UIWindow& window, bool forward)
     m_focused = views[static_cast<std::size_t>(next)];
 }
 
-void UIFocusSystem::replaceLostFocus(UIView& screen)
+void UIFocusSystem::focusNearestTo(CGPoint place, UIView& screen)
 {
-    if (m_focused && m_focused->isDescendantOf(screen) && !m_focused->isHidden())
-        return;
-    const bool isOnAnotherScreen = m_focused && m_focused->window() && !m_focused->isDescendantOf(screen);
-    const bool wasThere = std::exchange(m_focused, nullptr) != nullptr;
-    if (!wasThere || isOnAnotherScreen || m_place.isNull())
-        return;
-    const auto distance = [this](const UIView& view) {
-        const CGVector way = view.convertToWindow(view.bounds().center()) - m_place.center();
+    const auto distance = [place](const UIView& view) {
+        const CGVector way = view.convertToWindow(view.bounds().center()) - place;
         return std::hypot(way.dx, way.dy);
     };
     const auto views = focusableViews(screen);
@@ -139,10 +136,32 @@ void UIFocusSystem::replaceLostFocus(UIView& screen)
         m_focused = *nearest;
 }
 
+void UIFocusSystem::replaceLostFocus(UIView& screen)
+{
+    if (m_lastScreen.get() != &screen) {
+        if (m_focused && m_lastScreen)
+            m_left.push_back({m_lastScreen, m_place.center()});
+        m_focused.reset();
+        m_lastScreen = screen.shared_from_this();
+        const auto left = std::find_if(m_left.begin(), m_left.end(),
+            [&](const Left& entry) { return entry.screen.lock() == m_lastScreen; });
+        if (left != m_left.end()) {
+            focusNearestTo(left->place, screen);
+            m_left.erase(left, m_left.end());
+        }
+        return;
+    }
+    const bool isLost = m_focused && (!m_focused->isDescendantOf(screen) || m_focused->isHidden());
+    if (!isLost)
+        return;
+    m_focused.reset();
+    if (!m_place.isNull())
+        focusNearestTo(m_place.center(), screen);
+}
+
 void UIFocusSystem::update(UIWindow& window)
 {
-    if (m_focused)
-        replaceLostFocus(*topController(window).view());
+    replaceLostFocus(*topController(window).view());
     placeRing(window);
 }
 

@@ -22,7 +22,8 @@ public:
     void focus(std::shared_ptr<UIView>);
     /// Points the keys at the innermost view around this one that they can be pointed at.
     void focusAround(UIView&);
-    /// A finger came down: nothing is marked until the next key.
+    /// A finger came down: nothing is marked until the next key. A key that cannot be taken back only
+    /// marks what it would act on then.
     void hideRing() { m_ringIsWanted = false; }
     /// Keeps the ring where its view is shown. Called with each frame. A view that has gone leaves the
     /// focus to its neighbour.
@@ -31,11 +32,19 @@ public:
 private:
     void moveFocus(UIWindow&, bool forward);
     void replaceLostFocus(UIView& screen);
+    void focusNearestTo(CGPoint, UIView& screen);
     void placeRing(UIWindow&);
 
     std::shared_ptr<UIView> m_focused;
     /// Where the focused view was last, in the window.
     CGRect m_place = CGRect::null();
+    /// Where the focus was on screens that another one covers.
+    struct Left {
+        std::weak_ptr<UIView> screen;
+        CGPoint place;
+    };
+    std::vector<Left> m_left;
+    std::shared_ptr<UIView> m_lastScreen;
     std::shared_ptr<CALayer> m_ring;
     std::shared_ptr<CALayer> m_innerRing;
     bool m_ringIsWanted = false;

@@ -40,6 +40,7 @@ void UITextEditingView::setText(std::optional<std::string> text)
         return;
     m_text = std::move(shown);
     setNeedsDisplay();
+    setNeedsLayout();
 }
 
 void UITextEditingView::setTextColor(const CGColor& color)

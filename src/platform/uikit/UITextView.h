@@ -1,23 +1,34 @@
 #pragma once
 
+#include "UILabel.h"
+#include "UIScrollView.h"
 #include "UITextEditingView.h"
 
 namespace velmorath {
 
-/// Many lines of text that can be edited. They wrap at the view's width and start at its top. Enter starts
-/// the editing when keys are pointed at it.
+/// Many lines of text that can be read and edited. They wrap at the view's width and start at its top; what
+/// does not fit is scrolled to. Enter starts the editing when keys are pointed at it.
 class UITextView : public UITextEditingView {
 public:
-    explicit UITextView(const CGRect& frame)
-        : UITextEditingView(frame, Lines::many)
-    {
-    }
+    explicit UITextView(const CGRect& frame);
 
     bool canBecomeFocused() const override { return true; }
     bool keyPressed(const HostKeyPress&) override;
+    void layoutSubviews() override;
 
 protected:
+    void didBeginEditing() override;
+    void didEndEditing() override;
     void didReturn() override { resignFirstResponder(); }
+    /// The text is drawn by what scrolls.
+    void draw(CGContext&) const override { }
+
+private:
+    bool scrollBy(CGFloat way);
+
+    /// Shows the text while the machine's editor does not.
+    std::shared_ptr<UIScrollView> m_scrollView;
+    std::shared_ptr<UILabel> m_shownText;
 };
 
 } // namespace velmorath

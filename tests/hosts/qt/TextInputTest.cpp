@@ -101,7 +101,7 @@ TEST_F(EditorPlace, TextDoesNotMoveWhenItsEditingStarts)
 TEST_F(EditorPlace, CaretIsSeenOnAnyBackground)
 {
     for (const CGRect& where : {field, field.offsetBy(0.5, 0.5)}) {
-        for (const CGColor& color : {CGColor::gray(0), CGColor {1, 0.3, 0}, CGColor::gray(1)}) {
+        for (const CGColor& color : {CGColor::gray(0), CGColor{1, 0.3, 0}, CGColor::gray(1)}) {
             client.drawing = [&](CGContext& context) { context.fill(field, 0, color); };
             style.color = CGColor::gray(color.green > 0.5 ? 0 : 1);
             field = where;

@@ -1,5 +1,5 @@
-#include "UIScrollView.h"
 #include "ScreenTest.h"
+#include "UIScrollView.h"
 #include <algorithm>
 
 namespace velmorath {
