@@ -12,13 +12,18 @@ void ViewController::handlePinch(UIPinchGestureRecognizer& recognizer)
 {
     print("handlePinch");
     const UIGestureRecognizer::State state = recognizer.state();
-    if (state == UIGestureRecognizer::State::began && !tastieraAttiva)
-        pinchStarted(recognizer);
-    else if (state == UIGestureRecognizer::State::changed && pinchInProgress
-        && recognizer.numberOfTouches() == 2)
+    if (state == UIGestureRecognizer::State::began) {
+        // A pinch that was cancelled left these as they were.
+        pinchInProgress = false;
+        pinchExceededRequiredDistance = false;
+        if (!tastieraAttiva)
+            pinchStarted(recognizer);
+    } else if (state == UIGestureRecognizer::State::changed && pinchInProgress
+        && recognizer.numberOfTouches() == 2) {
         pinchChanged(recognizer);
-    else if (state == UIGestureRecognizer::State::ended)
+    } else if (state == UIGestureRecognizer::State::ended) {
         pinchEnded();
+    }
 }
 
 TouchPoints ViewController::getNormalizedTouchPoints(const UIPinchGestureRecognizer& recognizer) const

@@ -1,6 +1,7 @@
 #include "CATimeline.h"
 #include "Host.h"
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace velmorath {
@@ -26,6 +27,18 @@ void CATimeline::advance(double now)
         }
     }
 
+    runCompletionsUntil(now);
+    if (!m_ends.empty() || !m_links.empty())
+        Host::current().screen().requestFrame();
+}
+
+void CATimeline::finish()
+{
+    runCompletionsUntil(std::numeric_limits<double>::infinity());
+}
+
+void CATimeline::runCompletionsUntil(double now)
+{
     std::vector<End> over;
     const auto stillRunning =
         std::stable_partition(m_ends.begin(), m_ends.end(), [&](const End& end) { return end.time > now; });
@@ -36,9 +49,6 @@ void CATimeline::advance(double now)
         if (end.completion)
             end.completion();
     }
-
-    if (!m_ends.empty() || !m_links.empty())
-        Host::current().screen().requestFrame();
 }
 
 void CATimeline::keepRunningUntil(double end, std::function<void()> completion)

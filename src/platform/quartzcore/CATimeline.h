@@ -34,6 +34,9 @@ public:
     /// Keeps frames coming until this moment, and runs the completion at the first frame after it.
     void keepRunningUntil(double end, std::function<void()> completion = {});
 
+    /// Runs every completion that still waits, at once: there may be no more frames.
+    void finish();
+
     /// Calls the function with each frame's moment until the link is removed. Returns the link's number.
     int addDisplayLink(std::function<void(double now)>);
     void removeDisplayLink(int link);
@@ -46,6 +49,8 @@ private:
         double time;
         std::function<void()> completion;
     };
+
+    void runCompletionsUntil(double now);
 
     double m_frameTime = 0;
     std::optional<CAAnimationTiming> m_animating;

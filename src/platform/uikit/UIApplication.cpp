@@ -107,7 +107,8 @@ void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double
 
 void UIApplication::scrolled(CGPoint location, CGVector by)
 {
-    if (m_ignoringInteraction > 0 || m_windows.empty())
+    // Nothing moves under a finger, neither by the wheel nor by keys.
+    if (m_ignoringInteraction > 0 || m_windows.empty() || m_touchDispatcher.hasFingers())
         return;
     const std::shared_ptr<UIView> hit = keyWindow()->hitTest(location);
     for (UIView* view = hit.get(); view; view = view->superview()) {
@@ -119,7 +120,7 @@ void UIApplication::scrolled(CGPoint location, CGVector by)
 
 bool UIApplication::keyPressed(const HostKeyPress& press)
 {
-    if (m_ignoringInteraction > 0 || m_windows.empty() || m_editedView)
+    if (m_ignoringInteraction > 0 || m_windows.empty() || m_editedView || m_touchDispatcher.hasFingers())
         return false;
     Host::current().screen().requestFrame();
     return m_focusSystem.keyPressed(*keyWindow(), press);
@@ -166,8 +167,10 @@ void UIApplication::stateChanged(HostState state)
         m_delegate->applicationWillEnterForeground(*this);
     if (before == HostState::active)
         m_delegate->applicationWillResignActive(*this);
-    if (state == HostState::background)
+    if (state == HostState::background) {
+        CATimeline::main().finish();
         m_delegate->applicationDidEnterBackground(*this);
+    }
     if (state == HostState::active)
         m_delegate->applicationDidBecomeActive(*this);
 }
@@ -179,6 +182,7 @@ void UIApplication::willTerminate()
     m_touchDispatcher.cancelAll();
     keyWindow()->endEditing();
     m_delegate->applicationWillTerminate(*this);
+    CATimeline::main().finish();
     DispatchQueue::main().removeAll();
     CATimeline::main().reset();
     m_focusSystem = UIFocusSystem();

@@ -115,10 +115,10 @@ void UITableView::endReordering(bool isDropped)
     if (isDropped)
         m_dataSource->tableViewMoveRowAtIndexPathToIndexPath(*this, {0, over.from}, {0, over.to});
     const std::shared_ptr<UITableViewCell> cell = cellForRow({0, over.to});
+    over.cell->layer().removeShadow();
     if (!cell)
         return;
     // The row sinks from where it was let go into its place.
-    over.cell->layer().removeShadow();
     cell->setCenter(droppedAt);
     UIView::animate(moveAsideDuration, 0, [&] { putInPlace(*cell, over.to); });
 }

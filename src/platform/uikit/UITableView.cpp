@@ -1,6 +1,7 @@
 #include "UITableView.h"
 #include "FatalError.h"
 #include "Host.h"
+#include "UIApplication.h"
 #include "UITapGestureRecognizer.h"
 #include <algorithm>
 
@@ -137,7 +138,9 @@ void UITableView::layoutSubviews()
     const Rows rows = rowsInSight();
     for (auto entry = m_rows.begin(); entry != m_rows.end();) {
         const bool isInSight = entry->first >= rows.first && entry->first < rows.end;
-        if (isInSight || mustStay(*entry->second)) {
+        // The keys go on from the focused row, even when a finger scrolled it away.
+        const bool isFocused = UIApplication::shared().focusSystem().focusedView() == entry->second;
+        if (isInSight || isFocused || mustStay(*entry->second)) {
             ++entry;
             continue;
         }
@@ -245,6 +248,7 @@ void UITableView::select(std::int64_t row)
 void UITableView::beginUpdates()
 {
     m_isUpdating = true;
+    endReordering(false);
 }
 
 void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRowAnimation)

@@ -99,6 +99,9 @@ bool UITextEditingView::resignFirstResponder()
     setCurrent(nullptr);
     UIApplication::shared().textEditingEnded();
     setNeedsDisplay();
+    // A table kept the row for the sake of the editing; now it may be out of sight.
+    for (UIView* around = superview(); around; around = around->superview())
+        around->setNeedsLayout();
     didEndEditing();
     return true;
 }

@@ -75,7 +75,11 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
 {
     std::vector<std::pair<std::shared_ptr<UIGestureRecognizer>, UITouches>> addressed;
     for (std::int64_t identifier : fingers) {
-        const Finger& finger = m_fingers.at(identifier);
+        // What the fingers before this one set off may have taken it away.
+        const auto found = m_fingers.find(identifier);
+        if (found == m_fingers.end())
+            continue;
+        const Finger& finger = found->second;
         for (const auto& recognizer : finger.recognizers) {
             const auto known = std::find_if(addressed.begin(), addressed.end(),
                 [&](const auto& entry) { return entry.first == recognizer; });

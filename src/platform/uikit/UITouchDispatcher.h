@@ -16,6 +16,8 @@ class UITouchDispatcher {
 public:
     void touchesChanged(UIView& root, const std::vector<HostTouch>&, double time);
 
+    bool hasFingers() const { return !m_fingers.empty(); }
+
     /// Takes all fingers away from whoever has them; they are ignored until they leave.
     void cancelAll();
 
