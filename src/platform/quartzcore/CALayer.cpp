@@ -111,39 +111,36 @@ void CALayer::change(Key key, const CALayerGeometry& newModel)
     Host::current().screen().requestFrame();
 }
 
-void CALayer::setBounds(const CGRect& bounds)
+template <typename T> void CALayer::changeModel(Key key, T CALayerGeometry::*part, const T& newValue)
 {
     CALayerGeometry model = m_model;
-    model.bounds = bounds;
-    change(Key::bounds, model);
+    model.*part = newValue;
+    change(key, model);
+}
+
+void CALayer::setBounds(const CGRect& bounds)
+{
+    changeModel(Key::bounds, &CALayerGeometry::bounds, bounds);
 }
 
 void CALayer::setPosition(CGPoint position)
 {
-    CALayerGeometry model = m_model;
-    model.position = position;
-    change(Key::position, model);
+    changeModel(Key::position, &CALayerGeometry::position, position);
 }
 
 void CALayer::setTransform(const CGAffineTransform& transform)
 {
-    CALayerGeometry model = m_model;
-    model.transform = transform;
-    change(Key::transform, model);
+    changeModel(Key::transform, &CALayerGeometry::transform, transform);
 }
 
 void CALayer::setOpacity(CGFloat opacity)
 {
-    CALayerGeometry model = m_model;
-    model.opacity = opacity;
-    change(Key::opacity, model);
+    changeModel(Key::opacity, &CALayerGeometry::opacity, opacity);
 }
 
 void CALayer::setBackgroundColor(const CGColor& color)
 {
-    CALayerGeometry model = m_model;
-    model.backgroundColor = color;
-    change(Key::backgroundColor, model);
+    changeModel(Key::backgroundColor, &CALayerGeometry::backgroundColor, color);
 }
 
 CGRect CALayer::frame() const

@@ -135,6 +135,7 @@ private:
     static Value value(const CALayerGeometry&, Key);
     static void setValue(CALayerGeometry&, Key, const Value&);
     void change(Key, const CALayerGeometry& newModel);
+    template <typename T> void changeModel(Key, T CALayerGeometry::*part, const T& newValue);
     void drawOwnContent(CGContext&) const;
     template <typename T> void changeLook(T& member, const T& value);
 

@@ -73,12 +73,14 @@ TEST_F(EditorPlace, TextDoesNotMoveWhenItsEditingStarts)
     std::vector<Case> cases;
     const bool pointsAreWholePixels = host.screen().scale() == std::floor(host.screen().scale());
     for (const CGRect& where : {even, odd, moved}) {
+        // Where a point is not whole pixels, a row that slides past may be off by a part of a pixel.
+        if (where == moved && !pointsAreWholePixels)
+            continue;
         for (const auto alignment : {CGTextAlignment::natural, CGTextAlignment::left, CGTextAlignment::center,
                  CGTextAlignment::right}) {
             cases.push_back({"buy milk \u00e9", false, alignment, where});
             cases.push_back({"\u05e9\u05dc\u05d5\u05dd abc", false, alignment, where});
-            if (!(where == moved) || pointsAreWholePixels)
-                cases.push_back({longText.c_str(), true, alignment, where});
+            cases.push_back({longText.c_str(), true, alignment, where});
         }
     }
     for (std::size_t i = 0; i < cases.size(); ++i) {
