@@ -1,5 +1,5 @@
 #include "UIAlertController.h"
-#include "HostKey.h"
+#include "Host.h"
 
 namespace velmorath {
 
@@ -8,11 +8,16 @@ namespace {
 constexpr CGFloat boxWidth = 270;
 constexpr CGFloat padding = 20;
 constexpr CGFloat buttonHeight = 48;
-constexpr CGFloat hairline = 0.5;
 const CGColor boxColor = CGColor::gray(0.16);
 const CGColor lineColor = CGColor::gray(0.35);
 const CGColor standardColor{0.35, 0.68, 1, 1};
 const CGColor destructiveColor{1, 0.35, 0.32, 1};
+
+/// As thin as the screen can show.
+CGFloat hairlineWidth()
+{
+    return 1 / Host::current().screen().scale();
+}
 
 std::shared_ptr<UIView> line(const CGRect& frame)
 {
@@ -70,6 +75,7 @@ bool UIAlertController::keyPressed(const HostKeyPress& press)
 
 void UIAlertController::layOutBox(UIView& box)
 {
+    const CGFloat hairline = hairlineWidth();
     CGFloat y = addText(box, m_title, UIFont::boldSystemFont(17), padding);
     if (m_message)
         y = addText(box, *m_message, UIFont::systemFont(14), y + 6);
