@@ -5,20 +5,10 @@
 
 namespace velmorath {
 
-namespace {
-
-/// How far down the list a row is, from 0.0 to 0.6; not a number when there is only one.
-double ramp(std::int64_t index, std::size_t count)
-{
-    return static_cast<double>(index) / (static_cast<double>(count) - 1) * 0.6;
-}
-
-} // namespace
-
 CGColor ViewController::colorForIndex(std::int64_t index) const
 {
     print("😝😝😝😝😝😝   colorForIndex: " + std::to_string(index));
-    double val = ramp(index, arrayNote.size());
+    double val = rowRamp(index, arrayNote.size());
     print("val : " + description(val));
     print("----- val : " + description(val));
     if (std::isnan(val)) {
@@ -32,7 +22,7 @@ CGColor ViewController::colorForIndex(std::int64_t index) const
 
 CGColor ViewController::colorForFirstRow() const
 {
-    if (std::isnan(ramp(0, arrayNote.size())))
+    if (std::isnan(rowRamp(0, arrayNote.size())))
         print("❤️❤️❤️❤️❤️❤️ il valore è nan");
     return themeColor(theme, 0.0);
 }

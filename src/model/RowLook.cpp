@@ -2,6 +2,11 @@
 
 namespace velmorath {
 
+double rowRamp(std::int64_t index, std::size_t count)
+{
+    return static_cast<double>(index) / (static_cast<double>(count) - 1) * 0.6;
+}
+
 CGColor themeColor(std::string_view theme, double value)
 {
     if (theme == "Red")

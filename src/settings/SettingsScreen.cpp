@@ -76,8 +76,7 @@ std::shared_ptr<UITableViewCell> SettingsScreen::makeCell(UITableView& list, Ind
 CGColor SettingsScreen::colorForIndex(std::int64_t index) const
 {
     print("colorForIndex:");
-    const double t = static_cast<double>(index) / (static_cast<double>(items.size()) - 1) * 0.6;
-    return themeColor(setting(dizionarioSettaggi, "theme"), t);
+    return themeColor(setting(dizionarioSettaggi, "theme"), rowRamp(index, items.size()));
 }
 
 void SettingsScreen::tableViewWillDisplayCellForRowAtIndexPath(

@@ -17,8 +17,6 @@ struct CGAffineTransform {
     static CGAffineTransform translation(CGFloat tx, CGFloat ty) { return {1, 0, 0, 1, tx, ty}; }
     static CGAffineTransform scale(CGFloat sx, CGFloat sy) { return {sx, 0, 0, sy, 0, 0}; }
 
-    bool isIdentity() const { return *this == identity(); }
-
     /// First this transform, then the other.
     CGAffineTransform concatenated(const CGAffineTransform& then) const;
 

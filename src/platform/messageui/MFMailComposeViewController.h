@@ -37,7 +37,6 @@ public:
 
     /// May be none; outlives this screen.
     void setMailComposeDelegate(MFMailComposeViewControllerDelegate* delegate) { m_delegate = delegate; }
-    const std::vector<std::string>& toRecipients() const { return m_toRecipients; }
     /// Recipients and body are set before the screen is presented.
     void setToRecipients(std::vector<std::string> recipients) { m_toRecipients = std::move(recipients); }
     void setMessageBody(std::string body) { m_messageBody = std::move(body); }

@@ -77,9 +77,7 @@ public:
     void setHidden(bool);
     CGFloat cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(CGFloat);
-    CGFloat borderWidth() const { return m_borderWidth; }
     void setBorder(CGFloat width, const CGColor&);
-    const CGColor& borderColor() const { return m_borderColor; }
     /// Sublayers are cut off at the bounds, corners included.
     bool masksToBounds() const { return m_masksToBounds; }
     void setMasksToBounds(bool);

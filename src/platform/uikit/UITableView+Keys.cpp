@@ -60,13 +60,7 @@ bool UITableView::keyPressed(const HostKeyPress& press)
 
 void UITableView::focusRow(std::int64_t row)
 {
-    const CGRect rect = rectForRow(row);
-    CGFloat y = contentOffset().y;
-    if (rect.minY() < y)
-        y = rect.minY();
-    else if (rect.maxY() > y + bounds().size.height)
-        y = rect.maxY() - bounds().size.height;
-    setContentOffset({0, y});
+    scrollRectToVisible(rectForRow(row), false);
     UIApplication::shared().focusSystem().focus(cellForRow({0, row}));
 }
 

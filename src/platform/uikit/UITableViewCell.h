@@ -23,7 +23,6 @@ public:
     const std::string& reuseIdentifier() const { return m_reuseIdentifier; }
     /// The built-in text, on the left.
     UILabel& textLabel() { return *m_textLabel; }
-    UITableViewCellSelectionStyle selectionStyle() const { return m_selectionStyle; }
     void setSelectionStyle(UITableViewCellSelectionStyle style) { m_selectionStyle = style; }
 
     /// What the row shows at its right end.
