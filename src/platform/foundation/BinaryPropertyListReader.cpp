@@ -1,6 +1,6 @@
 #include "BinaryPropertyListReader.h"
+#include "BitCast.h"
 #include "Unicode.h"
-#include <bit>
 #include <limits>
 
 namespace velmorath {
@@ -62,8 +62,8 @@ Object real(Kind kind, std::string_view bytes, unsigned exponent)
     Object object;
     object.kind = kind;
     auto bits = number(bytes.data(), size);
-    object.real = size == 8 ? std::bit_cast<double>(bits)
-                            : static_cast<double>(std::bit_cast<float>(static_cast<std::uint32_t>(bits)));
+    object.real = size == 8 ? bitCast<double>(bits)
+                            : static_cast<double>(bitCast<float>(static_cast<std::uint32_t>(bits)));
     return object;
 }
 

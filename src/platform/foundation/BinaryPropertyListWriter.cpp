@@ -1,6 +1,6 @@
 #include "BinaryPropertyListWriter.h"
+#include "BitCast.h"
 #include "Unicode.h"
-#include <bit>
 #include <limits>
 
 namespace velmorath {
@@ -59,7 +59,7 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addReal(double rea
 {
     auto reference = beginObject();
     m_bytes += '\x23';
-    put<8>(grow(8), std::bit_cast<std::uint64_t>(real));
+    put<8>(grow(8), bitCast<std::uint64_t>(real));
     return reference;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Accessibility.h"
 #include "CGContext.h"
 #include "HostKey.h"
 #include <cstdint>
@@ -53,6 +54,17 @@ public:
     /// Draws what falls inside the rectangle, background included. Changes nothing, and may be called
     /// at any time, more than once or not at all.
     virtual void draw(CGContext&, const CGRect& area) = 0;
+
+    /// What is on the screen, for those who do not see it: the screen on top and all that can be done there.
+    /// Costs more than a frame: to be asked for only where somebody listens, and when frames have come to
+    /// rest. An empty group before there is anything.
+    virtual AccessibilityElement accessibilityTree() = 0;
+    /// Does what a tap on an element would do. False when it has gone or nothing can be done.
+    virtual bool pressElement(std::int64_t identifier) = 0;
+    /// Does one of the element's actions, by its place among them.
+    virtual bool performElementAction(std::int64_t identifier, std::size_t action) = 0;
+    /// Points the keys at an element.
+    virtual bool focusElement(std::int64_t identifier) = 0;
 
     /// The moment asked for with Clock::wakeAt() has come.
     virtual void wake() = 0;

@@ -25,6 +25,8 @@ struct TextInputTraits {
     bool darkKeyboard = false;
     /// The keyboard's return key says "done".
     bool doneKey = false;
+    /// What the field is, for those who do not see it.
+    std::string label{};
 
     bool operator==(const TextInputTraits&) const = default;
 };
