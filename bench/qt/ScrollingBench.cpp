@@ -55,7 +55,8 @@ void writeNotes(BenchHost& host, std::int64_t count)
         notes.back()->data = "Nov 22, 2026";
         notes.back()->completed = i % 3 == 0;
     }
-    KeyedArchiver::archiveRootObject(notes, *host.files().documentDirectory() + "/noteSalvate.archive");
+    KeyedArchiver::archiveRootObject(
+        notes, *host.files().documentDirectory() + "/noteSalvate.archive", [](bool) {});
 }
 
 void scrollingFrame(benchmark::State& state)

@@ -43,8 +43,8 @@ void SalvoEPrelevoDatiDaFile::ArchiveResults(const std::vector<std::shared_ptr<T
 {
     print("ArchiveResults");
     buildPath();
-    const bool success = KeyedArchiver::archiveRootObject(list, path);
-    print(success ? "Success writing to file!" : "Unable to write to file!");
+    KeyedArchiver::archiveRootObject(list, path,
+        [](bool success) { print(success ? "Success writing to file!" : "Unable to write to file!"); });
 }
 
 std::vector<std::shared_ptr<ToDoItem2>> SalvoEPrelevoDatiDaFile::UnarchiveResults()

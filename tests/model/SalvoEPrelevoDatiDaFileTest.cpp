@@ -1,6 +1,7 @@
 #include "SalvoEPrelevoDatiDaFile.h"
 #include "ArchiveBuilder.h"
 #include "ListTest.h"
+#include "ReplaceFile.h"
 #include "ToDoItem.h"
 
 namespace velmorath {
@@ -10,7 +11,7 @@ class SalvoEPrelevoDatiDaFileTest : public ListTest {
 protected:
     SalvoEPrelevoDatiDaFileTest() { ToDoItem2::enterInUnarchiver(); }
 
-    void put(const std::string& bytes) { ASSERT_FALSE(host.files().replace(archivePath(), bytes)); }
+    void put(const std::string& bytes) { ASSERT_FALSE(replaceFile(host.files(), archivePath(), bytes)); }
     static std::vector<std::shared_ptr<ToDoItem2>> load()
     {
         return SalvoEPrelevoDatiDaFile().UnarchiveResults();
@@ -106,6 +107,20 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, AReadOnlyDiskIsOnlyLogged)
     EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
     EXPECT_EQ(notes(), (Lines{"x One"}));
     EXPECT_EQ(saved(), (Lines{"One"}));
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, ALateAnswerIsLoggedBeforeTheNextFrame)
+{
+    start({"One", "Two"});
+    host.files().setAnswersLate(true);
+    swipe(0, 200);
+    EXPECT_EQ(takeLines("writ"), Lines());
+    host.advance(0.1);
+    EXPECT_EQ(takeLines("writ"), (Lines{"Success writing to file!"}));
+    host.files().setFault([](HeadlessFiles::Operation, const std::string&) { return Error{"disk full"}; });
+    SalvoEPrelevoDatiDaFile().ArchiveResults({});
+    host.files().answer();
+    EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
 }
 
 using SalvoEPrelevoDatiDaFileDeathTest = SalvoEPrelevoDatiDaFileTest;

@@ -1,3 +1,4 @@
+#include "ReplaceFile.h"
 #include "SettingsTest.h"
 
 namespace velmorath {
@@ -85,7 +86,7 @@ TEST_F(Info2Test, TheBadgeCountsWhatIsInTheFile)
     tapRow(0);
     EXPECT_EQ(badge(), 0);
     tapRow(0);
-    ASSERT_FALSE(host.files().replace(archivePath(), "neither notes nor anything else"));
+    ASSERT_FALSE(replaceFile(host.files(), archivePath(), "neither notes nor anything else"));
     tapRow(0);
     EXPECT_EQ(badge(), 0);
 }

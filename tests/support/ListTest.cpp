@@ -55,7 +55,7 @@ void ListTest::start(const Lines& texts, const std::string& theme)
     std::vector<std::shared_ptr<ToDoItem2>> notes;
     for (const std::string& text : texts)
         notes.push_back(noteFrom(text));
-    KeyedArchiver::archiveRootObject(notes, archivePath());
+    KeyedArchiver::archiveRootObject(notes, archivePath(), [](bool success) { EXPECT_TRUE(success); });
     launch();
     takeLines();
 }

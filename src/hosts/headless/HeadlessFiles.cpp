@@ -32,6 +32,11 @@ std::optional<std::string> HeadlessFiles::documentDirectory()
     return m_hasDocumentDirectory ? m_files.documentDirectory() : std::nullopt;
 }
 
+std::optional<std::string> HeadlessFiles::defaultsFile()
+{
+    return m_hasDefaultsFile ? m_files.defaultsFile() : std::nullopt;
+}
+
 bool HeadlessFiles::exists(const std::string& path)
 {
     const bool isHidden = !m_hidden.empty() && path.ends_with("/" + m_hidden);
@@ -50,12 +55,25 @@ Result<std::string> HeadlessFiles::read(const std::string& path)
     return m_files.read(path);
 }
 
-std::optional<Error> HeadlessFiles::replace(const std::string& path, std::string_view bytes)
+void HeadlessFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
 {
-    if (auto error = fault(Operation::replace, path))
-        return error;
+    if (m_answersLate) {
+        completion = [this, completion = std::move(completion)](const std::optional<Error>& error) {
+            m_answers.push_back([completion, error] { completion(error); });
+        };
+    }
+    if (auto error = fault(Operation::replace, path)) {
+        completion(error);
+        return;
+    }
     ++m_replacements;
-    return m_files.replace(path, bytes);
+    m_files.replace(path, bytes, std::move(completion));
+}
+
+void HeadlessFiles::answer()
+{
+    for (const auto& answer : std::exchange(m_answers, {}))
+        answer();
 }
 
 std::optional<Error> HeadlessFiles::setAside(const std::string& path)

@@ -2,6 +2,7 @@
 
 #include "PosixFiles.h"
 #include <functional>
+#include <vector>
 
 namespace velmorath {
 
@@ -16,17 +17,22 @@ public:
     ~HeadlessFiles() override;
 
     std::optional<std::string> documentDirectory() override;
-    std::optional<std::string> defaultsFile() override { return m_files.defaultsFile(); }
+    std::optional<std::string> defaultsFile() override;
     std::string resourceDirectory() override { return m_files.resourceDirectory(); }
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
-    std::optional<Error> replace(const std::string& path, std::string_view bytes) override;
+    void replace(const std::string& path, std::string_view bytes, Completion) override;
     std::optional<Error> setAside(const std::string& path) override;
 
     void setFault(Fault fault) { m_fault = std::move(fault); }
     /// From now on there is no file of this name, wherever it is.
     void setHidden(std::string fileName) { m_hidden = std::move(fileName); }
     void setHasDocumentDirectory(bool has) { m_hasDocumentDirectory = has; }
+    void setHasDefaultsFile(bool has) { m_hasDefaultsFile = has; }
+    /// From now on what became of a file is told when answer() is called, as by a machine that goes on
+    /// writing while the program runs on. The host calls it before each frame.
+    void setAnswersLate(bool late) { m_answersLate = late; }
+    void answer();
     /// How many files were written.
     int replacements() const { return m_replacements; }
 
@@ -38,6 +44,9 @@ private:
     Fault m_fault;
     std::string m_hidden;
     bool m_hasDocumentDirectory = true;
+    bool m_hasDefaultsFile = true;
+    bool m_answersLate = false;
+    std::vector<std::function<void()>> m_answers;
     int m_replacements = 0;
 };
 

@@ -58,6 +58,7 @@ void HeadlessHost::advance(double seconds)
 
 void HeadlessHost::prepareFrame()
 {
+    m_files.answer();
     m_damage = m_damage.united(m_client->prepareFrame());
 }
 

@@ -111,6 +111,38 @@ bool ownsAlone(int descriptor, const std::string& path)
         && opened.st_dev == named.st_dev;
 }
 
+std::optional<Error> replaceNow(const std::string& givenPath, std::string_view bytes)
+{
+    auto path = followLinks(givenPath);
+    if (!path)
+        return path.error();
+    if (auto error = makeFolders(folderOf(*path)))
+        return error;
+    struct stat status;
+    if (stat(path->c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+        return Error{"Cannot replace " + *path + ": it is not a file"};
+
+    // The same name each time, so that a kill leaves at most one unfinished file, which the next call
+    // takes over.
+    auto besidePath = *path + ".new";
+    Descriptor beside(
+        open(besidePath.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!beside)
+        return lastError("Cannot write", besidePath);
+    if (!ownsAlone(beside.get(), besidePath))
+        return Error{"Cannot write " + besidePath + ": another program writes it"};
+    bool written = fchmod(beside.get(), S_IRUSR | S_IWUSR) == 0 && ftruncate(beside.get(), 0) == 0
+        && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0
+        && rename(besidePath.c_str(), path->c_str()) == 0;
+    if (!written) {
+        auto error = lastError("Cannot write", *path);
+        unlink(besidePath.c_str());
+        return error;
+    }
+    flushFolder(folderOf(*path));
+    return {};
+}
+
 std::optional<std::string> userFolder(const char* variable, const char* placeInHome)
 {
     // The custom asks for relative paths to be ignored.
@@ -177,36 +209,9 @@ Result<std::string> PosixFiles::read(const std::string& path)
     return bytes;
 }
 
-std::optional<Error> PosixFiles::replace(const std::string& givenPath, std::string_view bytes)
+void PosixFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
 {
-    auto path = followLinks(givenPath);
-    if (!path)
-        return path.error();
-    if (auto error = makeFolders(folderOf(*path)))
-        return error;
-    struct stat status;
-    if (stat(path->c_str(), &status) == 0 && !S_ISREG(status.st_mode))
-        return Error{"Cannot replace " + *path + ": it is not a file"};
-
-    // The same name each time, so that a kill leaves at most one unfinished file, which the next call
-    // takes over.
-    auto besidePath = *path + ".new";
-    Descriptor beside(
-        open(besidePath.c_str(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (!beside)
-        return lastError("Cannot write", besidePath);
-    if (!ownsAlone(beside.get(), besidePath))
-        return Error{"Cannot write " + besidePath + ": another program writes it"};
-    bool written = fchmod(beside.get(), S_IRUSR | S_IWUSR) == 0 && ftruncate(beside.get(), 0) == 0
-        && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0
-        && rename(besidePath.c_str(), path->c_str()) == 0;
-    if (!written) {
-        auto error = lastError("Cannot write", *path);
-        unlink(besidePath.c_str());
-        return error;
-    }
-    flushFolder(folderOf(*path));
-    return {};
+    completion(replaceNow(path, bytes));
 }
 
 std::optional<Error> PosixFiles::setAside(const std::string& givenPath)

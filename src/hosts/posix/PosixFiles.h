@@ -26,7 +26,7 @@ public:
     /// True also when something keeps us from knowing.
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
-    std::optional<Error> replace(const std::string& path, std::string_view bytes) override;
+    void replace(const std::string& path, std::string_view bytes, Completion) override;
     std::optional<Error> setAside(const std::string& path) override;
 
 private:

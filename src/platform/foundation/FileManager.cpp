@@ -23,13 +23,24 @@ void FileManager::markUnreadable(const std::string& path)
     m_unreadable.insert(path);
 }
 
-bool FileManager::replace(const std::string& path, std::string_view bytes)
+void FileManager::replace(
+    const std::string& path, std::string_view bytes, const std::function<void(bool)>& completion)
 {
     auto& files = Host::current().files();
-    if (m_unreadable.contains(path) && files.exists(path) && files.setAside(path))
-        return false;
+    const bool isUnreadable = m_unreadable.contains(path);
+    if (isUnreadable && files.exists(path) && files.setAside(path)) {
+        completion(false);
+        return;
+    }
+    // What is in the file's place from here on is ours, unless we hear that it did not get there.
     m_unreadable.erase(path);
-    return !files.replace(path, bytes);
+    files.replace(path, bytes, [this, path, isUnreadable, completion](const std::optional<Error>& error) {
+        if (!error)
+            m_unreadable.erase(path);
+        else if (isUnreadable)
+            m_unreadable.insert(path);
+        completion(!error);
+    });
 }
 
 } // namespace velmorath

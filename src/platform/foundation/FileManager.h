@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Result.h"
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,11 +20,14 @@ public:
     /// To be said by whoever could read a file's bytes but could make nothing of them.
     void markUnreadable(const std::string& path);
 
-    /// False when the bytes could not be written, or when an unreadable file could not be put aside. The
-    /// old file is where it was then.
-    bool replace(const std::string& path, std::string_view bytes);
+    /// The completion gets false when the bytes could not be written, or when an unreadable file could not
+    /// be put aside. The old file is kept then. It is called once, now or before the next frame.
+    void replace(
+        const std::string& path, std::string_view bytes, const std::function<void(bool)>& completion);
 
 private:
+    FileManager() = default;
+
     std::set<std::string> m_unreadable;
 };
 

@@ -45,9 +45,10 @@ void KeyedArchiver::encodeBool(bool value, std::string_view name)
     m_recordValues.push_back(m_booleans[value ? 1 : 0]);
 }
 
-bool KeyedArchiver::write(const std::string& bytes, const std::string& path)
+void KeyedArchiver::write(
+    const std::string& bytes, const std::string& path, const std::function<void(bool)>& completion)
 {
-    return FileManager::standard().replace(path, bytes);
+    FileManager::standard().replace(path, bytes, completion);
 }
 
 void KeyedArchiver::append(const Coding* record)

@@ -2,6 +2,7 @@
 
 #include "BinaryPropertyListWriter.h"
 #include "Coding.h"
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -21,12 +22,13 @@ public:
         return archiver.finish();
     }
 
-    /// Puts the archive of a list in a file's place. True when it worked; otherwise the old file, if
-    /// any, is as it was.
+    /// Puts the archive of a list in a file's place. The completion, called once, now or before the next
+    /// frame, gets true when it worked; otherwise the old file, if any, is as it was.
     template <typename Record>
-    static bool archiveRootObject(const std::vector<std::shared_ptr<Record>>& list, const std::string& path)
+    static void archiveRootObject(const std::vector<std::shared_ptr<Record>>& list, const std::string& path,
+        const std::function<void(bool)>& completion)
     {
-        return write(archivedData(list), path);
+        write(archivedData(list), path, completion);
     }
 
     /// Both are called by a record that encodes itself, once for each of its keys.
@@ -53,7 +55,8 @@ private:
 
     explicit KeyedArchiver(std::size_t recordCount);
 
-    static bool write(const std::string& bytes, const std::string& path);
+    static void write(
+        const std::string& bytes, const std::string& path, const std::function<void(bool)>& completion);
 
     void append(const Coding*);
     std::string finish();

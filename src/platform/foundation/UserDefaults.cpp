@@ -2,6 +2,7 @@
 #include "FileManager.h"
 #include "Host.h"
 #include "PropertyListSerialization.h"
+#include <algorithm>
 
 namespace velmorath {
 namespace {
@@ -51,31 +52,35 @@ void UserDefaults::setObject(std::string_view key, PropertyList value)
     if (old && *old == value)
         return;
     m_values.insert_or_assign(std::string(key), std::move(value));
-    m_hasChanged = true;
+    ++m_changes;
 }
 
 void UserDefaults::removeObject(std::string_view key)
 {
     if (values().erase(std::string(key)) > 0)
-        m_hasChanged = true;
+        ++m_changes;
 }
 
-bool UserDefaults::synchronize()
+void UserDefaults::synchronize(const std::function<void(bool)>& completion)
 {
-    if (!m_hasChanged)
-        return true;
     auto path = Host::current().files().defaultsFile();
-    if (!path || !FileManager::standard().replace(*path, binaryPropertyList(values())))
-        return false;
-    m_hasChanged = false;
-    return true;
+    if (m_changes == m_writtenChanges || !path) {
+        completion(m_changes == m_writtenChanges);
+        return;
+    }
+    FileManager::standard().replace(
+        *path, binaryPropertyList(values()), [this, changes = m_changes, completion](bool isWritten) {
+            if (isWritten)
+                m_writtenChanges = std::max(m_writtenChanges, changes);
+            completion(isWritten);
+        });
 }
 
 void UserDefaults::reset()
 {
     m_values.clear();
     m_isLoaded = false;
-    m_hasChanged = false;
+    m_writtenChanges = m_changes;
 }
 
 PropertyList::Dictionary& UserDefaults::values()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PropertyList.h"
+#include <functional>
 #include <string_view>
 
 namespace velmorath {
@@ -23,19 +24,24 @@ public:
     void setBool(std::string_view key, bool value) { setObject(key, value); }
     void removeObject(std::string_view key);
 
-    /// Writes all values to the file if any has changed since it was last written. False when they could
-    /// not be written; the next call tries again.
-    bool synchronize();
+    /// Writes all values to the file if any has changed since it was last written. The completion, called
+    /// once, now or before the next frame, gets false when they could not be written; the next call tries
+    /// again.
+    void synchronize(const std::function<void(bool)>& completion = [](bool) {});
 
     /// Forgets everything, changes that were not written too, and reads the file again at the next use.
     void reset();
 
 private:
+    UserDefaults() = default;
+
     PropertyList::Dictionary& values();
 
     PropertyList::Dictionary m_values;
     bool m_isLoaded = false;
-    bool m_hasChanged = false;
+    /// How many changes there were, and how many of them are known to be in the file.
+    std::uint64_t m_changes = 0;
+    std::uint64_t m_writtenChanges = 0;
 };
 
 } // namespace velmorath

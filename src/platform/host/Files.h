@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Result.h"
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,9 +9,12 @@
 namespace velmorath {
 
 /// Files, whole ones only. Paths are UTF-8 and absolute. Main thread only; each call has done its work
-/// when it returns. Required.
+/// when it returns, but replace() may need longer to know what became of it. Required.
 class Files {
 public:
+    /// Told what became of a file: nothing when it worked.
+    using Completion = std::function<void(const std::optional<Error>&)>;
+
     virtual ~Files() = default;
 
     /// The folder that holds the user's documents, nothing when there is none to be had. It need not
@@ -29,12 +33,15 @@ public:
     virtual Result<std::string> read(const std::string& path) = 0;
 
     /// Puts these bytes in the file's place: whenever the program or the machine stops, the old file or
-    /// the new one is there, whole, and it is readable by its owner alone. Nothing when it worked. After
-    /// an error the old file is as it was.
-    virtual std::optional<Error> replace(const std::string& path, std::string_view bytes) = 0;
+    /// the new one is there, whole, and it is readable by its owner alone. After an error the old file is
+    /// as it was. The completion is called exactly once: before this returns where the machine can, else
+    /// later, in the order of the calls, but before the next HostClient::prepareFrame. Until then read()
+    /// and exists() know the new file.
+    virtual void replace(const std::string& path, std::string_view bytes, Completion) = 0;
 
     /// Moves a file out of the way, beside its old place, under a name that no other file has. Nothing
-    /// when it worked.
+    /// when it worked. Where replacements end later this is part of the next one: should that one fail,
+    /// the file is in its old place again.
     virtual std::optional<Error> setAside(const std::string& path) = 0;
 };
 

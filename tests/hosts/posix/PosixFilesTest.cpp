@@ -1,4 +1,5 @@
 #include "PosixFiles.h"
+#include "ReplaceFile.h"
 #include "TemporaryFolder.h"
 #include <csignal>
 #include <cstdlib>
@@ -27,6 +28,11 @@ std::size_t countIn(const std::string& folder)
 
 class PosixFilesTest : public testing::Test {
 protected:
+    std::optional<Error> replace(const std::string& path, std::string_view bytes)
+    {
+        return replaceFile(m_files, path, bytes);
+    }
+
     TemporaryFolder m_folder;
     std::string m_path = m_folder.path() + "/notes";
     PosixFiles m_files{m_folder.path(), m_folder.path() + "/defaults", "/"};
@@ -38,10 +44,10 @@ TEST_F(PosixFilesTest, ReplacesWholeFilesForTheOwnerAlone)
     EXPECT_FALSE(m_files.exists(path));
     EXPECT_FALSE(m_files.read(path));
     std::string bytes("long\0er", 7);
-    ASSERT_FALSE(m_files.replace(path, bytes));
+    ASSERT_FALSE(replace(path, bytes));
     EXPECT_EQ(*m_files.read(path), bytes);
     fs::permissions(path, fs::perms::all);
-    ASSERT_FALSE(m_files.replace(path, ""));
+    ASSERT_FALSE(replace(path, ""));
     EXPECT_EQ(*m_files.read(path), "");
     EXPECT_EQ(permissions(path), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(permissions(m_folder.path() + "/a"), fs::perms::owner_all);
@@ -50,8 +56,8 @@ TEST_F(PosixFilesTest, ReplacesWholeFilesForTheOwnerAlone)
 
 TEST_F(PosixFilesTest, TakesOverWhatAKillLeft)
 {
-    ASSERT_FALSE(m_files.replace(m_path + ".new", "a much longer text than the next one"));
-    ASSERT_FALSE(m_files.replace(m_path, "new"));
+    ASSERT_FALSE(replace(m_path + ".new", "a much longer text than the next one"));
+    ASSERT_FALSE(replace(m_path, "new"));
     EXPECT_EQ(*m_files.read(m_path), "new");
     EXPECT_EQ(countIn(m_folder.path()), 1u);
 }
@@ -60,20 +66,20 @@ TEST_F(PosixFilesTest, DoesNotDisturbAnotherWriter)
 {
     int other = open((m_path + ".new").c_str(), O_CREAT | O_WRONLY, 0600);
     ASSERT_EQ(flock(other, LOCK_EX), 0);
-    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_TRUE(replace(m_path, "new"));
     close(other);
-    EXPECT_FALSE(m_files.replace(m_path, "new"));
+    EXPECT_FALSE(replace(m_path, "new"));
 }
 
 TEST_F(PosixFilesTest, KeepsTheOldFileWhenTheDiskIsFull)
 {
-    ASSERT_FALSE(m_files.replace(m_path, "old"));
+    ASSERT_FALSE(replace(m_path, "old"));
     auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit old;
     getrlimit(RLIMIT_FSIZE, &old);
     rlimit tight{1000, old.rlim_max};
     setrlimit(RLIMIT_FSIZE, &tight);
-    auto error = m_files.replace(m_path, std::string(5000, 'x'));
+    auto error = replace(m_path, std::string(5000, 'x'));
     setrlimit(RLIMIT_FSIZE, &old);
     std::signal(SIGXFSZ, oldHandler);
     EXPECT_TRUE(error);
@@ -84,14 +90,14 @@ TEST_F(PosixFilesTest, KeepsTheOldFileWhenTheDiskIsFull)
 TEST_F(PosixFilesTest, ReportsFoldersThatCannotBeWritten)
 {
     auto inAFile = m_path + "/below";
-    ASSERT_FALSE(m_files.replace(m_path, "old"));
-    EXPECT_TRUE(m_files.replace(inAFile, "new"));
+    ASSERT_FALSE(replace(m_path, "old"));
+    EXPECT_TRUE(replace(inAFile, "new"));
     EXPECT_FALSE(m_files.exists(inAFile));
-    EXPECT_TRUE(m_files.replace("/proc/velmorath/notes", "new"));
+    EXPECT_TRUE(replace("/proc/velmorath/notes", "new"));
     if (geteuid() == 0)
         return; // Permissions do not stop the superuser.
     fs::permissions(m_folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_TRUE(replace(m_path, "new"));
     EXPECT_TRUE(m_files.setAside(m_path));
     EXPECT_EQ(*m_files.read(m_path), "old");
     fs::permissions(m_folder.path(), fs::perms::none);
@@ -103,16 +109,16 @@ TEST_F(PosixFilesTest, RefusesWhatIsNotAFile)
 {
     fs::create_directory(m_path);
     EXPECT_FALSE(m_files.read(m_path));
-    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_TRUE(replace(m_path, "new"));
     EXPECT_FALSE(m_files.setAside(m_path));
     ASSERT_EQ(mkfifo(m_path.c_str(), 0600), 0);
     EXPECT_FALSE(m_files.read(m_path));
-    EXPECT_TRUE(m_files.replace(m_path, "new"));
+    EXPECT_TRUE(replace(m_path, "new"));
 }
 
 TEST_F(PosixFilesTest, RefusesAGiganticFile)
 {
-    ASSERT_FALSE(m_files.replace(m_path, ""));
+    ASSERT_FALSE(replace(m_path, ""));
     fs::resize_file(m_path, PosixFiles::longestFile + 1);
     auto bytes = m_files.read(m_path);
     ASSERT_FALSE(bytes);
@@ -124,8 +130,8 @@ TEST_F(PosixFilesTest, FollowsLinksAndLeavesThemInPlace)
     auto target = m_folder.path() + "/elsewhere/target";
     fs::create_symlink("elsewhere/target", m_path);
     EXPECT_FALSE(m_files.exists(m_path));
-    ASSERT_FALSE(m_files.replace(m_path, "one"));
-    ASSERT_FALSE(m_files.replace(m_path, "two"));
+    ASSERT_FALSE(replace(m_path, "one"));
+    ASSERT_FALSE(replace(m_path, "two"));
     EXPECT_TRUE(fs::is_symlink(m_path));
     EXPECT_EQ(*m_files.read(target), "two");
     ASSERT_FALSE(m_files.setAside(m_path));
@@ -134,13 +140,13 @@ TEST_F(PosixFilesTest, FollowsLinksAndLeavesThemInPlace)
 
     fs::remove(m_path);
     fs::create_symlink(m_path, m_path);
-    EXPECT_TRUE(m_files.replace(m_path, "three"));
+    EXPECT_TRUE(replace(m_path, "three"));
 }
 
 TEST_F(PosixFilesTest, SetsAsideWithoutOverwriting)
 {
     for (auto text : {"one", "two", "three"}) {
-        ASSERT_FALSE(m_files.replace(m_path, text));
+        ASSERT_FALSE(replace(m_path, text));
         ASSERT_FALSE(m_files.setAside(m_path));
     }
     EXPECT_TRUE(m_files.setAside(m_path));

@@ -1,5 +1,7 @@
 #include "Bundle.h"
-#include "StorageHost.h"
+#include "HeadlessHost.h"
+#include "ReplaceFile.h"
+#include "TemporaryFolder.h"
 #include <gtest/gtest.h>
 
 namespace velmorath {
@@ -29,17 +31,18 @@ class BundleTest : public testing::Test {
 protected:
     void add(const std::string& name, std::string_view contents)
     {
-        ASSERT_FALSE(m_host.files().replace(m_host.folder() + name, contents));
+        ASSERT_FALSE(replaceFile(m_host.files(), m_folder.path() + name, contents));
     }
 
     std::string inLanguages(std::vector<std::string> languages, std::string_view key)
     {
-        m_host.languages = std::move(languages);
+        m_host.locale().setPreferredLanguages(std::move(languages));
         m_bundle.reset();
         return m_bundle.localizedString(key);
     }
 
-    StorageHost m_host;
+    TemporaryFolder m_folder;
+    HeadlessHost m_host{m_folder.path()};
     Bundle m_bundle;
 };
 
@@ -47,8 +50,8 @@ TEST_F(BundleTest, FindsSoundsAndPictures)
 {
     add("/sounds/tap.mp3", "");
     add("/pictures/one.png", "");
-    EXPECT_EQ(m_bundle.path("tap", "mp3"), m_host.folder() + "/sounds/tap.mp3");
-    EXPECT_EQ(m_bundle.path("one", "png"), m_host.folder() + "/pictures/one.png");
+    EXPECT_EQ(m_bundle.path("tap", "mp3"), m_folder.path() + "/sounds/tap.mp3");
+    EXPECT_EQ(m_bundle.path("one", "png"), m_folder.path() + "/pictures/one.png");
     EXPECT_EQ(m_bundle.path("one", "mp3"), std::nullopt);
 }
 

@@ -1,5 +1,8 @@
-#include "ArchivedNote.h"
-#include "StorageHost.h"
+#include "KeyedArchiver.h"
+#include "HeadlessHost.h"
+#include "KeyedUnarchiver.h"
+#include "ManyNotes.h"
+#include "TemporaryFolder.h"
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -21,13 +24,13 @@ std::string json(const std::optional<std::string>& text)
 }
 
 // As Python writes it, so that whole lists can be compared as texts.
-std::string json(const ArchivedNotes& notes)
+std::string json(const Notes& notes)
 {
     std::string text = "[";
     for (auto& note : notes) {
         if (text.size() > 1)
             text += ", ";
-        text.append("[").append(json(note->text)).append(", ").append(json(note->date));
+        text.append("[").append(json(note->text)).append(", ").append(json(note->data));
         text += note->completed ? ", true]" : ", false]";
     }
     text += "]";
@@ -47,59 +50,67 @@ void save(const std::string& path, const std::string& bytes)
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
-ArchivedNotes unarchive(const std::string& bytes)
+Notes unarchive(const std::string& bytes)
 {
-    ArchivedNotes notes;
+    Notes notes;
     auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
     if (!root || !root->array()) {
         ADD_FAILURE() << root.error().description;
         return notes;
     }
     for (auto& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ArchivedNote>(element.object()));
+        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
     return notes;
 }
 
-ArchivedNotes difficultNotes()
+Notes difficultNotes()
 {
     return {
-        ArchivedNote::make("", {}, false),
-        ArchivedNote::make({}, {}, true),
-        ArchivedNote::make({}, "22 nov 2026", false),
-        ArchivedNote::make("Perché già così", "22 nov 2026", true),
-        ArchivedNote::make("买牛奶 👩‍👩‍👧‍👦 𝒳", "2026年11月22日", false),
-        ArchivedNote::make("اشتر الخبز", "٢٢ نوفمبر", false),
-        ArchivedNote::make("\"quoted\" \\ and\ntwo lines", "$null", false),
-        ArchivedNote::make(std::string(70000, 'x'), "22 nov 2026", false),
-        ArchivedNote::make(std::string(14, 'a') + "é", std::string(15, 'b'), false),
+        makeNote("", {}, false),
+        makeNote({}, {}, true),
+        makeNote({}, "22 nov 2026", false),
+        makeNote("Perché già così", "22 nov 2026", true),
+        makeNote("买牛奶 👩‍👩‍👧‍👦 𝒳", "2026年11月22日", false),
+        makeNote("اشتر الخبز", "٢٢ نوفمبر", false),
+        makeNote("\"quoted\" \\ and\ntwo lines", "$null", false),
+        makeNote(std::string(70000, 'x'), "22 nov 2026", false),
+        makeNote(std::string(14, 'a') + "é", std::string(15, 'b'), false),
     };
 }
 
 class KeyedArchiverTest : public testing::Test {
 protected:
-    KeyedArchiverTest() { ArchivedNote::registerClass(); }
+    KeyedArchiverTest() { ToDoItem2::enterInUnarchiver(); }
 
     std::string run(const std::string& command) const
     {
-        auto output = m_host.folder() + "/output";
+        auto output = m_folder.path() + "/output";
         auto line = "python3 " VELMORATH_TEST_TOOLS "/archive_exchange.py " + command + " > " + output;
         EXPECT_EQ(std::system(line.c_str()), 0) << line;
         return contents(output);
     }
 
-    StorageHost m_host;
-    std::string m_path = m_host.folder() + "/notes";
+    bool archive(const Notes& notes)
+    {
+        bool result = false;
+        KeyedArchiver::archiveRootObject(notes, m_path, [&](bool success) { result = success; });
+        return result;
+    }
+
+    HeadlessHost m_host{VELMORATH_RESOURCES};
+    TemporaryFolder m_folder;
+    std::string m_path = m_folder.path() + "/notes";
 };
 
 TEST_F(KeyedArchiverTest, ReadsWhatItWrote)
 {
-    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(1000)})
+    for (auto& notes : {difficultNotes(), Notes(), manyNotes(1000)})
         EXPECT_EQ(json(unarchive(KeyedArchiver::archivedData(notes))), json(notes));
 }
 
 TEST_F(KeyedArchiverTest, KeepsGaps)
 {
-    ArchivedNotes notes{ArchivedNote::make("one", {}, false), nullptr, ArchivedNote::make("two", {}, false)};
+    Notes notes{makeNote("one", {}, false), nullptr, makeNote("two", {}, false)};
     auto read = unarchive(KeyedArchiver::archivedData(notes));
     ASSERT_EQ(read.size(), 3u);
     EXPECT_EQ(read[0]->text, "one");
@@ -109,24 +120,24 @@ TEST_F(KeyedArchiverTest, KeepsGaps)
 
 TEST_F(KeyedArchiverTest, RepairsTextsThatAreNotUTF8)
 {
-    ArchivedNotes notes{ArchivedNote::make("a\xFFz\xE2\x82", "\xED\xA0\x80", false)};
+    Notes notes{makeNote("a\xFFz\xE2\x82", "\xED\xA0\x80", false)};
     auto read = unarchive(KeyedArchiver::archivedData(notes));
     ASSERT_EQ(read.size(), 1u);
     EXPECT_EQ(read[0]->text, "a\uFFFDz\uFFFD");
-    EXPECT_EQ(read[0]->date, "\uFFFD\uFFFD\uFFFD");
+    EXPECT_EQ(read[0]->data, "\uFFFD\uFFFD\uFFFD");
 }
 
 TEST_F(KeyedArchiverTest, PythonReadsWhatItWrote)
 {
-    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(100000)}) {
-        ASSERT_TRUE(KeyedArchiver::archiveRootObject(notes, m_path));
+    for (auto& notes : {difficultNotes(), Notes(), manyNotes(100000)}) {
+        ASSERT_TRUE(archive(notes));
         EXPECT_TRUE(run("show " + m_path) == json(notes) + "\n") << notes.size();
     }
 }
 
 TEST_F(KeyedArchiverTest, ReadsWhatPythonWrote)
 {
-    for (auto& notes : {difficultNotes(), ArchivedNotes(), manyNotes(100000)}) {
+    for (auto& notes : {difficultNotes(), Notes(), manyNotes(100000)}) {
         save(m_path + ".json", json(notes));
         run("write " + m_path + " < " + m_path + ".json");
         EXPECT_TRUE(json(unarchive(contents(m_path))) == json(notes)) << notes.size();
@@ -135,7 +146,7 @@ TEST_F(KeyedArchiverTest, ReadsWhatPythonWrote)
 
 TEST_F(KeyedArchiverTest, ReadsHalfCharactersAsReplacements)
 {
-    ArchivedNotes notes{ArchivedNote::make("<👍>", {}, false)};
+    Notes notes{makeNote("<👍>", {}, false)};
     auto bytes = KeyedArchiver::archivedData(notes);
     auto place = bytes.find("\xD8\x3D\xDC\x4D");
     ASSERT_NE(place, std::string::npos);
@@ -147,9 +158,9 @@ TEST_F(KeyedArchiverTest, ReadsHalfCharactersAsReplacements)
 
 TEST_F(KeyedArchiverTest, SaysWhenTheFileCannotBeWritten)
 {
-    ASSERT_TRUE(KeyedArchiver::archiveRootObject(difficultNotes(), m_path));
-    m_host.failReplacing = true;
-    EXPECT_FALSE(KeyedArchiver::archiveRootObject(ArchivedNotes(), m_path));
+    ASSERT_TRUE(archive(difficultNotes()));
+    m_host.files().setFault([](HeadlessFiles::Operation, const std::string&) { return Error{"disk full"}; });
+    EXPECT_FALSE(archive(Notes()));
     EXPECT_EQ(unarchive(contents(m_path)).size(), difficultNotes().size());
 }
 

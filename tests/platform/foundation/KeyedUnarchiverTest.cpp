@@ -1,16 +1,18 @@
+#include "KeyedUnarchiver.h"
 #include "ArchiveBuilder.h"
-#include "ArchivedNote.h"
+#include "KeyedArchiver.h"
+#include "ManyNotes.h"
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
 namespace velmorath {
 namespace {
 
-const std::string noteClass(ArchivedNote::className);
+const std::string noteClass(ToDoItem2::className);
 
 class KeyedUnarchiverTest : public testing::Test {
 protected:
-    KeyedUnarchiverTest() { ArchivedNote::registerClass(); }
+    KeyedUnarchiverTest() { ToDoItem2::enterInUnarchiver(); }
 
     auto finish(std::uint32_t root)
     {
@@ -18,13 +20,13 @@ protected:
     }
 
     // The notes of a root that is an array of this one element.
-    std::shared_ptr<ArchivedNote> finishNote(std::uint32_t note)
+    std::shared_ptr<ToDoItem2> finishNote(std::uint32_t note)
     {
         auto root = finish(m_builder.addArray({note}));
         EXPECT_TRUE(root) << root.error().description;
         if (!root || !root->array())
             return nullptr;
-        return std::dynamic_pointer_cast<ArchivedNote>(root->array()->at(0).object());
+        return std::dynamic_pointer_cast<ToDoItem2>(root->array()->at(0).object());
     }
 
     std::uint32_t addText(std::string_view text) { return m_builder.add(m_builder.writer.addString(text)); }
@@ -43,7 +45,7 @@ TEST_F(KeyedUnarchiverTest, DecodesRecordsWithMissingAndWrongEntries)
     auto number = m_builder.add(m_writer.addInteger(42));
     auto empty = finishNote(m_builder.addInstance(noteClass, {}));
     ASSERT_TRUE(empty);
-    EXPECT_EQ(*empty, ArchivedNote());
+    EXPECT_EQ(*empty, ToDoItem2());
 
     m_builder = {};
     number = m_builder.add(m_writer.addInteger(42));
@@ -51,20 +53,20 @@ TEST_F(KeyedUnarchiverTest, DecodesRecordsWithMissingAndWrongEntries)
         {{"text", m_writer.addUID(number)}, {"data", m_writer.addUID(addText("today"))},
             {"completed", m_writer.addBoolean(true)}, {"extra", m_writer.addReal(1)}}));
     ASSERT_TRUE(note);
-    EXPECT_EQ(*note, *ArchivedNote::make({}, "today", true));
+    EXPECT_EQ(*note, *makeNote({}, "today", true));
 
     m_builder = {};
     note = finishNote(m_builder.addInstance(noteClass,
         {{"text", m_writer.addString("no reference")}, {"data", m_writer.addUID(0)},
             {"completed", m_writer.addString("true")}}));
     ASSERT_TRUE(note);
-    EXPECT_EQ(*note, ArchivedNote());
+    EXPECT_EQ(*note, ToDoItem2());
 
     m_builder = {};
     auto list = m_builder.addArray({addText("in a list")}, "NSMutableArray");
     note = finishNote(addNote(list));
     ASSERT_TRUE(note);
-    EXPECT_EQ(*note, ArchivedNote());
+    EXPECT_EQ(*note, ToDoItem2());
 }
 
 TEST_F(KeyedUnarchiverTest, DecodesTextsThatAreObjects)
@@ -74,7 +76,7 @@ TEST_F(KeyedUnarchiverTest, DecodesTextsThatAreObjects)
     auto note = finishNote(
         m_builder.addInstance(noteClass, {{"text", m_writer.addUID(text)}, {"data", m_writer.addUID(date)}}));
     ASSERT_TRUE(note);
-    EXPECT_EQ(*note, *ArchivedNote::make("ciò", "oggi", false));
+    EXPECT_EQ(*note, *makeNote("ciò", "oggi", false));
 }
 
 TEST_F(KeyedUnarchiverTest, SharesWhatTheArchiveShares)
@@ -215,7 +217,7 @@ TEST_F(KeyedUnarchiverTest, PaysForHostileSharingOnlyOnce)
 
 TEST_F(KeyedUnarchiverTest, SurvivesEveryCutAndEveryFlippedByte)
 {
-    ArchivedNotes notes{ArchivedNote::make("plain", "22 nov", true), ArchivedNote::make("è", {}, false)};
+    Notes notes{makeNote("plain", "22 nov", true), makeNote("è", {}, false)};
     auto bytes = KeyedArchiver::archivedData(notes);
     for (std::size_t length = 0; length < bytes.size(); ++length)
         EXPECT_FALSE(KeyedUnarchiver::unarchiveTopLevelObject(std::string(bytes, 0, length))) << length;

@@ -1,19 +1,44 @@
 #include "UserDefaults.h"
 #include "FileManager.h"
-#include "StorageHost.h"
+#include "HeadlessHost.h"
+#include "ReplaceFile.h"
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace velmorath {
 namespace {
+
+using Operation = HeadlessFiles::Operation;
 
 class UserDefaultsTest : public testing::Test {
 protected:
     UserDefaultsTest() { m_defaults.reset(); }
     ~UserDefaultsTest() override { m_defaults.reset(); }
 
-    StorageHost m_host;
+    bool synchronize()
+    {
+        bool result = false;
+        m_defaults.synchronize([&](bool success) { result = success; });
+        return result;
+    }
+    bool replace(const std::string& path, std::string_view bytes)
+    {
+        bool result = false;
+        m_fileManager.replace(path, bytes, [&](bool success) { result = success; });
+        return result;
+    }
+    void fail(Operation failing)
+    {
+        m_host.files().setFault([failing](Operation operation, const std::string&) {
+            return operation == failing ? std::optional(Error{"input/output error"}) : std::nullopt;
+        });
+    }
+    void failNothing() { m_host.files().setFault({}); }
+
+    HeadlessHost m_host{VELMORATH_RESOURCES};
+    FileManager& m_fileManager = FileManager::standard();
     UserDefaults& m_defaults = UserDefaults::standard();
-    std::string m_path = m_host.folder() + "/defaults.plist";
+    std::string m_path = *m_host.files().defaultsFile();
     std::string m_aside = m_path + ".unreadable";
 };
 
@@ -24,7 +49,7 @@ TEST_F(UserDefaultsTest, KeepsValuesFromStartToStart)
     m_defaults.setObject("gone", "soon");
     m_defaults.removeObject("gone");
     EXPECT_FALSE(m_host.files().exists(m_path));
-    EXPECT_TRUE(m_defaults.synchronize());
+    EXPECT_TRUE(synchronize());
     m_defaults.setBool("HasLaunchedOnce", false);
 
     m_defaults.reset();
@@ -38,40 +63,40 @@ TEST_F(UserDefaultsTest, KeepsValuesFromStartToStart)
 
 TEST_F(UserDefaultsTest, WritesOnlyChangesAndTriesAgain)
 {
-    EXPECT_TRUE(m_defaults.synchronize());
-    EXPECT_EQ(m_host.replaceCount, 0);
+    EXPECT_TRUE(synchronize());
+    EXPECT_EQ(m_host.files().replacements(), 0);
     m_defaults.setObject("nuovaNota", "No");
-    m_host.failReplacing = true;
-    EXPECT_FALSE(m_defaults.synchronize());
+    fail(Operation::replace);
+    EXPECT_FALSE(synchronize());
     EXPECT_TRUE(m_defaults.object("nuovaNota"));
-    m_host.failReplacing = false;
-    EXPECT_TRUE(m_defaults.synchronize());
+    failNothing();
+    EXPECT_TRUE(synchronize());
     m_defaults.setObject("nuovaNota", "No");
     m_defaults.removeObject("absent");
-    EXPECT_TRUE(m_defaults.synchronize());
-    EXPECT_EQ(m_host.replaceCount, 2);
+    EXPECT_TRUE(synchronize());
+    EXPECT_EQ(m_host.files().replacements(), 1);
 }
 
 TEST_F(UserDefaultsTest, LivesWithoutAFile)
 {
-    m_host.hasDefaultsFile = false;
+    m_host.files().setHasDefaultsFile(false);
     EXPECT_EQ(m_defaults.object("theme"), nullptr);
     m_defaults.setObject("theme", "Blue");
-    EXPECT_FALSE(m_defaults.synchronize());
+    EXPECT_FALSE(synchronize());
     EXPECT_EQ(*m_defaults.object("theme")->string(), "Blue");
 }
 
 TEST_F(UserDefaultsTest, KeepsADamagedFileAside)
 {
     for (auto damaged : {"not a property list", ""}) {
-        ASSERT_FALSE(m_host.files().replace(m_path, damaged));
+        ASSERT_FALSE(replaceFile(m_host.files(), m_path, damaged));
         m_defaults.reset();
         EXPECT_EQ(m_defaults.object("theme"), nullptr);
         EXPECT_EQ(*m_host.files().read(m_path), damaged);
         m_defaults.setObject("theme", "Blue");
-        EXPECT_TRUE(m_defaults.synchronize());
+        EXPECT_TRUE(synchronize());
         m_defaults.setObject("theme", "Red");
-        EXPECT_TRUE(m_defaults.synchronize());
+        EXPECT_TRUE(synchronize());
     }
     EXPECT_EQ(*m_host.files().read(m_aside), "not a property list");
     EXPECT_EQ(*m_host.files().read(m_aside + "-2"), "");
@@ -80,25 +105,68 @@ TEST_F(UserDefaultsTest, KeepsADamagedFileAside)
 
 TEST_F(UserDefaultsTest, LosesNothingWhenAFileCannotBeReadOrSetAside)
 {
-    auto& fileManager = FileManager::standard();
-    ASSERT_TRUE(fileManager.replace(m_path, "precious"));
-    m_host.failReads = true;
-    EXPECT_FALSE(fileManager.read(m_path));
-    EXPECT_FALSE(fileManager.read(m_host.folder() + "/missing"));
-    m_host.failReads = false;
+    auto missing = m_path + "-missing";
+    ASSERT_TRUE(replace(m_path, "precious"));
+    fail(Operation::read);
+    EXPECT_FALSE(m_fileManager.read(m_path));
+    EXPECT_FALSE(m_fileManager.read(missing));
 
-    m_host.failSettingAside = true;
-    EXPECT_FALSE(fileManager.replace(m_path, "new"));
-    EXPECT_EQ(*fileManager.read(m_path), "precious");
-    m_host.failSettingAside = false;
-    m_host.failReplacing = true;
-    EXPECT_FALSE(fileManager.replace(m_path, "new"));
-    EXPECT_EQ(*fileManager.read(m_aside), "precious");
-    m_host.failReplacing = false;
-    EXPECT_TRUE(fileManager.replace(m_path, "new"));
-    EXPECT_TRUE(fileManager.replace(m_host.folder() + "/missing", "new"));
-    EXPECT_EQ(*fileManager.read(m_path), "new");
-    EXPECT_EQ(*fileManager.read(m_aside), "precious");
+    fail(Operation::setAside);
+    EXPECT_FALSE(replace(m_path, "new"));
+    EXPECT_EQ(*m_fileManager.read(m_path), "precious");
+    fail(Operation::replace);
+    EXPECT_FALSE(replace(m_path, "new"));
+    EXPECT_EQ(*m_fileManager.read(m_aside), "precious");
+    failNothing();
+    EXPECT_TRUE(replace(m_path, "new"));
+    EXPECT_TRUE(replace(missing, "new"));
+    EXPECT_EQ(*m_fileManager.read(m_path), "new");
+    EXPECT_EQ(*m_fileManager.read(m_aside), "precious");
+}
+
+TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
+{
+    m_host.files().setAnswersLate(true);
+    m_defaults.setObject("theme", "Blue");
+    std::vector<bool> answers;
+    auto keep = [&](bool success) { answers.push_back(success); };
+    m_defaults.synchronize(keep);
+    m_defaults.setObject("theme", "Red");
+    EXPECT_TRUE(answers.empty());
+    m_host.files().answer();
+    EXPECT_EQ(answers, std::vector<bool>{true});
+
+    fail(Operation::replace);
+    m_defaults.synchronize(keep);
+    m_host.files().answer();
+    failNothing();
+    m_defaults.synchronize(keep);
+    m_host.files().answer();
+    EXPECT_EQ(answers, (std::vector<bool>{true, false, true}));
+    m_defaults.reset();
+    EXPECT_EQ(*m_defaults.object("theme")->string(), "Red");
+}
+
+TEST_F(UserDefaultsTest, AnUnreadableFileIsSetAsideOnceHoweverLateTheAnswers)
+{
+    auto replaceLater = [this](std::string_view bytes) { m_fileManager.replace(m_path, bytes, [](bool) {}); };
+    ASSERT_TRUE(replace(m_path, "precious"));
+    m_fileManager.markUnreadable(m_path);
+    m_host.files().setAnswersLate(true);
+    fail(Operation::replace);
+    replaceLater("one");
+    // A machine that sets aside and replaces in one takes both back.
+    std::filesystem::rename(m_aside, m_path);
+    m_host.files().answer();
+
+    failNothing();
+    replaceLater("two");
+    replaceLater("three");
+    m_host.files().answer();
+    replaceLater("four");
+    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
+    EXPECT_FALSE(m_host.files().exists(m_aside + "-2"));
+    EXPECT_EQ(*m_host.files().read(m_path), "four");
 }
 
 } // namespace
