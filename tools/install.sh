@@ -6,6 +6,10 @@ jobs=$(nproc)
 
 packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libicu-dev
     gstreamer1.0-plugins-good fonts-noto-core fonts-dejavu-core fonts-noto-color-emoji)
+web_packages=(emscripten cmake ninja-build python3)
+
+# Where Debian's Emscripten has the JavaScript libraries that it needs.
+export NODE_PATH=/usr/share/nodejs
 
 as_root() {
     if ((EUID == 0)); then
@@ -45,7 +49,7 @@ configure() {
     cmake -S "$root" --preset "$1" --log-level=WARNING "${@:2}" >/dev/null
 }
 
-# build <preset> [targets...]: one line of progress on a terminal, elsewhere only what goes wrong. All on
+# build <folder below build/> [targets...]: one line of progress on a terminal, elsewhere only what goes wrong. All on
 # standard error: standard output is the program's.
 build() {
     local quiet=()

@@ -1,0 +1,43 @@
+/**
+ * Fills the page with a notice, in place of the list or of an earlier notice. All texts are plain text.
+ * `details` is small print; `onButton` is called at each press of the button. Both, and the button, may be
+ * left out.
+ */
+export function showNotice({ title, text, details, button, onButton }) {
+    const box = document.createElement("div");
+    box.setAttribute("role", "alertdialog");
+    box.setAttribute("aria-modal", "true");
+    box.setAttribute("aria-labelledby", "notice-title");
+    box.setAttribute("aria-describedby", "notice-text");
+    box.tabIndex = -1;
+    box.append(element("h1", "notice-title", title), element("p", "notice-text", text));
+    if (details) {
+        box.append(element("p", "notice-details", details));
+    }
+    const focused = button ? element("button", "notice-button", button) : box;
+    if (button) {
+        focused.type = "button";
+        focused.addEventListener("click", onButton);
+        box.append(focused);
+    }
+    const notice = document.getElementById("notice");
+    notice.replaceChildren(box);
+    notice.hidden = false;
+    document.getElementById("stage").inert = true;
+    focused.focus();
+}
+
+/** Gives the page back to the list. */
+export function hideNotice() {
+    const notice = document.getElementById("notice");
+    notice.hidden = true;
+    notice.replaceChildren();
+    document.getElementById("stage").inert = false;
+}
+
+function element(name, id, text) {
+    const made = document.createElement(name);
+    made.id = id;
+    made.textContent = text;
+    return made;
+}
