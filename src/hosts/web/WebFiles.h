@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Files.h"
+#include <map>
+
+namespace velmorath {
+
+/// The browser's storage for the user's files, and what came with the page for the program's own.
+class WebFiles final : public Files {
+public:
+    std::optional<std::string> documentDirectory() override { return "/velmorath/Documents"; }
+    std::optional<std::string> defaultsFile() override { return "/velmorath/defaults.plist"; }
+    std::string resourceDirectory() override { return "/resources"; }
+    bool exists(const std::string& path) override;
+    Result<std::string> read(const std::string& path) override;
+    void replace(const std::string& path, std::string_view bytes, Completion) override;
+    std::optional<Error> setAside(const std::string& path) override;
+
+    /// What became of a replacement, in words when it failed.
+    void replaced(int number, std::string error);
+
+private:
+    std::map<int, Completion> m_waiting;
+    int m_lastNumber = 0;
+};
+
+} // namespace velmorath

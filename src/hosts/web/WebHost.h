@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Host.h"
+#include "WebClock.h"
+#include "WebConsole.h"
+#include "WebEffects.h"
+#include "WebFiles.h"
+#include "WebLocale.h"
+#include "WebScreen.h"
+#include "WebTextInput.h"
+
+namespace velmorath {
+
+/// A page in a browser. What it supplies is in Page.h, and what the page calls in main.cpp.
+class WebHost final : public Host {
+public:
+    WebScreen& screen() override { return m_screen; }
+    WebTextInput& textInput() override { return m_textInput; }
+    WebClock& clock() override { return m_clock; }
+    WebFiles& files() override { return m_files; }
+    WebLocale& locale() override { return m_locale; }
+    WebEffects& effects() override { return m_effects; }
+    WebConsole& console() override { return m_console; }
+
+    /// Returns at once: the loop is the browser's.
+    int run(HostClient&) override;
+
+    /// Only after run().
+    HostClient& client() { return *m_client; }
+
+private:
+    HostClient* m_client = nullptr;
+    WebScreen m_screen;
+    WebTextInput m_textInput;
+    WebClock m_clock;
+    WebFiles m_files;
+    WebLocale m_locale;
+    WebEffects m_effects;
+    WebConsole m_console;
+};
+
+} // namespace velmorath

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "Locale.h"
+
+namespace velmorath {
+
+class WebLocale final : public Locale {
+public:
+    std::vector<std::string> preferredLanguages() override;
+    std::string mediumDate(double wallTime, std::string_view timeZone) override;
+};
+
+} // namespace velmorath

@@ -1,0 +1,47 @@
+#include "WebTextInput.h"
+#include "CommandBuffer.h"
+#include "Page.h"
+
+namespace velmorath {
+
+void WebTextInput::begin(
+    TextInputClient& client, const std::string& utf8, const CGTextStyle& style, TextInputTraits traits)
+{
+    end();
+    m_client = &client;
+    const CGFont& font = style.font;
+    pageBeginEditing(utf8.data(), utf8.size(), traits.label.data(), traits.label.size(), font.family.data(),
+        font.family.size(), font.size, font.bold, CommandBuffer::packed(style.color),
+        static_cast<int>(style.alignment), traits.multiline, traits.darkKeyboard, traits.doneKey);
+}
+
+void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
+{
+    if (!m_client)
+        return;
+    const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
+    pagePlaceEditor(frame.minX(), frame.minY(), frame.size.width, frame.size.height, shown.minX(),
+        shown.minY(), shown.size.width, shown.size.height, std::clamp(opacity, 0.0, 1.0));
+}
+
+void WebTextInput::end()
+{
+    if (!m_client)
+        return;
+    pageEndEditing();
+    m_client = nullptr;
+}
+
+void WebTextInput::changed(const std::string& utf8)
+{
+    if (m_client)
+        m_client->textInputDidChange(utf8);
+}
+
+void WebTextInput::returned()
+{
+    if (m_client)
+        m_client->textInputDidReturn();
+}
+
+} // namespace velmorath

@@ -1,0 +1,130 @@
+#include "AccessibilityText.h"
+#include "IncomingBytes.h"
+#include "Main.h"
+#include "WebHost.h"
+
+/// What the page calls. Texts that come with a call are the incoming bytes, as many as it says; texts that
+/// are given back can be read until the next call.
+
+namespace {
+
+using namespace velmorath;
+
+WebHost& host()
+{
+    // For as long as the page is there: nothing of the program ever ends before it.
+    static WebHost* const s_host = new WebHost;
+    return *s_host;
+}
+
+std::string s_outgoing;
+
+} // namespace
+
+extern "C" {
+
+[[clang::export_name("makeRoom")]] char* makeRoom(std::size_t size)
+{
+    return IncomingBytes::makeRoom(size);
+}
+
+[[clang::export_name("start")]] void start()
+{
+    Host::install(host());
+    char name[] = "velmorath";
+    char* arguments[] = {name, nullptr};
+    velmorath::main(1, arguments);
+}
+
+/// The incoming bytes are numbers, four for each finger: identifier, phase, x, y.
+[[clang::export_name("touchesChanged")]] void touchesChanged(int count, double time)
+{
+    std::vector<HostTouch> touches;
+    const double* numbers = IncomingBytes::numbers();
+    for (int i = 0; i < count; ++i, numbers += 4) {
+        touches.push_back({static_cast<std::int64_t>(numbers[0]),
+            static_cast<HostTouch::Phase>(static_cast<int>(numbers[1])), {numbers[2], numbers[3]}});
+    }
+    host().client().touchesChanged(touches, time);
+}
+
+[[clang::export_name("scrolled")]] void scrolled(double x, double y, double dx, double dy)
+{
+    host().client().scrolled({x, y}, {dx, dy});
+}
+
+/// Keys are those of HostKey, in their order.
+[[clang::export_name("keyPressed")]] bool keyPressed(int key, bool shift, bool alt)
+{
+    return host().client().keyPressed({static_cast<HostKey>(key), shift, alt});
+}
+
+[[clang::export_name("screenChanged")]] void screenChanged()
+{
+    host().client().screenChanged();
+}
+
+[[clang::export_name("frame")]] void frame(bool everything)
+{
+    host().screen().makeFrame(host().client(), everything);
+}
+
+[[clang::export_name("wake")]] void wake()
+{
+    host().client().wake();
+}
+
+/// States are those of HostState, in their order.
+[[clang::export_name("stateChanged")]] void stateChanged(int state)
+{
+    host().client().stateChanged(static_cast<HostState>(state));
+}
+
+[[clang::export_name("textChanged")]] void textChanged(std::size_t length)
+{
+    host().textInput().changed(IncomingBytes::take(length));
+}
+
+[[clang::export_name("textReturned")]] void textReturned()
+{
+    host().textInput().returned();
+}
+
+/// What went wrong, or nothing.
+[[clang::export_name("fileReplaced")]] void fileReplaced(int number, std::size_t errorLength)
+{
+    host().files().replaced(number, IncomingBytes::take(errorLength));
+}
+
+[[clang::export_name("permissionAnswered")]] void permissionAnswered(bool granted)
+{
+    host().effects().permissionAnswered(granted);
+}
+
+/// Returns where the text begins; outgoingLength() is how many bytes it has.
+[[clang::export_name("accessibilityTree")]] const char* accessibilityTree()
+{
+    s_outgoing = toJson(host().client().accessibilityTree());
+    return s_outgoing.data();
+}
+
+[[clang::export_name("outgoingLength")]] std::size_t outgoingLength()
+{
+    return s_outgoing.size();
+}
+
+[[clang::export_name("pressElement")]] bool pressElement(double identifier)
+{
+    return host().client().pressElement(static_cast<std::int64_t>(identifier));
+}
+
+[[clang::export_name("performElementAction")]] bool performElementAction(double identifier, std::size_t action)
+{
+    return host().client().performElementAction(static_cast<std::int64_t>(identifier), action);
+}
+
+[[clang::export_name("focusElement")]] bool focusElement(double identifier)
+{
+    return host().client().focusElement(static_cast<std::int64_t>(identifier));
+}
+}

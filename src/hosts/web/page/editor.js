@@ -1,0 +1,156 @@
+/** The browser's own text editing, laid over the field that is edited. */
+
+import { cssColor } from "./painter.js";
+import { cssFamily } from "./texts.js";
+
+/** An <input> cannot hold line breaks. The note's stay in it as this character, which looks like a space. */
+const lineSeparator = "\u2028";
+
+export class Editor {
+    #container;
+    #texts;
+    #screen;
+    #window = null;
+    #field = null;
+    #isMultiline = false;
+    #knownText = "";
+    #font = null;
+    #place = null;
+    onChange = () => {};
+    onReturn = () => {};
+
+    constructor(container, texts, screen) {
+        this.#container = container;
+        this.#texts = texts;
+        this.#screen = screen;
+        // The keyboard came up or went away.
+        visualViewport?.addEventListener("resize", () => this.#placeField());
+    }
+
+    get isEditing() {
+        return this.#field !== null;
+    }
+
+    begin({ text, label, font, color, alignment, isMultiline, hasDarkKeyboard, hasDoneKey }) {
+        this.#isMultiline = isMultiline;
+        this.#knownText = text;
+        this.#font = font;
+        this.#place = null;
+        const field = document.createElement(isMultiline ? "textarea" : "input");
+        field.value = isMultiline ? text : text.replaceAll("\n", lineSeparator);
+        field.setAttribute("aria-label", label);
+        field.dir = "auto";
+        field.enterKeyHint = hasDoneKey ? "done" : "enter";
+        field.autocomplete = "off";
+        field.setAttribute("autocorrect", "on");
+        field.spellcheck = true;
+        const { style } = field;
+        style.font = `${font.bold ? "bold " : ""}${font.size}px ${cssFamily(font)}`;
+        style.color = cssColor(color);
+        style.textAlign = ["start", "left", "center", "right"][alignment];
+        style.colorScheme = hasDarkKeyboard ? "dark" : "light";
+        field.addEventListener("input", () => this.#tellChange());
+        field.addEventListener("keydown", (event) => this.#keyDown(event));
+        field.addEventListener("blur", () => this.#left(field));
+        this.#field = field;
+        this.#window = document.createElement("div");
+        this.#window.append(field);
+        this.#container.append(this.#window);
+        // Inside the touch that asked for it: only then does a phone show its keyboard.
+        field.focus({ preventScroll: true });
+        field.setSelectionRange(field.value.length, field.value.length);
+        field.scrollLeft = field.scrollWidth;
+    }
+
+    /** In points of the screen; shown is only what falls inside the clip. */
+    place(frame, clip, opacity) {
+        this.#place = { frame, clip, opacity };
+        this.#placeField();
+    }
+
+    end() {
+        if (!this.#field) {
+            return;
+        }
+        this.#tellChange();
+        this.remove();
+    }
+
+    /** Takes the editor away and tells nobody. */
+    remove() {
+        const window = this.#window;
+        this.#field = null;
+        this.#window = null;
+        window?.remove();
+    }
+
+    /** The page is left: what is typed counts as done. */
+    leave() {
+        if (!this.#field) {
+            return;
+        }
+        this.#tellChange();
+        this.onReturn();
+    }
+
+    #text() {
+        return this.#isMultiline ? this.#field.value : this.#field.value.replaceAll(lineSeparator, "\n");
+    }
+
+    #tellChange() {
+        const text = this.#text();
+        if (text === this.#knownText) {
+            return;
+        }
+        this.#knownText = text;
+        this.onChange(text);
+    }
+
+    #keyDown(event) {
+        // They are the text's, also the one that ends its editing.
+        event.stopPropagation();
+        if (event.isComposing) {
+            return;
+        }
+        const isReturn = event.key === "Enter" && !this.#isMultiline;
+        if (isReturn || event.key === "Escape") {
+            event.preventDefault();
+            this.onReturn();
+        } else if (event.key === "Tab") {
+            // Nothing else here takes the focus; the text is not left by accident.
+            event.preventDefault();
+        }
+    }
+
+    /** The keyboard's own button takes the focus away; another window only borrows it. */
+    #left(field) {
+        if (this.#field === field && document.hasFocus()) {
+            this.onReturn();
+        }
+    }
+
+    #placeField() {
+        if (!this.#field || !this.#place) {
+            return;
+        }
+        const { frame, clip, opacity } = this.#place;
+        const snap = (length) => Math.round(length * this.#screen.scale) / this.#screen.scale;
+        const { lineHeight } = this.#texts.metrics(this.#font);
+        // Many lines scroll inside what the keyboard leaves of them; one line is wherever its row is.
+        const inSight = visualViewport ? visualViewport.offsetTop + visualViewport.height : Infinity;
+        const isCovered = this.#isMultiline && inSight > frame.y && inSight < frame.y + frame.height;
+        const height = isCovered ? inSight - frame.y : frame.height;
+        const { style } = this.#window;
+        style.left = `${clip.x}px`;
+        style.top = `${clip.y}px`;
+        style.width = `${clip.width}px`;
+        style.height = `${clip.height}px`;
+        style.opacity = opacity;
+        const field = this.#field.style;
+        field.left = `${snap(frame.x) - clip.x}px`;
+        field.top = `${snap(frame.y) - clip.y}px`;
+        field.width = `${frame.width}px`;
+        field.height = `${height}px`;
+        field.lineHeight = `${this.#isMultiline ? lineHeight / this.#screen.scale : frame.height}px`;
+    }
+}

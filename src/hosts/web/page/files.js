@@ -1,0 +1,57 @@
+/** The program's files: the user's in the browser's storage, its own from where the page comes from. */
+
+const resourceFolder = "/resources/";
+
+/** The tables that may be needed: "pt-BR" is content with "pt". */
+function wantedTables(languages) {
+    const tags = languages.flatMap((tag) => tag.split("-").map((part, index, parts) => parts.slice(0, index + 1).join("-")));
+    return new Set(tags.map((tag) => `strings/${tag}.strings`));
+}
+
+/** Fetches those of the program's own files that it reads: pictures, and texts in these languages. */
+export async function loadResources(names, languages) {
+    const tables = wantedTables(languages);
+    const resources = new Map(names.map((name) => [resourceFolder + name, null]));
+    const read = names.filter((name) => name.startsWith("pictures/") || tables.has(name));
+    await Promise.all(read.map(async (name) => {
+        const response = await fetch(`resources/${name}`);
+        if (!response.ok) {
+            throw new Error(`${name}: ${response.status}`);
+        }
+        resources.set(resourceFolder + name, new Uint8Array(await response.arrayBuffer()));
+    }));
+    return resources;
+}
+
+export class Files {
+    #resources;
+    #storage;
+    #holdFrames;
+
+    constructor(resources, storage, holdFrames) {
+        this.#resources = resources;
+        this.#storage = storage;
+        this.#holdFrames = holdFrames;
+    }
+
+    exists(path) {
+        return this.#resources.has(path) || this.#storage.exists(path);
+    }
+
+    /** Null when there is no such file. */
+    read(path) {
+        return this.#resources.get(path) ?? this.#storage.read(path);
+    }
+
+    /** `done` gets an empty text, or why it failed; before the next frame is shown. */
+    replace(path, bytes, done) {
+        const written = this.#storage.replace(path, bytes).then(
+            () => done(""),
+            (error) => done(error.message || "the storage refuses it"));
+        this.#holdFrames(written);
+    }
+
+    setAside(path) {
+        this.#storage.setAside(path);
+    }
+}

@@ -1,0 +1,32 @@
+/** Hands keys to the program while no text is edited. What it has no use for stays the browser's. */
+
+/** In the order of HostKey. */
+const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
+    " ", "Escape", "Insert", "F2", "Delete"];
+
+/** Keys that may do something again and again while they are held down. */
+const repeating = new Set(keys.slice(0, 9));
+
+/** The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it. */
+function keyName(event) {
+    if (event.key === "Backspace") {
+        return "Delete";
+    }
+    return event.key.toLowerCase() === "n" && !event.altKey ? "Insert" : event.key;
+}
+
+/** `press(key, shift, alt)` says whether the program used the key. */
+export function listenToKeys(isEditing, press) {
+    addEventListener("keydown", (event) => {
+        const name = keyName(event);
+        const key = keys.indexOf(name);
+        const isBrowsers = (event.ctrlKey || event.metaKey) && name !== "Insert";
+        if (key < 0 || isBrowsers || event.isComposing || isEditing()) {
+            return;
+        }
+        const mayAct = !event.repeat || repeating.has(name);
+        if (!mayAct || press(key, event.shiftKey, event.altKey)) {
+            event.preventDefault();
+        }
+    });
+}

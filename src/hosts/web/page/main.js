@@ -1,0 +1,146 @@
+/** Starts the program: gets the list for this tab, loads everything, and connects the browser with it. */
+
+import { Clock } from "./clock.js";
+import { Editor } from "./editor.js";
+import { Effects } from "./effects.js";
+import { Files, loadResources } from "./files.js";
+import { installWorker } from "./install.js";
+import { listenToKeys } from "./keys.js";
+import * as locale from "./locale.js";
+import { Mirror } from "./mirror.js";
+import { hideNotice, showNotice } from "./notice.js";
+import { Painter } from "./painter.js";
+import { Pictures } from "./pictures.js";
+import { Pointer } from "./pointer.js";
+import { Program } from "./program.js";
+import { Screen } from "./screen.js";
+import { openStorage } from "./storage.js";
+import { holdList } from "./tab.js";
+import { Texts } from "./texts.js";
+import { words } from "./words.js";
+
+const say = words(locale.languages());
+
+/** In the order of HostState. */
+const states = { active: 0, inactive: 1, background: 2 };
+
+function currentState() {
+    if (document.hidden) {
+        return states.background;
+    }
+    return document.hasFocus() ? states.active : states.inactive;
+}
+
+function reload() {
+    location.reload();
+}
+
+function isSupported() {
+    return "WebAssembly" in globalThis && "indexedDB" in globalThis && "Segmenter" in Intl
+        && "roundRect" in CanvasRenderingContext2D.prototype;
+}
+
+/** Lets go of the list, for another tab. */
+async function handOver(editor, storage) {
+    editor.leave();
+    await storage.settled();
+    storage.close();
+    showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: reload });
+}
+
+/** Tells the program what the browser has to tell. */
+function connect(program, { screen, editor, canvas, mirror }) {
+    const stage = document.getElementById("stage");
+    screen.onFrame = (everything) => program.call("frame", everything);
+    screen.onChange = () => program.call("screenChanged");
+    screen.onFrameDone = () => mirror.refreshSoon();
+    editor.onChange = (text) => program.call("textChanged", program.sendText(text));
+    editor.onReturn = () => program.call("textReturned");
+    const pointer = new Pointer(canvas, (fingers, seconds) => {
+        program.sendNumbers(fingers.flatMap(({ identifier, phase, x, y }) => [identifier, phase, x, y]));
+        program.call("touchesChanged", fingers.length, seconds);
+    }, (x, y, dx, dy) => program.call("scrolled", x, y, dx, dy));
+    listenToKeys(() => editor.isEditing || stage.inert, (key, shift, alt) => {
+        mirror.refreshSoon();
+        return program.call("keyPressed", key, shift, alt);
+    });
+    const tellState = () => program.call("stateChanged", currentState());
+    addEventListener("focus", tellState);
+    addEventListener("blur", tellState);
+    document.addEventListener("visibilitychange", () => {
+        if (document.hidden) {
+            // The system may end a page that is out of sight without a word.
+            pointer.cancel();
+            editor.leave();
+        }
+        tellState();
+    });
+    screen.observe();
+}
+
+async function run(storage) {
+    const canvas = document.getElementById("screen");
+    const screen = new Screen(canvas);
+    const texts = new Texts(screen, document.getElementById("measure"));
+    const pictures = new Pictures((decoded) => screen.holdFrames(decoded));
+    const editor = new Editor(document.getElementById("editors"), texts, screen);
+    const code = fetch("velmorath.wasm");
+    const index = await fetch("resources/index.json");
+    const resources = await loadResources(await index.json(), locale.languages());
+    const services = {
+        screen,
+        texts,
+        pictures,
+        editor,
+        painter: new Painter(canvas, texts, pictures),
+        files: new Files(resources, storage, (written) => screen.holdFrames(written)),
+        clock: new Clock(() => program.call("wake")),
+        effects: new Effects(),
+        locale,
+    };
+    const program = await Program.load(code, services);
+    program.onFatal = (details) => {
+        editor.remove();
+        showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
+    };
+    const mirror = new Mirror(document.getElementById("mirror"), program, () => editor.isEditing);
+    program.call("start");
+    connect(program, { screen, editor, canvas, mirror });
+    screen.requestFrame();
+    return editor;
+}
+
+async function start() {
+    document.documentElement.lang = say.language;
+    if (!isSupported()) {
+        showNotice({ title: say.unsupported, text: say.unsupportedText });
+        return;
+    }
+    let editor = null;
+    let storage = null;
+    const tab = await holdList({ onTaken: () => storage && handOver(editor, storage) });
+    if (!tab.held) {
+        await new Promise((pressed) => {
+            showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: pressed });
+        });
+        await tab.takeOver();
+        hideNotice();
+    }
+    try {
+        storage = await openStorage();
+    } catch (error) {
+        showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
+        return;
+    }
+    storage.onLost = () => handOver(editor, storage);
+    try {
+        editor = await run(storage);
+    } catch (error) {
+        console.error(error);
+        showNotice({ title: say.notLoaded, text: say.notLoadedText, details: error.message, button: say.tryAgain, onButton: reload });
+        return;
+    }
+    installWorker();
+}
+
+start();

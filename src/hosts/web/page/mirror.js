@@ -1,0 +1,224 @@
+/**
+ * What is on the canvas, once more as elements for those who do not see it. A screen reader walks over them
+ * and presses them; eyes and fingers do not meet them.
+ */
+
+/** The element that stands for a thing of this kind, and its ARIA role where the element has none. */
+const kinds = {
+    group: ["div", null],
+    dialog: ["div", "alertdialog"],
+    heading: ["div", "heading"],
+    text: ["div", null],
+    image: ["div", "img"],
+    button: ["button", null],
+    option: ["button", "radio"],
+    list: ["div", "list"],
+    listItem: ["div", "listitem"],
+    textField: ["div", "textbox"],
+    textArea: ["div", "textbox"],
+    progress: ["div", "progressbar"],
+};
+
+/** Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change. */
+function setAttribute(element, name, value) {
+    if (value === null || value === undefined || value === false) {
+        element.removeAttribute(name);
+    } else if (element.getAttribute(name) !== String(value)) {
+        element.setAttribute(name, value);
+    }
+}
+
+function setText(element, text) {
+    if (element.textContent !== text) {
+        element.textContent = text;
+    }
+}
+
+function setChildren(parent, children) {
+    children.forEach((child, index) => {
+        if (parent.childNodes[index] !== child) {
+            parent.insertBefore(child, parent.childNodes[index] ?? null);
+        }
+    });
+    while (parent.childNodes.length > children.length) {
+        parent.lastChild.remove();
+    }
+}
+
+/** One thing: its element, what in it is pressed and read, and a button for each of its further actions. */
+class Mirrored {
+    constructor(role, perform) {
+        const [tag, ariaRole] = kinds[role];
+        this.role = role;
+        this.element = document.createElement(tag);
+        setAttribute(this.element, "role", ariaRole);
+        this.perform = perform;
+        this.actions = [];
+        // An item that can be pressed holds a button, for an item itself is none.
+        this.target = this.element;
+        if (role === "listItem") {
+            this.target = document.createElement("button");
+            this.element.append(this.target);
+        }
+        this.target.addEventListener("click", () => perform(-1));
+    }
+
+    actionButtons(names, label) {
+        while (this.actions.length < names.length) {
+            const button = document.createElement("button");
+            const action = this.actions.length;
+            button.tabIndex = -1;
+            button.addEventListener("click", () => this.perform(action));
+            this.actions.push(button);
+        }
+        this.actions.length = names.length;
+        return this.actions.map((button, index) => {
+            setText(button, names[index]);
+            setAttribute(button, "aria-label", label ? `${names[index]}: ${label}` : names[index]);
+            return button;
+        });
+    }
+}
+
+export class Mirror {
+    #root;
+    #program;
+    #isEditing;
+    #timer = 0;
+    #shown = new Map();
+    #identifiers = new WeakMap();
+    #focused = 0;
+
+    constructor(root, program, isEditing) {
+        this.#root = root;
+        this.#program = program;
+        this.#isEditing = isEditing;
+        root.addEventListener("focusin", (event) => this.#focusCame(event.target));
+    }
+
+    /** The screen may have changed: looks when it has come to rest. */
+    refreshSoon() {
+        const rest = 100;
+        clearTimeout(this.#timer);
+        this.#timer = setTimeout(() => this.refresh(), rest);
+    }
+
+    refresh() {
+        clearTimeout(this.#timer);
+        const start = this.#program.call("accessibilityTree");
+        const length = this.#program.call("outgoingLength");
+        if (this.#program.hasStopped) {
+            return;
+        }
+        const tree = JSON.parse(this.#program.text(start, length));
+        const before = this.#shown;
+        this.#shown = new Map();
+        let focused = 0;
+        const place = (item) => {
+            const mirrored = this.#find(before, item);
+            this.#shown.set(item.id, mirrored);
+            if (item.focused) {
+                focused = item.id;
+            }
+            this.#update(mirrored, item, item.children.map(place));
+            return mirrored.element;
+        };
+        setChildren(this.#root, tree.children.map(place));
+        this.#moveFocus(focused);
+    }
+
+    #find(before, { id, role }) {
+        const known = before.get(id);
+        if (known?.role === role) {
+            return known;
+        }
+        const mirrored = new Mirrored(role, (action) => this.#perform(id, action));
+        this.#identifiers.set(mirrored.element, id);
+        this.#identifiers.set(mirrored.target, id);
+        return mirrored;
+    }
+
+    #perform(id, action) {
+        if (action < 0) {
+            this.#program.call("pressElement", id);
+        } else {
+            this.#program.call("performElementAction", id, action);
+        }
+        this.refreshSoon();
+    }
+
+    #update(mirrored, item, children) {
+        const { element, target, role } = mirrored;
+        const { frame = [0, 0, 0, 0] } = item;
+        ["left", "top", "width", "height"].forEach((side, index) => {
+            element.style[side] = `${frame[index]}px`;
+        });
+        setAttribute(element, "aria-setsize", role === "listItem" && item.count >= 0 ? item.count : null);
+        setAttribute(element, "aria-posinset", item.index >= 0 ? item.index + 1 : null);
+        this.#name(target, item);
+        if (target !== this.#root && (item.pressable || target.tagName === "BUTTON")) {
+            target.tabIndex = -1;
+        }
+        setAttribute(target, "aria-disabled", target.tagName === "BUTTON" && !item.pressable);
+        const content = role === "listItem" ? [target] : [...element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
+        setChildren(element, [...content, ...children, ...mirrored.actionButtons(item.actions, item.label)]);
+    }
+
+    /** Says what it is and in which state. */
+    #name(target, { role, label, value, selected, count }) {
+        const said = [label, value].filter(Boolean).join(", ");
+        switch (role) {
+        case "group":
+        case "dialog":
+        case "list":
+            setAttribute(target, "aria-label", label || null);
+            if (role === "dialog") {
+                setAttribute(target, "aria-modal", "true");
+            }
+            break;
+        case "image":
+        case "progress":
+            setAttribute(target, "aria-label", said);
+            break;
+        case "textField":
+        case "textArea":
+            setAttribute(target, "aria-label", label);
+            setAttribute(target, "aria-readonly", "true");
+            setAttribute(target, "aria-multiline", role === "textArea");
+            setText(target, value);
+            break;
+        case "option":
+            setAttribute(target, "aria-checked", selected ? "true" : "false");
+            setText(target, said);
+            break;
+        default:
+            if (role === "heading") {
+                setAttribute(target, "aria-level", "1");
+            } else if (role !== "text") {
+                setAttribute(target, "aria-pressed", selected ? "true" : null);
+            }
+            setText(target, said);
+        }
+    }
+
+    /** The browser's focus goes where the program's keys go, so that it is read out. */
+    #moveFocus(id) {
+        if (id === this.#focused && document.activeElement !== document.body) {
+            return;
+        }
+        this.#focused = id;
+        if (id !== 0 && !this.#isEditing()) {
+            this.#shown.get(id)?.target.focus({ preventScroll: true });
+        }
+    }
+
+    /** A screen reader put the focus somewhere. */
+    #focusCame(target) {
+        const id = this.#identifiers.get(target);
+        if (id === undefined || id === this.#focused) {
+            return;
+        }
+        this.#focused = id;
+        this.#program.call("focusElement", id);
+    }
+}

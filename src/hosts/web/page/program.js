@@ -1,0 +1,182 @@
+/**
+ * The module, and what goes over its border: numbers as they are, texts and files as UTF-8 or plain bytes.
+ * Page.h says what the program calls, main.cpp what it can be called with.
+ */
+
+const decoder = new TextDecoder();
+const encoder = new TextEncoder();
+
+export class Program {
+    #exports;
+    #errorText = "";
+    #hasStopped = false;
+    /** Told once, with the program's last words, when it could not go on. Nothing of it runs after that. */
+    onFatal = () => {};
+
+    /** `page` has the services that the program uses; see imports() below. */
+    static async load(source, page) {
+        const program = new Program();
+        const imports = {
+            env: { ...imported(program, page), emscripten_notify_memory_growth() {} },
+            wasi_snapshot_preview1: program.#system(),
+        };
+        const { instance } = await instantiate(source, imports);
+        program.#exports = instance.exports;
+        program.call("_initialize");
+        return program;
+    }
+
+    /** Calls a function of the program. After its end, nothing happens and the answer is 0. */
+    call(name, ...values) {
+        if (this.#hasStopped) {
+            return 0;
+        }
+        try {
+            return this.#exports[name](...values);
+        } catch (error) {
+            this.#hasStopped = true;
+            console.error(error);
+            this.onFatal(this.#errorText.trim() || String(error));
+            return 0;
+        }
+    }
+
+    get hasStopped() {
+        return this.#hasStopped;
+    }
+
+    /** Copies bytes to where the next call finds them. Returns how many they are. */
+    send(bytes) {
+        if (this.#hasStopped) {
+            return 0;
+        }
+        const room = this.#exports.makeRoom(bytes.length);
+        new Uint8Array(this.#exports.memory.buffer).set(bytes, room);
+        return bytes.length;
+    }
+
+    sendText(text) {
+        return this.send(encoder.encode(text));
+    }
+
+    sendNumbers(numbers) {
+        return this.send(new Uint8Array(new Float64Array(numbers).buffer));
+    }
+
+    /** Valid until the program is called again. */
+    bytes(start, length) {
+        return new Uint8Array(this.#exports.memory.buffer, start, length);
+    }
+
+    numbers(start, count) {
+        return new Float64Array(this.#exports.memory.buffer, start, count);
+    }
+
+    text(start, length) {
+        return decoder.decode(this.bytes(start, length));
+    }
+
+    /** What the C library wants of an operating system: somewhere to write its last words. */
+    #system() {
+        const written = (descriptor, vectors, count, total) => {
+            const view = new DataView(this.#exports.memory.buffer);
+            let sum = 0;
+            for (let i = 0; i < count; ++i) {
+                const length = view.getUint32(vectors + 8 * i + 4, true);
+                this.#errorText += this.text(view.getUint32(vectors + 8 * i, true), length);
+                sum += length;
+            }
+            view.setUint32(total, sum, true);
+            return 0;
+        };
+        return {
+            fd_write: written,
+            fd_close: () => 0,
+            fd_seek: () => 70,
+            proc_exit(code) {
+                throw new Error(`The program ended with ${code}`);
+            },
+        };
+    }
+}
+
+async function instantiate(source, imports) {
+    const response = await source;
+    if (!response.ok) {
+        throw new Error(`${response.url}: ${response.status}`);
+    }
+    // A server that does not know the type, and an old browser, get the longer way.
+    const isTyped = response.headers.get("Content-Type")?.startsWith("application/wasm");
+    if (isTyped && WebAssembly.instantiateStreaming) {
+        return WebAssembly.instantiateStreaming(response, imports);
+    }
+    return WebAssembly.instantiate(await response.arrayBuffer(), imports);
+}
+
+function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects }) {
+    const text = (start, length) => program.text(start, length);
+    return {
+        pageNow: () => performance.now() / 1000,
+        pageWallTime: () => Date.now() / 1000,
+        pageWakeAt: (time) => clock.wakeAt(time),
+        pageWriteLine: (start, length) => console.log(text(start, length)),
+
+        pageWidth: () => screen.width,
+        pageHeight: () => screen.height,
+        pageScale: () => screen.scale,
+        pageRequestFrame: () => screen.requestFrame(),
+        pagePaint: (start, count) => painter.paint(program.numbers(start, count)),
+        pageMeasure(start, length, family, familyLength, size, bold, wrapWidth, result) {
+            const font = { family: text(family, familyLength), size, bold: bold !== 0 };
+            program.numbers(result, 3).set(texts.measure(text(start, length), font, wrapWidth));
+        },
+        pageDecodeImage(start, length, size) {
+            const picture = pictures.decode(program.bytes(start, length).slice());
+            if (picture) {
+                program.numbers(size, 2).set([picture.width, picture.height]);
+            }
+            return picture?.number ?? 0;
+        },
+        pageMakeImage: (...values) => pictures.make(...values),
+        pageReleaseImage: (number) => pictures.release(number),
+
+        pageBeginEditing(start, length, label, labelLength, family, familyLength, size, bold, color, alignment,
+            multiline, darkKeyboard, doneKey) {
+            editor.begin({
+                text: text(start, length),
+                label: text(label, labelLength),
+                font: { family: text(family, familyLength), size, bold: bold !== 0 },
+                color,
+                alignment,
+                isMultiline: multiline !== 0,
+                hasDarkKeyboard: darkKeyboard !== 0,
+                hasDoneKey: doneKey !== 0,
+            });
+        },
+        pagePlaceEditor: (x, y, width, height, clipX, clipY, clipWidth, clipHeight, opacity) => editor.place(
+            { x, y, width, height }, { x: clipX, y: clipY, width: clipWidth, height: clipHeight }, opacity),
+        pageEndEditing: () => editor.end(),
+
+        pageFileExists: (start, length) => files.exists(text(start, length)),
+        pageReadFile(start, length) {
+            const bytes = files.read(text(start, length));
+            return bytes ? program.send(bytes) : -1;
+        },
+        pageReplaceFile: (path, length, start, size, number) => files.replace(
+            text(path, length), program.bytes(start, size),
+            (error) => program.call("fileReplaced", number, program.sendText(error))),
+        pageSetFileAside: (start, length) => files.setAside(text(start, length)),
+
+        pageLanguages: () => program.sendText(locale.languages().join("\n")),
+        pageMediumDate: (time, zone, length) => program.sendText(locale.mediumDate(time, text(zone, length))),
+
+        pagePlaySound: (start, length) => effects.playSound(text(start, length)),
+        pageVibrate: () => effects.vibrate(),
+        pageSetBadge: (number) => effects.setBadge(number),
+        pageOpenAddress: (start, length) => effects.openAddress(text(start, length)),
+        pageDevice: () => program.sendText(effects.device().join("\n")),
+        pageIsTablet: () => effects.isTablet(),
+        pageRequestPermission: () => effects.requestPermission(
+            (granted) => program.call("permissionAnswered", granted)),
+    };
+}

@@ -1,0 +1,227 @@
+/**
+ * Measures and draws text exactly where the browser's own editors show it: a note must not move when its
+ * editing starts. Everything is laid out in device pixels, as browsers do.
+ */
+
+const leading = 1.2;
+const strongCharacter = /[\p{L}\p{Nl}]/u;
+const rightToLeft = /[\u0590-\u08ff\ufb1d-\ufdff\ufe70-\ufeff\u{10800}-\u{10fff}\u{1e800}-\u{1efff}]/u;
+
+/** The direction of the first strong character. */
+export function readsFromTheRight(text) {
+    const first = strongCharacter.exec(text);
+    return first !== null && rightToLeft.test(first[0]);
+}
+
+export function cssFamily(font) {
+    return font.family ? `${JSON.stringify(font.family)}, system-ui, sans-serif` : "system-ui, sans-serif";
+}
+
+function cssFont(font, scale) {
+    return `${font.bold ? "bold " : ""}${font.size * scale}px ${cssFamily(font)}`;
+}
+
+/** As "left" and "right", for a text that reads this way. */
+function side(alignment, fromTheRight) {
+    return [fromTheRight ? "right" : "left", "left", "center", "right"][alignment];
+}
+
+/** What stands in one line: nothing breaks it. */
+function inOneLine(text) {
+    return text.replace(/[\u0000-\u001f\u2028\u2029]/g, " ");
+}
+
+class Cache {
+    #entries = new Map();
+    #limit;
+
+    constructor(limit) {
+        this.#limit = limit;
+    }
+
+    find(key, make) {
+        let value = this.#entries.get(key);
+        if (value === undefined) {
+            value = make();
+            if (this.#entries.size >= this.#limit) {
+                this.#entries.delete(this.#entries.keys().next().value);
+            }
+        } else {
+            this.#entries.delete(key);
+        }
+        this.#entries.set(key, value);
+        return value;
+    }
+}
+
+export class Texts {
+    #screen;
+    #context = document.createElement("canvas").getContext("2d");
+    #graphemes = new Intl.Segmenter(undefined, { granularity: "grapheme" });
+    #box;
+    #fonts = new Cache(50);
+    #lines = new Cache(300);
+    #paragraphs = new Cache(20);
+
+    /** `box` is an element for trying out how text wraps: in the page, but never seen. */
+    constructor(screen, box) {
+        this.#screen = screen;
+        this.#box = box;
+        box.append("");
+    }
+
+    /** Width and height in points, and 1 when it reads from the right. */
+    measure(text, font, wrapWidth) {
+        const scale = this.#screen.scale;
+        const fromTheRight = readsFromTheRight(text) ? 1 : 0;
+        const { lineHeight } = this.metrics(font);
+        if (wrapWidth > 0) {
+            const lines = this.#wrapped(text, font, wrapWidth);
+            const widths = lines.map((line) => this.#width(line, font));
+            return [Math.max(0, ...widths) / scale, lines.length * lineHeight / scale, fromTheRight];
+        }
+        return [this.#width(inOneLine(text), font) / scale, lineHeight / scale, fromTheRight];
+    }
+
+    /** In device pixels: how far the font reaches above and below its base line, and a line's height. */
+    metrics(font) {
+        const css = cssFont(font, this.#screen.scale);
+        return this.#fonts.find(css, () => {
+            this.#context.font = css;
+            const { fontBoundingBoxAscent, fontBoundingBoxDescent } = this.#context.measureText("x");
+            const ascent = Math.round(fontBoundingBoxAscent);
+            const descent = Math.round(fontBoundingBoxDescent);
+            const smallest = Math.round(font.size * this.#screen.scale * leading);
+            return { ascent, descent, lineHeight: Math.max(ascent + descent, smallest) };
+        });
+    }
+
+    /** `rect` is in points of the context's transform. Alignment is a number as in CGTextAlignment. */
+    draw(context, text, rect, font, { alignment, wraps }, color) {
+        const scale = this.#screen.scale;
+        const transform = context.getTransform();
+        // The text's own coordinates are device pixels, with the rectangle's corner as their origin.
+        const corner = transform.transformPoint({ x: rect.x, y: rect.y });
+        const { a, b, c, d } = transform;
+        context.save();
+        context.setTransform(a / scale, b / scale, c / scale, d / scale, corner.x, corner.y);
+        context.font = cssFont(font, scale);
+        context.fillStyle = color;
+        const fromTheRight = readsFromTheRight(text);
+        context.direction = fromTheRight ? "rtl" : "ltr";
+        context.textAlign = side(alignment, fromTheRight);
+        const width = rect.width * scale;
+        const x = { left: 0, center: width / 2, right: width }[context.textAlign];
+        if (wraps) {
+            this.#drawParagraph(context, this.#wrapped(text, font, rect.width), font, x, rect.height * scale);
+        } else {
+            this.#drawLine(context, this.#fitting(text, font, width), font, x, rect.height * scale);
+        }
+        context.restore();
+    }
+
+    #drawLine(context, line, font, x, height) {
+        context.fillText(line, x, this.#baseline(font, height));
+    }
+
+    #drawParagraph(context, lines, font, x, height) {
+        const { lineHeight } = this.metrics(font);
+        const top = context.getTransform().f;
+        const first = Math.max(0, Math.floor(-top / lineHeight));
+        const end = Math.min(height, context.canvas.height - top);
+        context.beginPath();
+        context.rect(-lineHeight, 0, context.canvas.width + 2 * lineHeight, height);
+        context.clip();
+        const baseline = this.#baseline(font, lineHeight);
+        for (let i = first; i < lines.length && i * lineHeight < end; ++i) {
+            context.fillText(lines[i], x, i * lineHeight + baseline);
+        }
+    }
+
+    /** Where browsers put the base line in a line box of this height. */
+    #baseline(font, height) {
+        const { ascent, descent } = this.metrics(font);
+        return Math.floor((Math.round(height) - ascent - descent) / 2) + ascent;
+    }
+
+    #width(line, font) {
+        this.#context.font = cssFont(font, this.#screen.scale);
+        return this.#context.measureText(line).width;
+    }
+
+    /** The line, or as much of its beginning as fits and an ellipsis. */
+    #fitting(text, font, width) {
+        return this.#lines.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
+            const line = inOneLine(text);
+            const tolerance = 0.5;
+            if (this.#width(line, font) <= width + tolerance) {
+                return line;
+            }
+            // No screen has room for more characters than this.
+            const ends = [...this.#graphemes.segment(line.slice(0, 5000))].map(({ index }) => index);
+            let low = 0;
+            let high = ends.length - 1;
+            while (low < high) {
+                const middle = Math.ceil((low + high) / 2);
+                if (this.#width(`${line.slice(0, ends[middle])}…`, font) <= width) {
+                    low = middle;
+                } else {
+                    high = middle - 1;
+                }
+            }
+            return `${line.slice(0, ends[low]).trimEnd()}…`;
+        });
+    }
+
+    /** The lines into which the browser breaks a text at this width in points. */
+    #wrapped(text, font, width) {
+        return this.#paragraphs.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
+            const { lineHeight } = this.metrics(font);
+            const { style } = this.#box;
+            style.font = cssFont(font, 1);
+            style.lineHeight = `${lineHeight / this.#screen.scale}px`;
+            style.width = `${width}px`;
+            const node = this.#box.firstChild;
+            node.data = text;
+            const lines = brokenLines(node, text);
+            node.data = "";
+            return lines;
+        });
+    }
+}
+
+function brokenLines(node, text) {
+    const range = document.createRange();
+    const top = (index) => {
+        range.setStart(node, index);
+        range.setEnd(node, index + 1);
+        return range.getBoundingClientRect().top;
+    };
+    const lines = [];
+    let start = 0;
+    while (start < text.length) {
+        const here = top(start) + 0.5;
+        // Strides that double, then halves: a line is short and the text may be long.
+        let low = start;
+        let stride = 16;
+        while (low + stride < text.length && top(low + stride) <= here) {
+            low += stride;
+            stride *= 2;
+        }
+        let high = Math.min(low + stride, text.length);
+        while (low + 1 < high) {
+            const middle = (low + high) >> 1;
+            if (top(middle) <= here) {
+                low = middle;
+            } else {
+                high = middle;
+            }
+        }
+        lines.push(text.slice(start, high).replace(/[\n\r]+$/, ""));
+        start = high;
+    }
+    if (text === "" || text.endsWith("\n")) {
+        lines.push("");
+    }
+    return lines;
+}
