@@ -135,7 +135,7 @@ export class Editor {
         }
         const { frame, clip, opacity } = this.#place;
         const snap = (length) => Math.round(length * this.#screen.scale) / this.#screen.scale;
-        const { lineHeight } = this.#texts.metrics(this.#font);
+        const lineHeight = this.#texts.lineHeight(this.#font);
         // Many lines scroll inside what the keyboard leaves of them; one line is wherever its row is.
         const inSight = visualViewport ? visualViewport.offsetTop + visualViewport.height : Infinity;
         const isCovered = this.#isMultiline && inSight > frame.y && inSight < frame.y + frame.height;

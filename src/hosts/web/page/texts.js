@@ -58,23 +58,28 @@ export class Texts {
     #screen;
     #context = document.createElement("canvas").getContext("2d");
     #graphemes = new Intl.Segmenter(undefined, { granularity: "grapheme" });
-    #box;
-    #fonts = new Cache(50);
+    #paragraph = document.createElement("div");
+    #line = document.createElement("div");
+    /** An empty box in the line, which stands on its base line. */
+    #foot = document.createElement("span");
+    #lineHeights = new Cache(50);
+    #baselines = new Cache(50);
     #lines = new Cache(300);
     #paragraphs = new Cache(20);
 
-    /** `box` is an element for trying out how text wraps: in the page, but never seen. */
+    /** `box` is an element to lay out text in: in the page, but never seen. */
     constructor(screen, box) {
         this.#screen = screen;
-        this.#box = box;
-        box.append("");
+        this.#paragraph.append("");
+        this.#line.append("x", this.#foot);
+        box.append(this.#paragraph, this.#line);
     }
 
     /** Width and height in points, and 1 when it reads from the right. */
     measure(text, font, wrapWidth) {
         const scale = this.#screen.scale;
         const fromTheRight = readsFromTheRight(text) ? 1 : 0;
-        const { lineHeight } = this.metrics(font);
+        const lineHeight = this.lineHeight(font);
         if (wrapWidth > 0) {
             const lines = this.#wrapped(text, font, wrapWidth);
             const widths = lines.map((line) => this.#width(line, font));
@@ -83,16 +88,14 @@ export class Texts {
         return [this.#width(inOneLine(text), font) / scale, lineHeight / scale, fromTheRight];
     }
 
-    /** In device pixels: how far the font reaches above and below its base line, and a line's height. */
-    metrics(font) {
+    /** In device pixels. */
+    lineHeight(font) {
         const css = cssFont(font, this.#screen.scale);
-        return this.#fonts.find(css, () => {
+        return this.#lineHeights.find(css, () => {
             this.#context.font = css;
             const { fontBoundingBoxAscent, fontBoundingBoxDescent } = this.#context.measureText("x");
-            const ascent = Math.round(fontBoundingBoxAscent);
-            const descent = Math.round(fontBoundingBoxDescent);
-            const smallest = Math.round(font.size * this.#screen.scale * leading);
-            return { ascent, descent, lineHeight: Math.max(ascent + descent, smallest) };
+            const smallest = font.size * this.#screen.scale * leading;
+            return Math.round(Math.max(fontBoundingBoxAscent + fontBoundingBoxDescent, smallest));
         });
     }
 
@@ -125,7 +128,7 @@ export class Texts {
     }
 
     #drawParagraph(context, lines, font, x, height) {
-        const { lineHeight } = this.metrics(font);
+        const lineHeight = this.lineHeight(font);
         const top = context.getTransform().f;
         const first = Math.max(0, Math.floor(-top / lineHeight));
         const end = Math.min(height, context.canvas.height - top);
@@ -138,10 +141,15 @@ export class Texts {
         }
     }
 
-    /** Where browsers put the base line in a line box of this height. */
+    /** Where the browser puts the base line in a line of this height, all in device pixels. */
     #baseline(font, height) {
-        const { ascent, descent } = this.metrics(font);
-        return Math.floor((Math.round(height) - ascent - descent) / 2) + ascent;
+        const { scale } = this.#screen;
+        const css = cssFont(font, 1);
+        return this.#baselines.find(`${css}|${height}|${scale}`, () => {
+            this.#line.style.font = css;
+            this.#line.style.lineHeight = `${height / scale}px`;
+            return (this.#foot.getBoundingClientRect().bottom - this.#line.getBoundingClientRect().top) * scale;
+        });
     }
 
     #width(line, font) {
@@ -176,12 +184,12 @@ export class Texts {
     /** The lines into which the browser breaks a text at this width in points. */
     #wrapped(text, font, width) {
         return this.#paragraphs.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
-            const { lineHeight } = this.metrics(font);
-            const { style } = this.#box;
+            const lineHeight = this.lineHeight(font);
+            const { style } = this.#paragraph;
             style.font = cssFont(font, 1);
             style.lineHeight = `${lineHeight / this.#screen.scale}px`;
             style.width = `${width}px`;
-            const node = this.#box.firstChild;
+            const node = this.#paragraph.firstChild;
             node.data = text;
             const lines = brokenLines(node, text);
             node.data = "";
