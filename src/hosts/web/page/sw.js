@@ -9,7 +9,10 @@ const files = { /*@FILES@*/ };
 
 // Stands on the screen for the moment in which the newer worker takes over, and uses no file of either version.
 const updatePage = {
-    text: "<!doctype html><meta name=color-scheme content=dark><link rel=icon href=data:,><script type=module src=update.js></script>",
+    text: `<!doctype html>
+        <meta name="color-scheme" content="dark">
+        <link rel="icon" href="data:,">
+        <script type="module" src="update.js"></script>`,
     headers: {
         "Content-Type": "text/html",
         "Content-Security-Policy": "default-src 'none'; script-src 'self'; img-src data:",
