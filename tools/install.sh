@@ -49,8 +49,8 @@ configure() {
     cmake -S "$root" --preset "$1" --log-level=WARNING "${@:2}" >/dev/null
 }
 
-# build <folder below build/> [targets...]: one line of progress on a terminal, elsewhere only what goes wrong. All on
-# standard error: standard output is the program's.
+# build <folder below build/> [targets...]: one line of progress on a terminal, elsewhere only what goes
+# wrong. All on standard error: standard output is the program's.
 build() {
     local quiet=()
     [[ -t 2 ]] || quiet=(--quiet)

@@ -7,6 +7,18 @@
 const version = "@VERSION@";
 const files = { /*@FILES@*/ };
 
+// Stands on the screen for the moment in which the newer worker takes over, and uses no file of either version.
+const updatePage = {
+    text: `<!doctype html>
+        <meta name="color-scheme" content="dark">
+        <link rel="icon" href="data:,">
+        <script type="module" src="update.js"></script>`,
+    headers: {
+        "Content-Type": "text/html",
+        "Content-Security-Policy": "default-src 'none'; script-src 'self'; img-src data:",
+    },
+};
+
 const { registration } = self;
 const cachePrefix = `velmorath ${registration.scope} `;
 const cacheName = cachePrefix + version;
@@ -69,13 +81,8 @@ async function answer(request, path) {
 }
 
 async function openPage(event) {
-    if (registration.waiting && (await isReloadOfOnlyPage(event))) {
-        registration.waiting.postMessage("activate");
-        return new Response("<!doctype html><meta name=color-scheme content=dark>", {
-            headers: { "Content-Type": "text/html", Refresh: "0" },
-        });
-    }
-    return answer(event.request, "./");
+    const isUpdate = registration.waiting && (await isReloadOfOnlyPage(event));
+    return isUpdate ? new Response(updatePage.text, updatePage) : answer(event.request, "./");
 }
 
 async function isReloadOfOnlyPage(event) {

@@ -1,0 +1,55 @@
+import { spawn } from "node:child_process";
+import { once } from "node:events";
+import { cp, mkdir, mkdtemp, rm } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
+import { fileURLToPath } from "node:url";
+
+const program = fileURLToPath(new URL("../../../../tools/serve", import.meta.url));
+
+/** The project's own server, with a copy of the page some folders below its root. */
+export class Server {
+    static async start(page = process.env.VELMORATH_PAGE) {
+        const server = new Server();
+        server.root = await mkdtemp(join(tmpdir(), "velmorath-server-"));
+        server.folder = join(server.root, "some", "folder");
+        await server.deploy(page);
+        await server.resume();
+        return server;
+    }
+
+    /** The page's address, the same for good. */
+    get address() {
+        return `http://127.0.0.1:${this.port}/some/folder/`;
+    }
+
+    /** Puts another page in the place of the one that is there. */
+    async deploy(page) {
+        await rm(this.folder, { recursive: true, force: true });
+        await mkdir(this.folder, { recursive: true });
+        await cp(page, this.folder, { recursive: true });
+    }
+
+    async resume() {
+        this.process = spawn(program, [this.root, String(this.port)], { stdio: ["ignore", "pipe", "ignore"] });
+        const [line] = await once(this.process.stdout, "data");
+        this.port = Number(/127\.0\.0\.1:(\d+)/.exec(line)[1]);
+    }
+
+    /** As if the network were gone. */
+    async pause() {
+        const ended = once(this.process, "exit");
+        this.process.kill();
+        await ended;
+    }
+
+    async stop() {
+        await this.pause();
+        await rm(this.root, { recursive: true });
+    }
+
+    process = null;
+    port = 0;
+    root = "";
+    folder = "";
+}

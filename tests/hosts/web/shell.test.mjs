@@ -1,0 +1,161 @@
+import assert from "node:assert/strict";
+import { createHash } from "node:crypto";
+import { appendFile, readFile, writeFile } from "node:fs/promises";
+import { join } from "node:path";
+import { afterEach, beforeEach, test } from "node:test";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+async function openInstalled() {
+    const tab = await phone.open(server.address);
+    await tab.until("the worker has the page", () => navigator.serviceWorker.controller !== null);
+    return tab;
+}
+
+// Another version, which differs in its style. Not a whole one while the style is still the old one.
+async function deployNext({ whole }) {
+    const style = join(server.folder, "style.css");
+    const worker = join(server.folder, "sw.js");
+    const digest = async () => createHash("sha256").update(await readFile(style)).digest("hex");
+    const old = await readFile(style);
+    const oldDigest = await digest();
+    await appendFile(style, "\n#of-the-next-version {}\n");
+    const text = await readFile(worker, "utf8");
+    const next = text.replace(oldDigest, await digest()).replace(/version = "\w+"/, 'version = "next"');
+    await writeFile(worker, next);
+    if (!whole) {
+        await writeFile(style, old);
+    }
+}
+
+// Which version a page gets when it asks for a file now, as the program does for sounds and pictures.
+async function version(tab) {
+    const style = await tab.page.evaluate(async () => (await fetch("style.css")).text());
+    return style.includes("#of-the-next-version") ? "next" : "first";
+}
+
+// Which version it began with.
+function startedVersion(tab) {
+    return tab.page.evaluate(() => {
+        const rules = Array.from(document.styleSheets[0].cssRules, ({ selectorText }) => selectorText);
+        return rules.includes("#of-the-next-version") ? "next" : "first";
+    });
+}
+
+test("starts without a server from what it kept, in a subfolder, with nothing from elsewhere", async () => {
+    const tab = await openInstalled();
+    assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
+    assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
+
+    await server.pause();
+    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.page.goto(`${server.address}index.html?from=elsewhere`, { waitUntil: "networkidle" });
+    const missing = await tab.page.evaluate(async () => {
+        const names = await (await fetch("resources/index.json")).json();
+        const files = ["velmorath.wasm", ...names.map((name) => `resources/${name}`)];
+        const answers = await Promise.all(files.map((file) => fetch(file)));
+        return answers.filter(({ ok }) => !ok).map(({ url }) => url);
+    });
+    assert.deepEqual(missing, []);
+    await server.resume();
+    assert.deepEqual(phone.requests.filter((address) => !address.startsWith(server.address)), []);
+});
+
+test("a newer version comes whole, with a reload of the only page, and clears up after its own kind", async () => {
+    const tab = await openInstalled();
+    await tab.page.evaluate(() => caches.open("velmorath of another folder"));
+    await deployNext({ whole: true });
+    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.until("the newer version waits", async () =>
+        (await navigator.serviceWorker.getRegistration()).waiting !== null);
+
+    const second = await phone.open(server.address);
+    await second.page.reload({ waitUntil: "networkidle" });
+    for (const page of [tab, second]) {
+        assert.deepEqual([await startedVersion(page), await version(page)], ["first", "first"]);
+    }
+    await second.page.close();
+
+    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.until("the newer version runs", async () => {
+        const { waiting, active } = await navigator.serviceWorker.getRegistration();
+        return waiting === null && active.state === "activated" && document.getElementById("screen") !== null;
+    });
+    assert.deepEqual([await startedVersion(tab), await version(tab)], ["next", "next"]);
+    const names = await tab.page.evaluate(() => caches.keys());
+    assert.deepEqual(names.sort(), [`velmorath ${server.address} next`, "velmorath of another folder"].sort());
+});
+
+test("a server that is still being updated changes nothing", async () => {
+    const tab = await openInstalled();
+    await deployNext({ whole: false });
+    const failed = await tab.page.evaluate(async () => {
+        const registration = await navigator.serviceWorker.getRegistration();
+        await registration.update();
+        const worker = registration.installing;
+        await new Promise((resolve) => worker.addEventListener("statechange", resolve));
+        return worker.state;
+    });
+    assert.equal(failed, "redundant");
+    await tab.page.reload({ waitUntil: "networkidle" });
+    assert.deepEqual([await startedVersion(tab), await version(tab)], ["first", "first"]);
+});
+
+test("a notice says its texts as they are, to everybody, and its button takes the focus", async () => {
+    const tab = await openInstalled();
+    await tab.page.evaluate(async () => {
+        const { showNotice } = await import("./notice.js");
+        globalThis.presses = 0;
+        showNotice({
+            title: "Velmorath <b>stopped</b>",
+            text: "Your list is untouched.",
+            details: "<img src=x> ".repeat(200),
+            button: "Start again",
+            onButton: () => globalThis.presses++,
+        });
+    });
+    assert.equal(await tab.page.textContent("#notice h1"), "Velmorath <b>stopped</b>");
+    assert.equal(await tab.page.$("#notice img"), null);
+    assert.deepEqual(await tab.obstacles(), []);
+    await tab.page.keyboard.press("Enter");
+    await tab.page.evaluate(() => document.getElementById("notice").scrollTo(0, 1e6));
+    const button = await tab.page.locator("#notice button").boundingBox();
+    await tab.tap([button.x + 20, button.y + 20]);
+    assert.equal(await tab.page.evaluate(() => globalThis.presses), 2);
+});
+
+test("every language has every word, and the words fit the smallest page", async () => {
+    const tab = await openInstalled();
+    await tab.page.setViewportSize({ width: 320, height: 480 });
+    const english = await tab.page.evaluate(async () => (await import("./words.js")).words(["xx", "toString"]));
+    for (const language of ["en", "it", "fr", "es", "pt-BR", "de-AT", "ja"]) {
+        const said = await tab.page.evaluate(async (tag) => (await import("./words.js")).words([tag]), language);
+        assert.equal(said.language, language.slice(0, 2));
+        assert.deepEqual(Object.keys(said), Object.keys(english));
+        for (const name of ["stopped", "elsewhere", "noStorage", "notLoaded", "unsupported"]) {
+            const fits = await tab.page.evaluate(async ([title, text, button]) => {
+                const { showNotice } = await import("./notice.js");
+                showNotice({ title, text, button });
+                const { scrollWidth, scrollHeight } = document.getElementById("notice");
+                return scrollWidth <= innerWidth && scrollHeight <= innerHeight;
+            }, [said[name], said[`${name}Text`] ?? said.untouched, said.startAgain]);
+            assert.ok(fits, `${language}: ${said[name]}`);
+        }
+    }
+});
