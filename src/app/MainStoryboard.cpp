@@ -1,6 +1,8 @@
 #include "MainStoryboard.h"
+#include "Bundle.h"
 #include "SceneParts.h"
 #include "SettingsScenes.h"
+#include "UIAccessibilityButton.h"
 #include "ViewController.h"
 #include "VistaNoteViewController.h"
 
@@ -10,6 +12,16 @@ namespace {
 
 constexpr unsigned fillsWidth = UIViewAutoresizing::flexibleWidth;
 
+/// What pulling the list down does, between the two buttons of the bar.
+std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
+{
+    auto button = std::make_shared<UIAccessibilityButton>(
+        CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight),
+        Bundle::main().localizedString("Add note"), [&list] { list.nuovaNota(); });
+    button->setAutoresizingMask(fillsWidth);
+    return button;
+}
+
 void fillList(UIViewController& controller, UIView& view)
 {
     auto& list = static_cast<ViewController&>(controller);
@@ -18,14 +30,18 @@ void fillList(UIViewController& controller, UIView& view)
 
     const auto table = std::make_shared<UITableView>(CGRectMake(0, 0, size.width, size.height - barHeight));
     table->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleHeight);
+    table->setAccessibilityLabel(Bundle::main().localizedString("Notes"));
     view.addSubview(table);
     list.tableView = table;
 
     const auto bar = std::make_shared<UIView>(CGRectMake(0, size.height - barHeight, size.width, barHeight));
     bar->setBackgroundColor(UIColor::black());
     bar->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleTopMargin);
-    bar->addSubview(leftBarButton("riordina", [&list] { list.settaggi(); }));
-    bar->addSubview(rightBarButton(size.width, "info", [&list] { list.Info(); }));
+    const auto reorder = leftBarButton("riordina", "Reorder notes", [&list] { list.settaggi(); });
+    bar->addSubview(reorder);
+    list.riordina = reorder;
+    bar->addSubview(addButton(size.width, list));
+    bar->addSubview(rightBarButton(size.width, "info", "Information", [&list] { list.Info(); }));
     view.addSubview(bar);
 }
 
@@ -36,12 +52,13 @@ void fillNote(UIViewController& controller, UIView& view)
     view.setBackgroundColor(UIColor::black());
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
-    bar->addSubview(leftBarButton("chiudi", [&note] { note.chiudi(); }));
-    bar->addSubview(rightBarButton(size.width, "ok", [&note] { note.ok(); }));
+    bar->addSubview(leftBarButton("chiudi", "Close", [&note] { note.chiudi(); }));
+    bar->addSubview(rightBarButton(size.width, "ok", "Save", [&note] { note.ok(); }));
 
     const auto text = std::make_shared<UITextView>(CGRect{});
     text->setFont(UIFont::systemFont(22));
     text->setTextColor(UIColor::white());
+    text->setAccessibilityLabel(Bundle::main().localizedString("Note"));
     view.addSubview(
         std::make_shared<ReadingColumn>(CGRectMake(0, barHeight, size.width, size.height - barHeight), text));
     view.addSubview(bar);

@@ -1,4 +1,5 @@
 #include "SceneParts.h"
+#include "Bundle.h"
 #include <algorithm>
 
 namespace velmorath {
@@ -10,25 +11,28 @@ constexpr CGFloat pictureScale = 3;
 constexpr CGFloat columnMargin = 16;
 constexpr CGFloat widestColumn = 700;
 
-std::shared_ptr<UIButton> pictureButton(CGFloat x, std::string_view picture, std::function<void()> action)
+std::shared_ptr<UIButton> pictureButton(
+    CGFloat x, std::string_view picture, std::string_view name, std::function<void()> action)
 {
     auto button = std::make_shared<UIButton>(CGRectMake(x, 0, barHeight, barHeight));
     button->setImage(UIImage::named(picture, "png", pictureScale));
+    button->setAccessibilityLabel(Bundle::main().localizedString(name));
     button->addTarget([action = std::move(action)](UIControl&) { action(); });
     return button;
 }
 
 } // namespace
 
-std::shared_ptr<UIButton> leftBarButton(std::string_view picture, std::function<void()> action)
+std::shared_ptr<UIButton> leftBarButton(
+    std::string_view picture, std::string_view name, std::function<void()> action)
 {
-    return pictureButton(0, picture, std::move(action));
+    return pictureButton(0, picture, name, std::move(action));
 }
 
 std::shared_ptr<UIButton> rightBarButton(
-    CGFloat viewWidth, std::string_view picture, std::function<void()> action)
+    CGFloat viewWidth, std::string_view picture, std::string_view name, std::function<void()> action)
 {
-    std::shared_ptr<UIButton> button = pictureButton(viewWidth - barHeight, picture, std::move(action));
+    std::shared_ptr<UIButton> button = pictureButton(viewWidth - barHeight, picture, name, std::move(action));
     button->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin);
     return button;
 }

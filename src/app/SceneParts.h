@@ -12,10 +12,12 @@ namespace velmorath {
 constexpr CGFloat barHeight = 56;
 
 /// A button with a picture, for the left end of a bar.
-std::shared_ptr<UIButton> leftBarButton(std::string_view picture, std::function<void()> action);
+/// `name` is what it is called where it cannot be seen: a text of the screen, in English.
+std::shared_ptr<UIButton> leftBarButton(
+    std::string_view picture, std::string_view name, std::function<void()> action);
 /// The same for the right end of a bar in a view of this width.
 std::shared_ptr<UIButton> rightBarButton(
-    CGFloat viewWidth, std::string_view picture, std::function<void()> action);
+    CGFloat viewWidth, std::string_view picture, std::string_view name, std::function<void()> action);
 
 /// A bar across the top of a view.
 std::shared_ptr<UIView> topBar(CGFloat viewWidth);

@@ -1,4 +1,5 @@
 #include "SettingsScenes.h"
+#include "Bundle.h"
 #include "Info.h"
 #include "Info2.h"
 #include "Info3.h"
@@ -8,26 +9,28 @@ namespace velmorath {
 
 namespace {
 
-/// Returns the label of the title, which is still empty.
-std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view)
+/// Returns the label of the title, which is still empty. `listName` is told to those who do not see it.
+std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view, std::string_view listName)
 {
     const CGSize size = view.bounds().size;
     view.setBackgroundColor(UIColor::black());
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
     bar->setBackgroundColor(UIColor::black());
-    bar->addSubview(leftBarButton("chiudi", [&screen] { screen.chiudi(); }));
+    bar->addSubview(leftBarButton("chiudi", "Close", [&screen] { screen.chiudi(); }));
     auto title = std::make_shared<UILabel>(CGRectMake(barHeight, 0, size.width - 2 * barHeight, barHeight));
     title->setAutoresizingMask(UIViewAutoresizing::flexibleWidth);
     title->setFont(UIFont::boldSystemFont(20));
     title->setTextColor(UIColor::white());
     title->setTextAlignment(CGTextAlignment::center);
+    title->setHeading(true);
     bar->addSubview(title);
     view.addSubview(bar);
 
     const auto table =
         std::make_shared<UITableView>(CGRectMake(0, barHeight, size.width, size.height - barHeight));
     table->setAutoresizingMask(UIViewAutoresizing::flexibleWidth | UIViewAutoresizing::flexibleHeight);
+    table->setAccessibilityLabel(Bundle::main().localizedString(listName));
     table->setDataSource(&screen);
     table->setDelegate(&screen);
     view.addSubview(table);
@@ -37,14 +40,25 @@ std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view)
 
 void fillInformation(UIViewController& controller, UIView& view)
 {
-    fillScreen(static_cast<Info&>(controller), view)->setText("Velmorath");
+    fillScreen(static_cast<Info&>(controller), view, "Information")->setText("Velmorath");
 }
 
 /// A screen that writes its title itself.
-template <typename Screen> void fillTitledScreen(UIViewController& controller, UIView& view)
+template <typename Screen>
+void fillTitledScreen(UIViewController& controller, UIView& view, std::string_view listName)
 {
     auto& screen = static_cast<Screen&>(controller);
-    screen.titolo = fillScreen(screen, view);
+    screen.titolo = fillScreen(screen, view, listName);
+}
+
+void fillOptions(UIViewController& controller, UIView& view)
+{
+    fillTitledScreen<Info2>(controller, view, "Settings");
+}
+
+void fillThemes(UIViewController& controller, UIView& view)
+{
+    fillTitledScreen<Info3>(controller, view, "Theme");
 }
 
 } // namespace
@@ -53,8 +67,8 @@ std::vector<UIStoryboardScene> settingsScenes()
 {
     return {
         {"Info", [] { return std::make_shared<Info>(); }, fillInformation},
-        {"Info2", [] { return std::make_shared<Info2>(); }, fillTitledScreen<Info2>},
-        {"Info3", [] { return std::make_shared<Info3>(); }, fillTitledScreen<Info3>},
+        {"Info2", [] { return std::make_shared<Info2>(); }, fillOptions},
+        {"Info3", [] { return std::make_shared<Info3>(); }, fillThemes},
     };
 }
 

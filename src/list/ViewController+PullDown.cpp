@@ -48,9 +48,16 @@ bool ViewController::keyPressed(const HostKeyPress& press)
 {
     if (press.key != HostKey::insert || tastieraAttiva)
         return false;
+    nuovaNota();
+    return true;
+}
+
+void ViewController::nuovaNota()
+{
+    if (tastieraAttiva)
+        return;
     table()->setContentOffset({0, 0});
     toDoItemAddedAtIndex(0);
-    return true;
 }
 
 void ViewController::toDoItemAddedAtIndex(std::int64_t index)

@@ -109,6 +109,8 @@ void ViewController::settaggi()
 {
     print("settaggi");
     table()->setEditing(!table()->isEditing());
+    if (const auto button = riordina.lock())
+        button->setSelected(table()->isEditing());
 }
 
 std::shared_ptr<UITableView> ViewController::table() const

@@ -3,6 +3,7 @@
 #include "Settings.h"
 #include "TableViewCell.h"
 #include "TouchPoints.h"
+#include "UIButton.h"
 #include "UIPinchGestureRecognizer.h"
 #include "UITableView.h"
 #include "UIViewController.h"
@@ -31,6 +32,8 @@ public:
     void Info();
     /// The reorder button: into the mode in which rows are dragged to other places, and back.
     void settaggi();
+    /// Adds a note at the top and starts to type it. Nothing while another text is typed.
+    void nuovaNota();
     void tutorialPrimaVolta();
 
     void prepareForSegue(UIStoryboardSegue&, const std::any& sender) override;
@@ -76,6 +79,7 @@ public:
     std::string theme;
     bool tastieraAttiva = false;
     std::weak_ptr<UITableView> tableView;
+    std::weak_ptr<UIButton> riordina;
     const std::shared_ptr<UIPinchGestureRecognizer> pinchRecognizer =
         std::make_shared<UIPinchGestureRecognizer>();
     const double kRowHeight = 60.0;

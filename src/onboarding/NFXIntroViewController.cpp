@@ -1,4 +1,5 @@
 #include "NFXIntroViewController.h"
+#include "Bundle.h"
 #include "FatalError.h"
 #include "HostKey.h"
 #include "Print.h"
@@ -9,11 +10,12 @@ namespace velmorath {
 
 namespace {
 
-std::any pictureNamed(const std::string& name)
+std::any pictureNamed(const std::string& name, std::string_view description)
 {
     std::shared_ptr<UIImage> image = UIImage::named(name, "jpg", 1);
     if (!image)
         fatalError("The picture " + name + ".jpg is missing");
+    image->setAccessibilityLabel(Bundle::main().localizedString(description));
     return image;
 }
 
@@ -29,7 +31,10 @@ std::shared_ptr<UIImage> makeHighlightImage()
 
 void presentTutorial(UIViewController& presenter, delegatoTutorialChiuso& delegate)
 {
-    const std::vector<std::any> images{pictureNamed("1info"), pictureNamed("2info")};
+    const std::vector<std::any> images{pictureNamed("1info",
+                                           "Pull the list down to add a note. Swipe a note to the right to "
+                                           "complete it, to the left to delete it."),
+        pictureNamed("2info", "Pull two notes apart to insert a note between them.")};
     const auto tutorial = std::make_shared<NFXIntroViewController>();
     tutorial->initWithViews(images);
     tutorial->delegate2 = &delegate;
@@ -69,6 +74,7 @@ void NFXIntroViewController::makeStrip()
 {
     _scrollview->setBackgroundColor(CGColor::gray(0));
     _scrollview->setPagingEnabled(true);
+    _scrollview->setAccessibilityLabel(Bundle::main().localizedString("Tutorial"));
     _scrollview->setBounces(false);
     _scrollview->setScrollDelegate(this);
     _scrollview->layer().setBorder(0, CGColor::gray(0.8));

@@ -1,4 +1,5 @@
 #include "TableViewCell.h"
+#include "Bundle.h"
 #include "DateText.h"
 #include "FatalError.h"
 #include "Print.h"
@@ -15,12 +16,13 @@ constexpr CGFloat dateRise = 17;
 /// A text is at least this high to the touch.
 constexpr CGFloat touchHeight = 44;
 
-std::shared_ptr<StrikeThroughText> makeTextField(CGFloat fontSize)
+std::shared_ptr<StrikeThroughText> makeTextField(CGFloat fontSize, std::string_view name)
 {
     auto field = std::make_shared<StrikeThroughText>(CGRect::null());
     field->setTextColor(UIColor::white());
     field->setFont(UIFont::boldSystemFont(fontSize));
     field->setBackgroundColor(UIColor::clear());
+    field->setAccessibilityLabel(Bundle::main().localizedString(name));
     return field;
 }
 
@@ -41,8 +43,8 @@ TableViewCell::TableViewCell(UITableViewCellStyle style, std::string reuseIdenti
     : UITableViewCell(style, std::move(reuseIdentifier))
     , tickLabel(makeCue("\u2713", CGTextAlignment::right))
     , crossLabel(makeCue("\u2717", CGTextAlignment::left))
-    , label(makeTextField(16.0))
-    , labelData(makeTextField(8.0))
+    , label(makeTextField(16.0, "Note"))
+    , labelData(makeTextField(8.0, "Date"))
 {
     label->setKeyboardAppearance(UIKeyboardAppearance::dark);
     label->setReturnKeyType(UIReturnKeyType::done);

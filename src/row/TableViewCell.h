@@ -30,6 +30,8 @@ public:
     void layoutSubviews() override;
     /// The space bar completes or reopens, Delete deletes, F2 edits.
     bool keyPressed(const HostKeyPress&) override;
+    /// The note as one item, with all that gestures do to it. Nothing but its words while one is typed.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
     /// The words of the note edit the note, the words of the date the date, anything else is the row.
     std::shared_ptr<UIView> hitTest(CGPoint) override;
 
@@ -60,6 +62,7 @@ private:
     void followPan(const UIPanGestureRecognizer&);
     void endPan();
     void completeOrReopen();
+    std::vector<UIAccessibilityAction> accessibilityActions();
 
     std::shared_ptr<ToDoItem2> m_toDoItem;
 };

@@ -26,9 +26,11 @@ std::vector<std::string> rowTitles()
         bundle.localizedString("Vibration"), bundle.localizedString("Theme")};
 }
 
-UITableViewCellAccessoryType checkmark(bool isShown)
+void showSwitch(UITableViewCell& cell, bool isOn)
 {
-    return isShown ? UITableViewCellAccessoryType::checkmark : UITableViewCellAccessoryType::none;
+    cell.setAccessoryType(
+        isOn ? UITableViewCellAccessoryType::checkmark : UITableViewCellAccessoryType::none);
+    cell.setAccessibilityValue(Bundle::main().localizedString(isOn ? "On" : "Off"));
 }
 
 } // namespace
@@ -55,9 +57,13 @@ std::shared_ptr<UITableViewCell> Info2::tableViewCellForRowAtIndexPath(UITableVi
     std::shared_ptr<UITableViewCell> cell = makeCell(list, path);
     cell->setSelectionStyle(UITableViewCellSelectionStyle::none);
     cell->setBackgroundColor(UIColor::red());
-    cell->setAccessoryType(checkmark(path.row < themeRow && isOn(switchAt(path.row))));
-    if (path.row == themeRow)
-        cell->textLabel().setText(item(path.row) + "    :    " + setting(dizionarioSettaggi, "theme"));
+    if (path.row < themeRow) {
+        showSwitch(*cell, isOn(switchAt(path.row)));
+        return cell;
+    }
+    cell->setAccessoryType(UITableViewCellAccessoryType::none);
+    cell->setAccessibilityValue("");
+    cell->textLabel().setText(item(path.row) + "    :    " + setting(dizionarioSettaggi, "theme"));
     return cell;
 }
 
@@ -89,7 +95,7 @@ void Info2::toggle(IndexPath path)
     print(std::string("isSelected : ") + (isSelected ? "true" : "false"));
     if (path.row == 0)
         print(isSelected ? "isSelected" : "else");
-    cell->setAccessoryType(checkmark(!isSelected));
+    showSwitch(*cell, !isSelected);
     dizionarioSettaggi.insert_or_assign(switchAt(path.row), value);
     if (path.row == 0)
         switchBadge(!isSelected);

@@ -28,6 +28,7 @@ std::shared_ptr<UITableViewCell> Info3::tableViewCellForRowAtIndexPath(UITableVi
     const bool isChosen = item(path.row) == setting(dizionarioSettaggi, "theme");
     cell->setAccessoryType(
         isChosen ? UITableViewCellAccessoryType::checkmark : UITableViewCellAccessoryType::none);
+    cell->setAccessibilityRole(AccessibilityRole::option);
     return cell;
 }
 

@@ -126,7 +126,7 @@ TEST_F(TableViewCellTest, ReturnEndsTheEditingAndStampsTheNote)
 {
     start({"Milk"});
     tapWords(0);
-    EXPECT_EQ(host.textInput().traits(), (TextInputTraits{false, true, true}));
+    EXPECT_EQ(host.textInput().traits(), (TextInputTraits{false, true, true, "Note"}));
     EXPECT_EQ(host.textInput().text(), "Milk");
     takeLines();
     host.textInput().pressReturn();
@@ -155,7 +155,7 @@ TEST_F(TableViewCellTest, TheDateIsEditedLikeTheText)
     host.advance(0.5);
     tap({270, 13});
     ASSERT_TRUE(row(0).labelData->isEditing());
-    EXPECT_EQ(host.textInput().traits(), TextInputTraits());
+    EXPECT_EQ(host.textInput().traits(), (TextInputTraits{.label = "Date"}));
     type("Sunday");
     EXPECT_EQ(saved(), (Lines{"Sunday"}));
     EXPECT_EQ(row(0).labelData->text(), "Nov 22, 2026");

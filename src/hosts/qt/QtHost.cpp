@@ -1,4 +1,5 @@
 #include "QtHost.h"
+#include "AccessibleScreen.h"
 #include <QApplication>
 #include <QIcon>
 #include <QWindow>
@@ -31,6 +32,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_files(PosixFiles::forUser(folders.resources))
     , m_effects(QString::fromStdString(folders.soundLibrary))
 {
+    AccessibleScreen::install();
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
     m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath-64.png")));
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_widget, [this] { updateState(); });

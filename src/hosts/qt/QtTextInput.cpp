@@ -40,6 +40,7 @@ void QtTextInput::begin(
     else
         m_editor = new LineEditor(*m_window, client, text, style.alignment, traits.doneKey);
     QWidget& widget = m_editor->widget();
+    widget.setAccessibleName(QString::fromStdString(traits.label));
     widget.setFont(font);
     widget.setPalette(makePalette(widget, style.color));
     m_effect = new EditorEffect(widget.palette().color(QPalette::Text));

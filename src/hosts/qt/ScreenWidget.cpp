@@ -89,6 +89,7 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
 
 ScreenWidget::ScreenWidget(const Clock& clock)
     : m_clock(clock)
+    , m_mirror(*this)
     , m_input([this](const std::vector<HostTouch>& touches) {
         if (m_client)
             m_client->touchesChanged(touches, m_clock.now());
@@ -101,6 +102,12 @@ ScreenWidget::ScreenWidget(const Clock& clock)
     m_frameTimer.setSingleShot(true);
     m_frameTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_frameTimer, &QTimer::timeout, this, [this] { makeFrame(); });
+}
+
+void ScreenWidget::setClient(HostClient* client)
+{
+    m_client = client;
+    m_mirror.setClient(client);
 }
 
 bool ScreenWidget::isInSight() const
@@ -143,6 +150,7 @@ void ScreenWidget::makeFrame()
     const CGRect damage = m_client->prepareFrame();
     if (!damage.isEmpty())
         repaint(pointsAround(damage));
+    m_mirror.frameMade(m_frameWanted, m_lastFrame);
 }
 
 void ScreenWidget::paintEvent(QPaintEvent* event)
@@ -179,6 +187,12 @@ void ScreenWidget::showEvent(QShowEvent*)
     // Never by clicks or the Tab key: they would take the focus from the editor.
     setFocus(Qt::OtherFocusReason);
     windowHandle()->installEventFilter(this);
+}
+
+void ScreenWidget::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    m_mirror.keysCame();
 }
 
 void ScreenWidget::hideEvent(QHideEvent*)

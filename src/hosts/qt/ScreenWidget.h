@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AccessibleMirror.h"
 #include "Clock.h"
 #include "HostClient.h"
 #include "ShadowCache.h"
@@ -17,9 +18,10 @@ public:
     explicit ScreenWidget(const Clock&);
 
     /// Called from now on; nothing when there is none.
-    void setClient(HostClient* client) { m_client = client; }
+    void setClient(HostClient*);
 
     TextCache& texts() { return m_texts; }
+    const AccessibleMirror& mirror() const { return m_mirror; }
 
     /// See Screen::requestFrame().
     void requestFrame();
@@ -31,6 +33,7 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void showEvent(QShowEvent*) override;
     void hideEvent(QHideEvent*) override;
+    void focusInEvent(QFocusEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
@@ -50,6 +53,7 @@ private:
 
     const Clock& m_clock;
     HostClient* m_client = nullptr;
+    AccessibleMirror m_mirror;
     TextCache m_texts;
     ShadowCache m_shadows;
     TouchInput m_input;

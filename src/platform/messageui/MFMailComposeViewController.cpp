@@ -1,4 +1,5 @@
 #include "MFMailComposeViewController.h"
+#include "Bundle.h"
 #include "Host.h"
 #include "HostKey.h"
 #include "UIApplication.h"
@@ -97,6 +98,7 @@ void MFMailComposeViewController::viewDidLoad()
     m_body->setFont(UIFont::systemFont(17));
     m_body->setTextColor(UIColor::white());
     m_body->setText(m_messageBody);
+    m_body->setAccessibilityLabel(Bundle::main().localizedString("Message"));
     view()->addSubview(m_body);
 }
 

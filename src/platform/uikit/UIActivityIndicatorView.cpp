@@ -1,4 +1,5 @@
 #include "UIActivityIndicatorView.h"
+#include "Bundle.h"
 #include "CATimeline.h"
 #include <utility>
 
@@ -60,6 +61,12 @@ void UIActivityIndicatorView::startOrStopTurning()
         m_displayLink = CATimeline::main().addDisplayLink([this](double now) { turn(now); });
     else if (!shallTurn && m_displayLink != 0)
         CATimeline::main().removeDisplayLink(std::exchange(m_displayLink, 0));
+}
+
+std::optional<UIAccessibilityInfo> UIActivityIndicatorView::accessibilityInfo()
+{
+    return UIAccessibilityInfo{
+        .role = AccessibilityRole::progress, .label = Bundle::main().localizedString("In progress")};
 }
 
 void UIActivityIndicatorView::turn(double now)

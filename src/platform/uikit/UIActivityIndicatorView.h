@@ -17,6 +17,7 @@ public:
     void stopAnimating();
 
     void didMoveToWindow() override { startOrStopTurning(); }
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
 protected:
     void draw(CGContext&) const override;

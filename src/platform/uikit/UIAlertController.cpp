@@ -26,10 +26,22 @@ std::shared_ptr<UIView> line(const CGRect& frame)
     return view;
 }
 
+/// Title, message and buttons.
+class Box : public UIView {
+public:
+    explicit Box(std::string title) { setAccessibilityLabel(std::move(title)); }
+
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override
+    {
+        return UIAccessibilityInfo{.role = AccessibilityRole::dialog, .label = accessibilityLabel()};
+    }
+};
+
 /// A label with wrapped, centred text below `y`; returns where it ends.
-CGFloat addText(UIView& box, const std::string& text, const CGFont& font, CGFloat y)
+CGFloat addText(UIView& box, const std::string& text, const CGFont& font, CGFloat y, bool isHeading)
 {
     auto label = std::make_shared<UILabel>();
+    label->setHeading(isHeading);
     label->setText(text);
     label->setFont(font);
     label->setTextColor(UIColor::white());
@@ -54,7 +66,7 @@ UIAlertController::UIAlertController(std::string title, std::optional<std::strin
 void UIAlertController::viewDidLoad()
 {
     view()->setBackgroundColor(UIColor::black().withAlpha(0.45));
-    auto box = std::make_shared<UIView>();
+    auto box = std::make_shared<Box>(m_title);
     box->setBackgroundColor(boxColor);
     box->setClipsToBounds(true);
     box->layer().setCornerRadius(14);
@@ -76,9 +88,9 @@ bool UIAlertController::keyPressed(const HostKeyPress& press)
 void UIAlertController::layOutBox(UIView& box)
 {
     const CGFloat hairline = hairlineWidth();
-    CGFloat y = addText(box, m_title, UIFont::boldSystemFont(17), padding);
+    CGFloat y = addText(box, m_title, UIFont::boldSystemFont(17), padding, true);
     if (m_message)
-        y = addText(box, *m_message, UIFont::systemFont(14), y + 6);
+        y = addText(box, *m_message, UIFont::systemFont(14), y + 6, false);
     y += padding;
 
     // Two buttons share a line, any other number stand one below the other.

@@ -105,10 +105,15 @@ void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double
         m_touchDispatcher.touchesChanged(*keyWindow(), touches, time);
 }
 
-void UIApplication::scrolled(CGPoint location, CGVector by)
+bool UIApplication::canBeUsed() const
 {
     // Nothing moves under a finger, neither by the wheel nor by keys.
-    if (m_ignoringInteraction > 0 || m_windows.empty() || m_touchDispatcher.hasFingers())
+    return m_ignoringInteraction == 0 && !m_windows.empty() && !m_touchDispatcher.hasFingers();
+}
+
+void UIApplication::scrolled(CGPoint location, CGVector by)
+{
+    if (!canBeUsed())
         return;
     const std::shared_ptr<UIView> hit = keyWindow()->hitTest(location);
     for (UIView* view = hit.get(); view; view = view->superview()) {
@@ -120,10 +125,47 @@ void UIApplication::scrolled(CGPoint location, CGVector by)
 
 bool UIApplication::keyPressed(const HostKeyPress& press)
 {
-    if (m_ignoringInteraction > 0 || m_windows.empty() || m_editedView || m_touchDispatcher.hasFingers())
+    if (!canBeUsed() || m_editedView)
         return false;
     Host::current().screen().requestFrame();
     return m_focusSystem.keyPressed(*keyWindow(), press);
+}
+
+AccessibilityElement UIApplication::accessibilityTree()
+{
+    if (m_windows.empty())
+        return {};
+    // While a text is edited, keys go to the machine's editor.
+    const UIView* focused = m_editedView ? nullptr : m_focusSystem.focusedView().get();
+    return m_accessibilityTree.tell(*keyWindow(), focused);
+}
+
+bool UIApplication::pressElement(std::int64_t identifier)
+{
+    if (!canBeUsed())
+        return false;
+    Host::current().screen().requestFrame();
+    return m_accessibilityTree.press(*keyWindow(), identifier);
+}
+
+bool UIApplication::performElementAction(std::int64_t identifier, std::size_t action)
+{
+    if (!canBeUsed())
+        return false;
+    Host::current().screen().requestFrame();
+    return m_accessibilityTree.perform(*keyWindow(), identifier, action);
+}
+
+bool UIApplication::focusElement(std::int64_t identifier)
+{
+    if (!canBeUsed() || m_editedView)
+        return false;
+    const std::shared_ptr<UIView> view = m_accessibilityTree.view(*keyWindow(), identifier);
+    if (!view || !view->canBecomeFocused())
+        return false;
+    Host::current().screen().requestFrame();
+    m_focusSystem.focus(view);
+    return true;
 }
 
 void UIApplication::screenChanged()
@@ -186,6 +228,7 @@ void UIApplication::willTerminate()
     DispatchQueue::main().removeAll();
     CATimeline::main().reset();
     m_focusSystem = UIFocusSystem();
+    m_accessibilityTree = UIAccessibilityTree();
     m_windows.clear();
     m_delegate = nullptr;
     m_delegateObject.reset();

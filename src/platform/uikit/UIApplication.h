@@ -2,6 +2,7 @@
 
 #include "CARenderer.h"
 #include "HostClient.h"
+#include "UIAccessibilityTree.h"
 #include "UIFocusSystem.h"
 #include "UITouchDispatcher.h"
 #include "UIWindow.h"
@@ -72,10 +73,10 @@ public:
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;
-    AccessibilityElement accessibilityTree() override { return {}; }
-    bool pressElement(std::int64_t) override { return false; }
-    bool performElementAction(std::int64_t, std::size_t) override { return false; }
-    bool focusElement(std::int64_t) override { return false; }
+    AccessibilityElement accessibilityTree() override;
+    bool pressElement(std::int64_t identifier) override;
+    bool performElementAction(std::int64_t identifier, std::size_t action) override;
+    bool focusElement(std::int64_t identifier) override;
     void wake() override;
     void stateChanged(HostState) override;
     void willTerminate() override;
@@ -85,12 +86,15 @@ private:
 
     UIApplication() = default;
     void launch(const std::string& delegateClassName);
+    /// Whether the program listens just now to anything but the fingers that are down.
+    bool canBeUsed() const;
 
     std::shared_ptr<Object> m_delegateObject;
     UIApplicationDelegate* m_delegate = nullptr;
     std::vector<std::shared_ptr<UIWindow>> m_windows;
     UITouchDispatcher m_touchDispatcher;
     UIFocusSystem m_focusSystem;
+    UIAccessibilityTree m_accessibilityTree;
     CARenderer m_renderer;
     UITextEditingView* m_editedView = nullptr;
     HostState m_state = HostState::active;

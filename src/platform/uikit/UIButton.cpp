@@ -32,6 +32,14 @@ void UIButton::setHighlightedBackgroundImage(std::shared_ptr<UIImage> image)
     setNeedsDisplay();
 }
 
+std::optional<UIAccessibilityInfo> UIButton::accessibilityInfo()
+{
+    std::optional<UIAccessibilityInfo> info = UIControl::accessibilityInfo();
+    if (info->label.empty())
+        info->label = m_title;
+    return info;
+}
+
 void UIButton::draw(CGContext& context) const
 {
     context.saveState();

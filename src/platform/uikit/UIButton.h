@@ -19,9 +19,8 @@ public:
     void setImage(std::shared_ptr<UIImage>);
     /// Fills the button behind its title while it is held down.
     void setHighlightedBackgroundImage(std::shared_ptr<UIImage>);
-    /// What a person who cannot see the picture is told.
-    const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
-    void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
+
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
 protected:
     void draw(CGContext&) const override;
@@ -32,7 +31,6 @@ private:
     CGTextStyle m_style{UIFont::systemFont(17), UIColor::white(), CGTextAlignment::center, false};
     std::shared_ptr<UIImage> m_image;
     std::shared_ptr<UIImage> m_highlightedBackgroundImage;
-    std::string m_accessibilityLabel;
 };
 
 } // namespace velmorath

@@ -24,6 +24,14 @@ void UIControl::setHighlighted(bool highlighted)
     highlightChanged();
 }
 
+std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
+{
+    return UIAccessibilityInfo{.role = AccessibilityRole::button,
+        .label = accessibilityLabel(),
+        .isSelected = m_selected,
+        .press = [this] { press(); }};
+}
+
 void UIControl::touchesBegan(const UITouches&)
 {
     setHighlighted(true);

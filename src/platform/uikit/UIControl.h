@@ -18,6 +18,11 @@ public:
     bool keyPressed(const HostKeyPress&) override;
 
     bool isHighlighted() const { return m_highlighted; }
+    /// Switched on. Not shown; told to those who do not see the control.
+    bool isSelected() const { return m_selected; }
+    void setSelected(bool selected) { m_selected = selected; }
+
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
     void touchesBegan(const UITouches&) override;
     void touchesMoved(const UITouches&) override;
@@ -33,6 +38,7 @@ private:
 
     std::vector<std::function<void(UIControl&)>> m_actions;
     bool m_highlighted = false;
+    bool m_selected = false;
 };
 
 } // namespace velmorath

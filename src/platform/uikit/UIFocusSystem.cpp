@@ -13,15 +13,6 @@ constexpr CGFloat ringWidth = 3;
 constexpr CGFloat innerRingWidth = 1;
 constexpr CGFloat ringRadius = 6;
 
-/// The screen that lies over all others.
-UIViewController& topController(UIWindow& window)
-{
-    UIViewController* controller = window.rootViewController().get();
-    while (controller->presentedViewController())
-        controller = controller->presentedViewController().get();
-    return *controller;
-}
-
 void collectFocusable(const std::shared_ptr<UIView>& view, std::vector<std::shared_ptr<UIView>>& found)
 {
     if (view->isHidden() || !view->isUserInteractionEnabled())
@@ -77,7 +68,7 @@ void UIFocusSystem::focusAround(UIView& view)
 bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
 {
     window.layoutIfNeeded();
-    UIViewController& controller = topController(window);
+    UIViewController& controller = window.topViewController();
     const std::shared_ptr<UIView> screen = controller.view();
     const auto keepAlive = controller.shared_from_this();
     replaceLostFocus(*screen);
@@ -110,7 +101,7 @@ bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
 
 void UIFocusSystem::moveFocus(UIWindow& window, bool forward)
 {
-    const auto views = focusableViews(*topController(window).view());
+    const auto views = focusableViews(*window.topViewController().view());
     if (views.empty())
         return;
     const auto current = std::find(views.begin(), views.end(), m_focused);
@@ -161,7 +152,7 @@ void UIFocusSystem::replaceLostFocus(UIView& screen)
 
 void UIFocusSystem::update(UIWindow& window)
 {
-    replaceLostFocus(*topController(window).view());
+    replaceLostFocus(*window.topViewController().view());
     placeRing(window);
 }
 

@@ -3,6 +3,7 @@
 #include "CGColor.h"
 #include "CGImage.h"
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace velmorath {
@@ -31,9 +32,14 @@ public:
         return {m_image->pixelSize().width / m_scale, m_image->pixelSize().height / m_scale};
     }
 
+    /// What is to be seen on it, in the user's language, for those who do not; empty at first.
+    const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
+    void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
+
 private:
     std::shared_ptr<CGImage> m_image;
     CGFloat m_scale;
+    std::string m_accessibilityLabel;
 };
 
 } // namespace velmorath

@@ -8,6 +8,13 @@ void UIImageView::setImage(std::shared_ptr<UIImage> image)
     setNeedsDisplay();
 }
 
+std::optional<UIAccessibilityInfo> UIImageView::accessibilityInfo()
+{
+    if (!m_image || m_image->accessibilityLabel().empty())
+        return {};
+    return UIAccessibilityInfo{.role = AccessibilityRole::image, .label = m_image->accessibilityLabel()};
+}
+
 void UIImageView::draw(CGContext& context) const
 {
     if (!m_image)

@@ -12,6 +12,9 @@ public:
 
     void setImage(std::shared_ptr<UIImage>);
 
+    /// What the picture says of itself. Without a label it is only there to be looked at.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
 protected:
     void draw(CGContext&) const override;
 

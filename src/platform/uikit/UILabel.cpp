@@ -37,6 +37,14 @@ void UILabel::setWraps(bool wraps)
     setNeedsDisplay();
 }
 
+std::optional<UIAccessibilityInfo> UILabel::accessibilityInfo()
+{
+    if (m_text.empty())
+        return {};
+    return UIAccessibilityInfo{
+        .role = m_heading ? AccessibilityRole::heading : AccessibilityRole::text, .label = m_text};
+}
+
 CGFloat UILabel::heightFitting(CGFloat width) const
 {
     return Host::current().screen().measure(m_text, m_style.font, m_style.wraps ? width : 0).size.height;

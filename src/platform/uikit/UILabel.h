@@ -23,6 +23,11 @@ public:
     /// off. 1 at first: never smaller.
     void setMinimumScaleFactor(CGFloat);
 
+    /// Whether it is the title of what comes below it.
+    void setHeading(bool heading) { m_heading = heading; }
+
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
     /// How high the wrapped text stands in this width; in one line, how high a line is.
     CGFloat heightFitting(CGFloat width) const;
 
@@ -36,6 +41,7 @@ private:
     std::string m_text;
     CGTextStyle m_style;
     CGFloat m_minimumScaleFactor = 1;
+    bool m_heading = false;
 };
 
 } // namespace velmorath

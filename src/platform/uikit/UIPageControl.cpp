@@ -1,4 +1,5 @@
 #include "UIPageControl.h"
+#include "Bundle.h"
 
 namespace velmorath {
 
@@ -7,6 +8,13 @@ namespace {
 constexpr CGFloat dotSize = 7;
 constexpr CGFloat dotDistance = 16;
 constexpr CGFloat height = 37;
+
+void replace(std::string& text, std::string_view placeholder, std::int64_t number)
+{
+    const std::size_t place = text.find(placeholder);
+    if (place != std::string::npos)
+        text.replace(place, placeholder.size(), std::to_string(number));
+}
 
 } // namespace
 
@@ -46,6 +54,14 @@ CGFloat UIPageControl::rowWidth() const
 void UIPageControl::sizeToFit()
 {
     setFrame({frame().origin, {rowWidth(), height}});
+}
+
+std::optional<UIAccessibilityInfo> UIPageControl::accessibilityInfo()
+{
+    std::string words = Bundle::main().localizedString("Page %1 of %2");
+    replace(words, "%1", m_currentPage + 1);
+    replace(words, "%2", m_numberOfPages);
+    return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = words};
 }
 
 void UIPageControl::draw(CGContext& context) const

@@ -20,6 +20,8 @@ public:
     /// Takes the size that the dots need; the top left corner stays.
     void sizeToFit();
 
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
 protected:
     void draw(CGContext&) const override;
 

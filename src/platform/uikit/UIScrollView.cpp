@@ -1,4 +1,5 @@
 #include "UIScrollView.h"
+#include "Bundle.h"
 #include "CATimeline.h"
 #include "Host.h"
 
@@ -127,10 +128,32 @@ bool UIScrollView::turnPageByWheel(CGVector by)
     const CGFloat turn = by.dx != 0 ? by.dx : by.dy;
     if (turn == 0 || x.maximum == 0)
         return false;
-    const CGPoint offset = contentOffset();
-    if (!isDecelerating())
-        springTo({x.inside(offset.x + (turn < 0 ? x.length : -x.length)), offset.y}, {0, 0});
+    turnPage(turn < 0 ? 1 : -1);
     return true;
+}
+
+void UIScrollView::turnPage(int step)
+{
+    if (isDecelerating())
+        return;
+    const UIScrollRange x = rangeX();
+    const CGPoint offset = contentOffset();
+    springTo({x.inside(offset.x + step * x.length), offset.y}, {0, 0});
+}
+
+std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
+{
+    if (!m_pagingEnabled)
+        return {};
+    UIAccessibilityInfo info{.label = accessibilityLabel()};
+    const auto addTurn = [&](std::string_view name, int step) {
+        info.actions.push_back({Bundle::main().localizedString(name), [this, step] { turnPage(step); }});
+    };
+    if (contentOffset().x < rangeX().maximum)
+        addTurn("Next page", 1);
+    if (contentOffset().x > 0)
+        addTurn("Previous page", -1);
+    return info;
 }
 
 void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)

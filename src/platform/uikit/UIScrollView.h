@@ -51,6 +51,9 @@ public:
     /// Scrolls, never past the ends, or turns one page. False when there is nothing to scroll.
     bool scrollByWheel(CGVector);
 
+    /// Pages are turned one by one. What scrolls freely is of no account to those who read.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
     void layoutSubviews() override;
 
 protected:
@@ -66,6 +69,7 @@ private:
     UIScrollRange rangeX() const;
     UIScrollRange rangeY() const;
     bool turnPageByWheel(CGVector);
+    void turnPage(int step);
     void handleDrag(UIGestureRecognizer&);
     void beginDragging();
     void drag();

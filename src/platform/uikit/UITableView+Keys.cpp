@@ -7,11 +7,7 @@ namespace velmorath {
 std::optional<std::int64_t> UITableView::focusedRow() const
 {
     const std::shared_ptr<UIView>& focused = UIApplication::shared().focusSystem().focusedView();
-    for (const auto& [place, cell] : m_rows) {
-        if (cell == focused)
-            return place;
-    }
-    return {};
+    return focused ? placeOf(*focused) : std::nullopt;
 }
 
 bool UITableView::keyPressed(const HostKeyPress& press)
@@ -24,8 +20,7 @@ bool UITableView::keyPressed(const HostKeyPress& press)
         return true;
     }
 
-    const auto page =
-        std::max<std::int64_t>(1, static_cast<std::int64_t>(bounds().size.height / m_rowHeight) - 1);
+    const std::int64_t page = rowsOfAPage();
     std::int64_t target = *row;
     switch (press.key) {
     case HostKey::up:
@@ -52,7 +47,7 @@ bool UITableView::keyPressed(const HostKeyPress& press)
     if (target < 0 || target >= m_count)
         return press.alt;
     if (press.alt)
-        moveFocusedRow(*row, target);
+        moveByUser(*row, target);
     else
         focusRow(target);
     return true;
@@ -64,7 +59,7 @@ void UITableView::focusRow(std::int64_t row)
     UIApplication::shared().focusSystem().focus(cellForRow({0, row}));
 }
 
-void UITableView::moveFocusedRow(std::int64_t from, std::int64_t to)
+void UITableView::moveByUser(std::int64_t from, std::int64_t to)
 {
     if (from == to || !m_dataSource->tableViewCanEditRowAtIndexPath(*this, {0, from}))
         return;

@@ -1,4 +1,5 @@
 #include "UITableView.h"
+#include "Bundle.h"
 #include "FatalError.h"
 #include "Host.h"
 #include "UIApplication.h"
@@ -218,6 +219,36 @@ std::shared_ptr<UITableViewCell> UITableView::cellForRow(IndexPath path)
     layoutIfNeeded();
     const auto found = m_rows.find(path.row);
     return found == m_rows.end() ? nullptr : found->second;
+}
+
+std::optional<std::int64_t> UITableView::placeOf(const UIView& view) const
+{
+    for (const auto& [place, cell] : m_rows) {
+        if (cell.get() == &view)
+            return place;
+    }
+    return {};
+}
+
+std::int64_t UITableView::rowsOfAPage() const
+{
+    return std::max<std::int64_t>(1, static_cast<std::int64_t>(bounds().size.height / m_rowHeight) - 1);
+}
+
+std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
+{
+    UIAccessibilityInfo info{
+        .role = AccessibilityRole::list, .label = accessibilityLabel(), .count = m_count};
+    const auto addScroll = [&](std::string_view name, int step) {
+        const CGFloat way = step * m_rowHeight * static_cast<CGFloat>(rowsOfAPage());
+        const CGPoint target = inside({0, contentOffset().y + way});
+        if (step * (target.y - contentOffset().y) > 0)
+            info.actions.push_back(
+                {Bundle::main().localizedString(name), [this, target] { setContentOffset(target); }});
+    };
+    addScroll("Scroll down", 1);
+    addScroll("Scroll up", -1);
+    return info;
 }
 
 void UITableView::handleTap(CGPoint point)

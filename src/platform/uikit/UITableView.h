@@ -93,6 +93,17 @@ public:
     void endUpdates();
     void deleteRows(const std::vector<IndexPath>&, UITableViewRowAnimation);
 
+    /// The place of a row that is there as a view; nothing for any other view.
+    std::optional<std::int64_t> placeOf(const UIView&) const;
+    std::int64_t numberOfRows() const { return m_count; }
+    /// As a tap on the row does, wherever the row is; nothing in editing mode.
+    void selectByUser(std::int64_t row);
+    /// As the user drags a row to another place; keys follow it there.
+    void moveByUser(std::int64_t from, std::int64_t to);
+
+    /// A list, a page of which can be scrolled at a time.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
     /// Arrows, page keys, Home and End move the focus among all rows, those out of sight too; with Alt
     /// they move the row. Enter selects it.
     bool keyPressed(const HostKeyPress&) override;
@@ -133,10 +144,9 @@ private:
     bool mustStay(const UITableViewCell&) const;
     void placeAllRows();
     void handleTap(CGPoint);
-    void selectByUser(std::int64_t row);
+    std::int64_t rowsOfAPage() const;
     std::optional<std::int64_t> focusedRow() const;
     void focusRow(std::int64_t);
-    void moveFocusedRow(std::int64_t from, std::int64_t to);
     void select(std::int64_t row);
     void applyDeletions();
     void moveDraggedRowTo(std::int64_t place);

@@ -1,4 +1,5 @@
 #include "UITableViewCell.h"
+#include "UITableView.h"
 #include "UITableViewReorderControl.h"
 
 namespace velmorath {
@@ -79,6 +80,27 @@ void UITableViewCell::setShowsReorderControl(bool shows)
 CGFloat UITableViewCell::reorderControlWidth() const
 {
     return m_reorderControl ? UITableViewReorderControl::width : 0;
+}
+
+UITableView* UITableViewCell::table() const
+{
+    return dynamic_cast<UITableView*>(superview());
+}
+
+std::optional<UIAccessibilityInfo> UITableViewCell::accessibilityInfo()
+{
+    UIAccessibilityInfo info{.role = m_accessibilityRole,
+        .label = m_textLabel->text(),
+        .value = m_accessibilityValue,
+        .isSelected = m_accessoryType == UITableViewCellAccessoryType::checkmark};
+    UITableView* const around = table();
+    const std::optional<std::int64_t> place = around ? around->placeOf(*this) : std::nullopt;
+    if (!place)
+        return {};
+    info.index = *place;
+    if (!around->isEditing())
+        info.press = [around, row = *place] { around->selectByUser(row); };
+    return info;
 }
 
 void UITableViewCell::layoutSubviews()

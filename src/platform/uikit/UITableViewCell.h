@@ -7,6 +7,8 @@
 
 namespace velmorath {
 
+class UITableView;
+
 enum class UITableViewCellStyle { standard };
 enum class UITableViewCellSelectionStyle {
     none,
@@ -31,12 +33,19 @@ public:
     bool isSelected() const { return m_selected; }
     void setSelected(bool);
 
+    /// What the row is to those who do not see it: an item of the list, unless it is set.
+    void setAccessibilityRole(AccessibilityRole role) { m_accessibilityRole = role; }
+    /// What it holds or how it stands, where the text does not say it.
+    void setAccessibilityValue(std::string value) { m_accessibilityValue = std::move(value); }
+
     /// Shows or takes away the handle at the right end by which the row is dragged to another place.
     void setShowsReorderControl(bool);
     /// How much of the row's right end that handle takes; nothing when it is not there.
     CGFloat reorderControlWidth() const;
 
     bool canBecomeFocused() const override { return true; }
+    /// The built-in text as an item of the table; a checkmark counts as selected.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
     void layoutSubviews() override;
 
     void touchesBegan(const UITouches&) override { setHighlighted(true); }
@@ -44,6 +53,8 @@ public:
     void touchesCancelled(const UITouches&) override { setHighlighted(false); }
 
 protected:
+    /// The table that the row is in; nothing outside any.
+    UITableView* table() const;
     void draw(CGContext&) const override;
 
 private:
@@ -55,6 +66,8 @@ private:
     std::shared_ptr<UIView> m_reorderControl;
     UITableViewCellSelectionStyle m_selectionStyle = UITableViewCellSelectionStyle::standard;
     UITableViewCellAccessoryType m_accessoryType = UITableViewCellAccessoryType::none;
+    AccessibilityRole m_accessibilityRole = AccessibilityRole::listItem;
+    std::string m_accessibilityValue;
     bool m_highlighted = false;
     bool m_selected = false;
 };

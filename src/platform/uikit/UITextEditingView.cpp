@@ -84,6 +84,7 @@ bool UITextEditingView::becomeFirstResponder()
         return false;
     }
     UIApplication::shared().textEditingBegan(*this);
+    m_traits.label = accessibilityLabel();
     Host::current().textInput().begin(*this, m_text, m_style, m_traits);
     setNeedsDisplay();
     didBeginEditing();
@@ -104,6 +105,17 @@ bool UITextEditingView::resignFirstResponder()
         around->setNeedsLayout();
     didEndEditing();
     return true;
+}
+
+std::optional<UIAccessibilityInfo> UITextEditingView::accessibilityInfo()
+{
+    if (isEditing())
+        return {};
+    return UIAccessibilityInfo{
+        .role = m_traits.multiline ? AccessibilityRole::textArea : AccessibilityRole::textField,
+        .label = accessibilityLabel(),
+        .value = m_text,
+        .press = [this] { becomeFirstResponder(); }};
 }
 
 void UITextEditingView::placeEditor()

@@ -35,6 +35,9 @@ public:
     bool becomeFirstResponder() override;
     bool resignFirstResponder() override;
 
+    /// Nothing while it is edited: the machine's editor speaks for itself.
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
     /// Keeps the machine's editor where the view is shown. Called with each frame while it is edited.
     void placeEditor();
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "CALayer.h"
+#include "UIAccessibilityInfo.h"
 #include "UIColor.h"
 #include "UIResponder.h"
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace velmorath {
@@ -107,6 +109,12 @@ public:
     virtual bool canBecomeFocused() const { return false; }
     UIViewController* viewController() const { return m_viewController; }
 
+    /// What this is to those who do not see it; nothing when only what is in it counts.
+    virtual std::optional<UIAccessibilityInfo> accessibilityInfo() { return {}; }
+    /// Its name for them, in the user's language, where what it shows does not say it.
+    const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
+    void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
+
     /// Touches that begin here are not offered to the recognizers of the views around it.
     virtual bool keepsTouchesToItself() const { return false; }
 
@@ -128,6 +136,7 @@ private:
     UIViewController* m_viewController = nullptr;
     std::vector<std::shared_ptr<UIView>> m_subviews;
     std::vector<std::shared_ptr<UIGestureRecognizer>> m_gestureRecognizers;
+    std::string m_accessibilityLabel;
     unsigned m_autoresizingMask = 0;
     int m_tag = 0;
     bool m_userInteractionEnabled = true;

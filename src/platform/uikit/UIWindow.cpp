@@ -9,4 +9,12 @@ void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controlle
     m_rootViewController->appearIn(*this, false);
 }
 
+UIViewController& UIWindow::topViewController() const
+{
+    UIViewController* controller = m_rootViewController.get();
+    while (controller->presentedViewController())
+        controller = controller->presentedViewController().get();
+    return *controller;
+}
+
 } // namespace velmorath

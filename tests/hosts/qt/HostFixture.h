@@ -25,6 +25,8 @@ public:
     CGRect prepareFrame() override
     {
         ++frames;
+        if (onFrame)
+            onFrame();
         return std::exchange(damage, CGRect::null());
     }
     void draw(CGContext& context, const CGRect& area) override
@@ -33,6 +35,26 @@ public:
         context.fill(area, 0, CGColor::gray(0));
         if (drawing)
             drawing(context);
+    }
+    AccessibilityElement accessibilityTree() override
+    {
+        ++readings;
+        return tree;
+    }
+    bool pressElement(std::int64_t identifier) override
+    {
+        pressed.push_back(identifier);
+        return true;
+    }
+    bool performElementAction(std::int64_t identifier, std::size_t action) override
+    {
+        performed.emplace_back(identifier, action);
+        return true;
+    }
+    bool focusElement(std::int64_t identifier) override
+    {
+        focused.push_back(identifier);
+        return true;
     }
     void wake() override { ++wakes; }
     void stateChanged(HostState state) override { states.push_back(state); }
@@ -44,9 +66,15 @@ public:
     std::vector<HostKeyPress> keys;
     int screenChanges = 0;
     int frames = 0;
+    std::function<void()> onFrame;
     CGRect damage = CGRect::null();
     std::vector<CGRect> drawn;
     std::function<void(CGContext&)> drawing;
+    AccessibilityElement tree;
+    int readings = 0;
+    std::vector<std::int64_t> pressed;
+    std::vector<std::pair<std::int64_t, std::size_t>> performed;
+    std::vector<std::int64_t> focused;
     int wakes = 0;
     std::vector<HostState> states;
     bool terminated = false;

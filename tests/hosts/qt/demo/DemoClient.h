@@ -17,6 +17,10 @@ public:
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;
+    AccessibilityElement accessibilityTree() override { return {}; }
+    bool pressElement(std::int64_t) override { return false; }
+    bool performElementAction(std::int64_t, std::size_t) override { return false; }
+    bool focusElement(std::int64_t) override { return false; }
     void wake() override { }
     void stateChanged(HostState) override;
     void willTerminate() override;

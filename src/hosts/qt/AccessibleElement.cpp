@@ -1,0 +1,190 @@
+#include "AccessibleElement.h"
+#include "AccessibleMirror.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+/// Whether keys can be pointed at it, as far as can be told from here.
+bool isFocusable(const AccessibilityElement& element)
+{
+    return element.isPressable || element.isFocused;
+}
+
+} // namespace
+
+AccessibleElement::AccessibleElement(AccessibleMirror& mirror, std::int64_t identifier)
+    : m_mirror(mirror)
+    , m_identifier(identifier)
+{
+}
+
+const AccessibilityElement& AccessibleElement::element() const
+{
+    static const AccessibilityElement gone;
+    const AccessibilityElement* found = m_mirror.element(m_identifier);
+    return found ? *found : gone;
+}
+
+bool AccessibleElement::isValid() const
+{
+    return m_mirror.element(m_identifier);
+}
+
+QWindow* AccessibleElement::window() const
+{
+    return m_mirror.screen().windowHandle();
+}
+
+QAccessibleInterface* AccessibleElement::parent() const
+{
+    const AccessibilityElement* around = m_mirror.around(m_identifier);
+    return around ? m_mirror.interface(around->identifier)
+                  : QAccessible::queryAccessibleInterface(&m_mirror.screen());
+}
+
+int AccessibleElement::childCount() const
+{
+    return static_cast<int>(element().children.size());
+}
+
+QAccessibleInterface* AccessibleElement::child(int index) const
+{
+    const auto& children = element().children;
+    const bool isThere = index >= 0 && index < childCount();
+    return isThere ? m_mirror.interface(children[static_cast<std::size_t>(index)].identifier) : nullptr;
+}
+
+QAccessibleInterface* AccessibleElement::childAt(int x, int y) const
+{
+    for (int index = 0; index < childCount(); ++index) {
+        if (child(index)->rect().contains(x, y))
+            return child(index);
+    }
+    return nullptr;
+}
+
+int AccessibleElement::indexOfChild(const QAccessibleInterface* wanted) const
+{
+    for (int index = 0; index < childCount(); ++index) {
+        if (child(index) == wanted)
+            return index;
+    }
+    return -1;
+}
+
+QString AccessibleElement::text(QAccessible::Text kind) const
+{
+    switch (kind) {
+    case QAccessible::Name:
+        return QString::fromStdString(element().label);
+    case QAccessible::Description:
+    case QAccessible::Value:
+        return QString::fromStdString(element().value);
+    default:
+        return {};
+    }
+}
+
+QRect AccessibleElement::rect() const
+{
+    const CGRect& frame = element().frame;
+    const QRect points =
+        QRectF(frame.minX(), frame.minY(), frame.size.width, frame.size.height).toAlignedRect();
+    return points.translated(m_mirror.screen().mapToGlobal(QPoint(0, 0)));
+}
+
+QAccessible::Role AccessibleElement::role() const
+{
+    switch (element().role) {
+    case AccessibilityRole::group:
+        return QAccessible::Grouping;
+    case AccessibilityRole::dialog:
+        return QAccessible::Dialog;
+    case AccessibilityRole::heading:
+        return QAccessible::Heading;
+    case AccessibilityRole::text:
+        return QAccessible::StaticText;
+    case AccessibilityRole::image:
+        return QAccessible::Graphic;
+    case AccessibilityRole::button:
+        return QAccessible::PushButton;
+    case AccessibilityRole::option:
+        return QAccessible::RadioButton;
+    case AccessibilityRole::list:
+        return QAccessible::List;
+    case AccessibilityRole::listItem:
+        return QAccessible::ListItem;
+    case AccessibilityRole::textField:
+    case AccessibilityRole::textArea:
+        return QAccessible::EditableText;
+    case AccessibilityRole::progress:
+        return QAccessible::ProgressBar;
+    }
+    return QAccessible::NoRole;
+}
+
+QAccessible::State AccessibleElement::state(const AccessibilityElement& element)
+{
+    QAccessible::State state;
+    state.focusable = isFocusable(element);
+    state.focused = element.isFocused;
+    state.modal = element.role == AccessibilityRole::dialog;
+    state.busy = element.role == AccessibilityRole::progress;
+    state.multiLine = element.role == AccessibilityRole::textArea;
+    const bool isItem = element.role == AccessibilityRole::listItem;
+    state.selectable = isItem;
+    state.selected = isItem && element.isSelected;
+    state.checkable = element.role == AccessibilityRole::option || (!isItem && element.isSelected);
+    state.checked = !isItem && element.isSelected;
+    return state;
+}
+
+QAccessible::State AccessibleElement::state() const
+{
+    QAccessible::State now = state(element());
+    now.invalid = !isValid();
+    return now;
+}
+
+void* AccessibleElement::interface_cast(QAccessible::InterfaceType type)
+{
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+}
+
+QStringList AccessibleElement::actionNames() const
+{
+    QStringList names;
+    if (element().isPressable)
+        names.append(pressAction());
+    if (isFocusable(element()))
+        names.append(setFocusAction());
+    for (const std::string& action : element().actions)
+        names.append(QString::fromStdString(action));
+    return names;
+}
+
+QString AccessibleElement::localizedActionName(const QString& name) const
+{
+    const auto& own = element().actions;
+    const bool isOwn = std::find(own.begin(), own.end(), name.toStdString()) != own.end();
+    return isOwn ? name : QAccessibleActionInterface::localizedActionName(name);
+}
+
+void AccessibleElement::doAction(const QString& name)
+{
+    HostClient* const client = m_mirror.client();
+    if (!client || !isValid())
+        return;
+    const auto& own = element().actions;
+    const auto action = std::find(own.begin(), own.end(), name.toStdString());
+    if (action != own.end())
+        client->performElementAction(m_identifier, static_cast<std::size_t>(action - own.begin()));
+    else if (name == pressAction())
+        client->pressElement(m_identifier);
+    else if (name == setFocusAction())
+        client->focusElement(m_identifier);
+}
+
+} // namespace velmorath

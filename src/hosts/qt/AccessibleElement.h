@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Accessibility.h"
+#include <QAccessible>
+
+namespace velmorath {
+
+class AccessibleMirror;
+
+/// One element of the screen as screen readers know it. Not valid any more when the element has gone.
+class AccessibleElement final : public QAccessibleInterface, public QAccessibleActionInterface {
+public:
+    /// The mirror outlives this.
+    AccessibleElement(AccessibleMirror&, std::int64_t identifier);
+
+    static QAccessible::State state(const AccessibilityElement&);
+
+    bool isValid() const override;
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override;
+    QAccessibleInterface* parent() const override;
+    QAccessibleInterface* child(int index) const override;
+    QAccessibleInterface* childAt(int x, int y) const override;
+    int childCount() const override;
+    int indexOfChild(const QAccessibleInterface*) const override;
+    QString text(QAccessible::Text) const override;
+    /// Texts are changed in the editor that a press opens.
+    void setText(QAccessible::Text, const QString&) override { }
+    QRect rect() const override;
+    QAccessible::Role role() const override;
+    QAccessible::State state() const override;
+    void* interface_cast(QAccessible::InterfaceType) override;
+
+    QStringList actionNames() const override;
+    QString localizedActionName(const QString& name) const override;
+    void doAction(const QString& name) override;
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+private:
+    /// An empty one when it has gone.
+    const AccessibilityElement& element() const;
+
+    AccessibleMirror& m_mirror;
+    std::int64_t m_identifier;
+};
+
+} // namespace velmorath

@@ -1,0 +1,188 @@
+#include "AccessibleMirror.h"
+#include "AccessibleElement.h"
+#include <set>
+
+namespace velmorath {
+
+namespace {
+
+/// Seconds. What moves longer than this is told while it moves.
+constexpr double longMotion = 0.5;
+
+void collectIdentifiers(const AccessibilityElement& around, std::set<std::int64_t>& identifiers)
+{
+    for (const AccessibilityElement& child : around.children) {
+        identifiers.insert(child.identifier);
+        collectIdentifiers(child, identifiers);
+    }
+}
+
+} // namespace
+
+AccessibleMirror::AccessibleMirror(QWidget& screen, Report listener)
+    : m_screen(screen)
+    , m_report(listener)
+    , m_isActive(QAccessible::isActive())
+{
+    QAccessible::installActivationObserver(this);
+}
+
+AccessibleMirror::~AccessibleMirror()
+{
+    QAccessible::removeActivationObserver(this);
+    show({});
+}
+
+void AccessibleMirror::setClient(HostClient* client)
+{
+    m_client = client;
+    if (!client)
+        show({});
+}
+
+void AccessibleMirror::accessibilityActiveChanged(bool active)
+{
+    m_isActive = active;
+    show(active && m_client ? m_client->accessibilityTree() : AccessibilityElement{});
+}
+
+void AccessibleMirror::frameMade(bool othersFollow, double now)
+{
+    if (!m_isActive || !m_client)
+        return;
+    if (othersFollow) {
+        if (!m_movingSince)
+            m_movingSince = now;
+        if (now - *m_movingSince < longMotion)
+            return;
+    }
+    m_movingSince.reset();
+    show(m_client->accessibilityTree());
+}
+
+void AccessibleMirror::keysCame() const
+{
+    if (QAccessibleInterface* focused = focusedInterface())
+        report(focused, QAccessible::Focus);
+}
+
+const AccessibilityElement* AccessibleMirror::element(std::int64_t identifier) const
+{
+    const auto place = m_places.find(identifier);
+    return place == m_places.end() ? nullptr : place->second.element;
+}
+
+const AccessibilityElement* AccessibleMirror::around(std::int64_t identifier) const
+{
+    const auto place = m_places.find(identifier);
+    return place == m_places.end() ? nullptr : place->second.around;
+}
+
+QAccessibleInterface* AccessibleMirror::interface(std::int64_t identifier) const
+{
+    const auto place = m_places.find(identifier);
+    return place == m_places.end() ? nullptr : place->second.interface;
+}
+
+void AccessibleMirror::show(AccessibilityElement root)
+{
+    if (root == m_root)
+        return;
+    std::set<std::int64_t> staying;
+    collectIdentifiers(root, staying);
+    reportGone(staying);
+
+    // What was there is kept until all is reported: places point into it.
+    const AccessibilityElement rootBefore = std::exchange(m_root, std::move(root));
+    const Places before = std::exchange(m_places, {});
+    const std::int64_t focusedBefore = std::exchange(m_focused, 0);
+    collect(m_root, before);
+    forgetGone(before);
+    reportNew(before);
+    reportChanges(before);
+    if (m_focused != focusedBefore && m_screen.hasFocus())
+        keysCame();
+}
+
+void AccessibleMirror::collect(const AccessibilityElement& around, const Places& before)
+{
+    for (const AccessibilityElement& child : around.children) {
+        const auto known = before.find(child.identifier);
+        AccessibleElement* interface = known == before.end() ? nullptr : known->second.interface;
+        if (!interface) {
+            interface = new AccessibleElement(*this, child.identifier);
+            QAccessible::registerAccessibleInterface(interface);
+        }
+        m_places.emplace(child.identifier, Place{&child, &around == &m_root ? nullptr : &around, interface});
+        if (child.isFocused)
+            m_focused = child.identifier;
+        collect(child, before);
+    }
+}
+
+void AccessibleMirror::reportGone(const std::set<std::int64_t>& staying) const
+{
+    for (const auto& [identifier, place] : m_places) {
+        const bool goesAlone = !place.around || staying.contains(place.around->identifier);
+        if (goesAlone && !staying.contains(identifier))
+            report(place.interface, QAccessible::ObjectDestroyed);
+    }
+}
+
+void AccessibleMirror::forgetGone(const Places& before) const
+{
+    for (const auto& [identifier, place] : before) {
+        if (!m_places.contains(identifier))
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(place.interface));
+    }
+}
+
+void AccessibleMirror::reportNew(const Places& before) const
+{
+    for (const auto& [identifier, place] : m_places) {
+        const bool comesAlone = !place.around || before.contains(place.around->identifier);
+        if (comesAlone && !before.contains(identifier))
+            report(place.interface, QAccessible::ObjectCreated);
+        if (place.element->role == AccessibilityRole::dialog && !before.contains(identifier))
+            report(place.interface, QAccessible::DialogStart);
+    }
+}
+
+void AccessibleMirror::reportChanges(const Places& before) const
+{
+    for (const auto& [identifier, place] : m_places) {
+        const auto known = before.find(identifier);
+        if (known == before.end())
+            continue;
+        const AccessibilityElement& was = *known->second.element;
+        const AccessibilityElement& is = *place.element;
+        if (was.label != is.label)
+            report(place.interface, QAccessible::NameChanged);
+        if (was.value != is.value)
+            report(place.interface, QAccessible::DescriptionChanged);
+        if (was.actions != is.actions)
+            report(place.interface, QAccessible::ActionChanged);
+        reportStates(place, was);
+    }
+}
+
+void AccessibleMirror::reportStates(const Place& place, const AccessibilityElement& before) const
+{
+    const QAccessible::State was = AccessibleElement::state(before);
+    const QAccessible::State is = AccessibleElement::state(*place.element);
+    QAccessible::State changed;
+    changed.selected = was.selected != is.selected;
+    changed.checked = was.checked != is.checked;
+    if (!changed.selected && !changed.checked)
+        return;
+    QAccessibleStateChangeEvent event(place.interface, changed);
+    m_report(&event);
+}
+
+void AccessibleMirror::report(QAccessibleInterface* interface, QAccessible::Event type) const
+{
+    QAccessibleEvent event(interface, type);
+    m_report(&event);
+}
+
+} // namespace velmorath

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "UIView.h"
+
+namespace velmorath {
+
+/// A button for those who do not see the screen, for what others do by a gesture. Nothing is drawn and
+/// touches go through it, but it has a place, where a finger that explores the screen comes upon it.
+class UIAccessibilityButton : public UIView {
+public:
+    UIAccessibilityButton(const CGRect& frame, std::string label, std::function<void()> action);
+
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+
+private:
+    std::function<void()> m_action;
+};
+
+} // namespace velmorath

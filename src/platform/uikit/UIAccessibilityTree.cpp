@@ -1,0 +1,159 @@
+#include "UIAccessibilityTree.h"
+#include "UIViewController.h"
+#include "UIWindow.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+/// Points. What rounding leaves of the next page is nothing to be told.
+constexpr CGFloat leastInSight = 0.5;
+
+bool holdsOthers(AccessibilityRole role)
+{
+    return role == AccessibilityRole::group || role == AccessibilityRole::dialog
+        || role == AccessibilityRole::list;
+}
+
+bool isInvisible(const UIView& view)
+{
+    return view.isHidden() || view.alpha() < 0.01;
+}
+
+void putInReadingOrder(std::vector<AccessibilityElement>& elements)
+{
+    std::stable_sort(elements.begin(), elements.end(), [](const auto& a, const auto& b) {
+        const CGPoint left = a.frame.origin;
+        const CGPoint right = b.frame.origin;
+        return left.y != right.y ? left.y < right.y : left.x < right.x;
+    });
+}
+
+AccessibilityElement element(const UIAccessibilityInfo& info)
+{
+    AccessibilityElement told{.role = info.role,
+        .label = info.label,
+        .value = info.value,
+        .isSelected = info.isSelected,
+        .isPressable = static_cast<bool>(info.press),
+        .index = info.index,
+        .count = info.count};
+    for (const UIAccessibilityAction& action : info.actions)
+        told.actions.push_back(action.name);
+    return told;
+}
+
+const AccessibilityElement* find(const AccessibilityElement& around, std::int64_t identifier)
+{
+    if (around.identifier == identifier)
+        return &around;
+    for (const AccessibilityElement& child : around.children) {
+        if (const AccessibilityElement* found = find(child, identifier))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+std::int64_t UIAccessibilityTree::identifier(const std::shared_ptr<const void>& subject)
+{
+    const auto known = m_identifiers.find(subject);
+    return known != m_identifiers.end() ? known->second : m_identifiers[subject] = ++m_lastIdentifier;
+}
+
+void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<AccessibilityElement>& siblings)
+{
+    if (isInvisible(view))
+        return;
+    std::optional<UIAccessibilityInfo> info = view.accessibilityInfo();
+    if (!info) {
+        collectSubviews(view, reading, siblings);
+        return;
+    }
+    const CGRect frame = view.shownInWindow(view.bounds()).intersected(view.clipInWindow());
+    if (frame.isEmpty() || std::min(frame.size.width, frame.size.height) < leastInSight)
+        return;
+    AccessibilityElement told = element(*info);
+    told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
+    told.frame = frame;
+    told.isFocused = &view == reading.focused;
+    if (holdsOthers(info->role)) {
+        collectSubviews(view, reading, told.children);
+        putInReadingOrder(told.children);
+    }
+    reading.entries.insert_or_assign(told.identifier, Entry{view.shared_from_this(), std::move(*info)});
+    siblings.push_back(std::move(told));
+}
+
+void UIAccessibilityTree::collectSubviews(
+    UIView& view, Reading& reading, std::vector<AccessibilityElement>& siblings)
+{
+    for (const auto& subview : view.subviews())
+        collect(*subview, reading, siblings);
+}
+
+UIAccessibilityTree::Reading UIAccessibilityTree::read(UIWindow& window, const UIView* focused)
+{
+    std::erase_if(m_identifiers, [](const auto& entry) { return entry.first.expired(); });
+    Reading reading;
+    reading.focused = focused;
+    reading.root.identifier = identifier(window.shared_from_this());
+    reading.root.frame = window.bounds();
+    const auto& layers = window.subviews();
+    const auto top = std::find(layers.begin(), layers.end(), window.topViewController().view());
+    for (auto layer = top; layer != layers.end(); ++layer)
+        collect(**layer, reading, reading.root.children);
+    putInReadingOrder(reading.root.children);
+    return reading;
+}
+
+AccessibilityElement UIAccessibilityTree::tell(UIWindow& window, const UIView* focused)
+{
+    m_told = read(window, focused).root;
+    return m_told;
+}
+
+std::optional<UIAccessibilityTree::Entry> UIAccessibilityTree::entryAsTold(
+    UIWindow& window, std::int64_t identifier)
+{
+    const AccessibilityElement* told = find(m_told, identifier);
+    Reading now = read(window, nullptr);
+    const auto entry = now.entries.find(identifier);
+    if (!told || entry == now.entries.end() || entry->second.info.label != told->label)
+        return {};
+    return std::move(entry->second);
+}
+
+bool UIAccessibilityTree::press(UIWindow& window, std::int64_t identifier)
+{
+    const std::optional<Entry> entry = entryAsTold(window, identifier);
+    if (!entry || !entry->info.press)
+        return false;
+    entry->info.press();
+    return true;
+}
+
+bool UIAccessibilityTree::perform(UIWindow& window, std::int64_t identifier, std::size_t action)
+{
+    const std::optional<Entry> entry = entryAsTold(window, identifier);
+    if (!entry)
+        return false;
+    const std::vector<std::string>& told = find(m_told, identifier)->actions;
+    const auto& offered = entry->info.actions;
+    const auto chosen = std::find_if(offered.begin(), offered.end(),
+        [&](const auto& candidate) { return action < told.size() && candidate.name == told[action]; });
+    if (chosen == offered.end())
+        return false;
+    chosen->perform();
+    return true;
+}
+
+std::shared_ptr<UIView> UIAccessibilityTree::view(UIWindow& window, std::int64_t identifier)
+{
+    const std::optional<Entry> entry = entryAsTold(window, identifier);
+    return entry ? entry->view : nullptr;
+}
+
+} // namespace velmorath

@@ -1,0 +1,173 @@
+#include "ListTest.h"
+#include "ScreenReader.h"
+
+namespace velmorath {
+namespace {
+
+class AccessibilityTest : public ListTest {
+protected:
+    /// All that a person notices of what was done, and the lines about it.
+    struct Effect {
+        Lines saved;
+        Lines felt;
+        Lines lines;
+        long long badge = 0;
+        std::string edited;
+
+        bool operator==(const Effect&) const = default;
+    };
+    Effect effectOf(const std::function<void()>& deed)
+    {
+        start({"One", "Two", "x Three"});
+        host.press(HostKey::tab);
+        host.press(HostKey::down);
+        host.advance(0.5);
+        takeLines();
+        takeFelt();
+        deed();
+        host.advance(1.5);
+        Effect effect{saved(), takeFelt(), takeLines(), badge(), {}};
+        if (host.textInput().isEditing())
+            effect.edited = host.textInput().traits().label + ": " + host.textInput().text();
+        type("typed");
+        host.advance(0.5);
+        return effect;
+    }
+
+    ScreenReader reader{host};
+};
+
+TEST_F(AccessibilityTest, ReadsTheListFromTopToBottom)
+{
+    start({"One", "x Two", "Three"});
+    list().arrayNote[0]->data = "Nov 22, 2026";
+    list().arrayNote[1]->data = "Nov 21, 2026";
+    table().reloadData();
+    host.advance(0.1);
+    EXPECT_EQ(reader.everything(),
+        (Lines{"list Notes", "  item One = Nov 22, 2026 (Edit, Complete, Delete, Move down)",
+            "  item Two = Nov 21, 2026, Completed (Reopen, Delete, Move up, Move down)",
+            "  item Three (Edit, Complete, Delete, Move up)", "button Reorder notes", "button Add note",
+            "button Information"}));
+    EXPECT_EQ(reader.find("Two").frame, CGRectMake(0, 60, 320, 60));
+    EXPECT_EQ(reader.find("Two").index, 1);
+    EXPECT_EQ(reader.find("Notes").count, 3);
+
+    host.press(HostKey::tab);
+    host.press(HostKey::down);
+    reader.read();
+    EXPECT_TRUE(reader.find("Two").isFocused);
+    EXPECT_FALSE(reader.find("One").isFocused);
+    ASSERT_TRUE(host.client().focusElement(reader.find("Three").identifier));
+    host.press(HostKey::space);
+    EXPECT_EQ(saved(), (Lines{"One", "x Two", "x Three"}));
+}
+
+TEST_F(AccessibilityTest, DoesWhatKeysAndFingersDo)
+{
+    const std::pair<std::string, HostKeyPress> deeds[] = {{"Complete", {HostKey::space}},
+        {"Delete", {HostKey::remove}}, {"Edit", {HostKey::edit}}, {"Move up", {HostKey::up, false, true}},
+        {"Move down", {HostKey::down, false, true}}};
+    for (const auto& deed : deeds) {
+        const Effect byKey = effectOf([&] { host.client().keyPressed(deed.second); });
+        const Effect byReader = effectOf([&] { EXPECT_TRUE(reader.perform("Two", deed.first)); });
+        EXPECT_EQ(byReader, byKey) << deed.first;
+    }
+    const Effect byKey = effectOf([&] { host.press(HostKey::insert); });
+    EXPECT_EQ(byKey.edited, "Note: ");
+    EXPECT_EQ(effectOf([&] { EXPECT_TRUE(reader.press("Add note")); }), byKey);
+
+    start({"x One"});
+    reader.perform("One", "Reopen");
+    EXPECT_EQ(saved(), (Lines{"One"}));
+    ASSERT_TRUE(reader.press("One"));
+    EXPECT_TRUE(dynamic_cast<VistaNoteViewController*>(presented().get()));
+}
+
+TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
+{
+    start({"One", "Two"});
+    reader.perform("One", "Edit");
+    EXPECT_EQ(reader.everything(),
+        (Lines{"list Notes", "  item One", "  item Two", "button Reorder notes", "button Add note",
+            "button Information"}));
+    EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
+    EXPECT_FALSE(reader.press("Two"));
+    host.textInput().replaceText("");
+    reader.read();
+    EXPECT_EQ(reader.find("Empty note").index, 0);
+    host.textInput().pressReturn();
+    host.advance(1);
+    EXPECT_EQ(saved(), (Lines{"Two"}));
+
+    Finger finger = beginSwipe(0, 200);
+    EXPECT_FALSE(reader.perform("Two", "Delete")) << "the row is under a finger";
+    finger.lift();
+    EXPECT_EQ(saved(), (Lines{"x Two"}));
+}
+
+TEST_F(AccessibilityTest, WhatWasToldOnceIsDoneToNothingElse)
+{
+    start(Lines(20, "note"));
+    for (std::size_t i = 0; i < 20; ++i)
+        list().arrayNote[i]->text = "note " + std::to_string(i);
+    table().reloadData();
+    host.advance(0.1);
+    const std::int64_t third = (reader.read(), reader.find("note 2").identifier);
+    host.wheel({100, 100}, -600);
+    host.advance(0.1);
+    EXPECT_FALSE(reader.performKnown("note 2", "Delete")) << "its row shows another note now";
+    EXPECT_EQ(notes().size(), 20u);
+    host.wheel({100, 100}, 600);
+    host.advance(0.1);
+    reader.perform("note 2", "Move down");
+    reader.read();
+    EXPECT_EQ(reader.find("note 2").identifier, third) << "the note is the same at its new place";
+    EXPECT_EQ(reader.find("note 2").index, 3);
+
+    EXPECT_TRUE(reader.performKnown("note 2", "Complete"));
+    host.advance(0.5);
+    EXPECT_FALSE(reader.performKnown("note 2", "Complete")) << "it is completed already";
+    EXPECT_TRUE(reader.performKnown("note 2", "Delete"));
+    host.advance(1);
+    EXPECT_EQ(notes().size(), 19u);
+    EXPECT_FALSE(reader.performKnown("note 2", "Delete"));
+    EXPECT_FALSE(host.client().pressElement(12345));
+}
+
+TEST_F(AccessibilityTest, LongListsAreReadPageByPage)
+{
+    start(Lines(20, "note"));
+    reader.read();
+    EXPECT_EQ(reader.find("Notes").children.size(), 8u);
+    EXPECT_EQ(reader.find("Notes").count, 20);
+    EXPECT_EQ(reader.find("Notes").actions, (Lines{"Scroll down"}));
+    reader.perform("Notes", "Scroll down");
+    reader.read();
+    EXPECT_EQ(reader.find("Notes").children.front().index, 7);
+    EXPECT_EQ(reader.find("Notes").actions, (Lines{"Scroll down", "Scroll up"}));
+    reader.perform("Notes", "Scroll down");
+    reader.read();
+    EXPECT_EQ(reader.find("Notes").children.back().index, 19);
+    EXPECT_EQ(reader.find("Notes").actions, (Lines{"Scroll up"}));
+    EXPECT_EQ(reader.faults(), Lines{});
+}
+
+TEST_F(AccessibilityTest, SaysWhichModeItIsInAndSpeaksTheUsersLanguage)
+{
+    host.locale().setPreferredLanguages({"de-AT"});
+    start({"x Eins", "Zwei"});
+    EXPECT_TRUE(reader.press("Notizen sortieren"));
+    EXPECT_EQ(reader.everything(),
+        (Lines{"list Notizen", "  item Eins = Erledigt (Wieder öffnen, Löschen, Nach unten)",
+            "  item Zwei (Bearbeiten, Erledigen, Löschen, Nach oben)", "button Notizen sortieren *",
+            "button Notiz hinzufügen", "button Informationen"}));
+    EXPECT_FALSE(reader.press("Eins")) << "rows are not opened while they are sorted";
+    EXPECT_TRUE(reader.press("Notizen sortieren"));
+    reader.read();
+    EXPECT_FALSE(reader.find("Notizen sortieren").isSelected);
+    EXPECT_TRUE(reader.press("Eins"));
+}
+
+} // namespace
+} // namespace velmorath
