@@ -35,8 +35,8 @@ public:
     /// Puts these bytes in the file's place: whenever the program or the machine stops, the old file or
     /// the new one is there, whole, and it is readable by its owner alone. After an error the old file is
     /// as it was. The completion is called exactly once: before this returns where the machine can, else
-    /// later, in the order of the calls, but before the next HostClient::prepareFrame. Until then read()
-    /// and exists() know the new file.
+    /// later, but before the next HostClient::prepareFrame. Until then read() and exists() know the new
+    /// file.
     virtual void replace(const std::string& path, std::string_view bytes, Completion) = 0;
 
     /// Moves a file out of the way, beside its old place, under a name that no other file has. Nothing

@@ -1,0 +1,291 @@
+// The program's files: all of them in memory, and in a database of the browser's. What is asked for in one
+// task goes to the database in one transaction, so that it gets there whole or not at all, and goes there
+// without waiting for any answer, so that it gets there even when the page is closed in the next moment.
+//
+// A page that opens the files takes the next number as their owner. Each transaction begins by taking the
+// number after the page's own, and gives it back: where another page has it, the database refuses this, and
+// with it the whole transaction. So a page that was replaced, however long it was frozen, writes nothing.
+
+const databaseName = "velmorath";
+const databaseVersion = 1;
+
+// A number may be forgotten when nobody can be left whom it would stop.
+const keptOwners = 1000;
+
+// How many milliseconds the browser may take to open the database.
+const patience = 15000;
+
+/** Loads all files and becomes their owner. Rejects with an Error that says why it cannot. */
+export function openStorage() {
+    return Storage.open();
+}
+
+class Storage {
+    /** Called once, when a write was refused because another page owns the files now. */
+    onLost = () => {};
+
+    #database = null;
+    #connecting = null;
+    #owner = 0;
+    // As the program sees them, and as the database is known to hold them. Bytes never change.
+    #files = new Map();
+    #stored = new Map();
+    #nextWrite = null;
+    #writesUnderWay = new Set();
+    #isLost = false;
+    #isClosed = false;
+    #hasAskedToPersist = false;
+
+    static async open() {
+        const storage = new Storage();
+        try {
+            await storage.#connect();
+        } catch (error) {
+            throw new Error(`Cannot open the files: ${reasonOf(error)}`, { cause: error });
+        }
+        storage.#files = new Map(storage.#stored);
+        return storage;
+    }
+
+    exists(path) {
+        return this.#files.has(path);
+    }
+
+    /** The whole file, not to be changed; null when there is none. */
+    read(path) {
+        return this.#files.get(path) ?? null;
+    }
+
+    /**
+     * Puts a copy of these bytes in the file's place. Resolves when they are on the disk. Rejects with an
+     * Error that says why they are not; the file is then as it was.
+     */
+    replace(path, bytes) {
+        this.#files.set(path, bytes.slice());
+        return this.#write();
+    }
+
+    /**
+     * Gives a file a name that no other file has, in the same transaction as what else this task writes:
+     * when that fails, the file has its old name again.
+     */
+    setAside(path) {
+        const bytes = this.read(path);
+        if (!bytes) {
+            throw new Error(`Cannot set aside ${path}: there is no such file`);
+        }
+        let aside = `${path}.unreadable`;
+        for (let number = 2; this.exists(aside); number += 1) {
+            aside = `${path}.unreadable-${number}`;
+        }
+        this.#files.set(aside, bytes);
+        this.#files.delete(path);
+        this.#write();
+    }
+
+    /** No write is under way. */
+    get isSettled() {
+        return this.#writesUnderWay.size === 0;
+    }
+
+    /** Resolves when no write is under way. */
+    async settled() {
+        while (!this.isSettled) {
+            await Promise.allSettled(this.#writesUnderWay);
+        }
+    }
+
+    /** Writes that are under way still end; later ones are refused. */
+    close() {
+        this.#isClosed = true;
+        this.#disconnect();
+    }
+
+    #write() {
+        if (!this.#nextWrite) {
+            const write = Promise.resolve().then(() => {
+                this.#nextWrite = null;
+                return this.#store();
+            });
+            this.#nextWrite = write;
+            this.#writesUnderWay.add(write);
+            const end = () => this.#end(write);
+            write.then(end, end);
+        }
+        return this.#nextWrite;
+    }
+
+    #end(write) {
+        this.#writesUnderWay.delete(write);
+        // A later write may still succeed, and it writes what this one could not.
+        if (this.isSettled) {
+            this.#files = new Map(this.#stored);
+        }
+    }
+
+    async #store() {
+        try {
+            await this.#storeOrReconnect();
+        } catch (error) {
+            throw new Error(`Cannot write: ${reasonOf(error)}`, { cause: error });
+        }
+        if (!this.#hasAskedToPersist) {
+            this.#hasAskedToPersist = true;
+            navigator.storage?.persist?.().catch(() => {});
+        }
+    }
+
+    async #storeOrReconnect() {
+        if (this.#database) {
+            try {
+                await this.#transact();
+                return;
+            } catch (error) {
+                if (this.#isLost || this.#isClosed || error.name === "QuotaExceededError") {
+                    throw error;
+                }
+                // The connection may be what failed: a browser cuts it when the site's data are deleted.
+                this.#disconnect();
+            }
+        }
+        await this.#connect();
+        await this.#transact();
+    }
+
+    async #transact() {
+        const files = new Map(this.#files);
+        const successor = this.#owner + 1;
+        let isRefused = false;
+        try {
+            await inTransaction(this.#database, (transaction) => {
+                const owners = transaction.objectStore("owners");
+                owners.add(true, successor).onerror = (event) => {
+                    isRefused = event.target.error.name === "ConstraintError";
+                };
+                owners.delete(successor);
+                this.#putChanges(transaction.objectStore("files"), files);
+                transaction.commit();
+            });
+        } catch (error) {
+            throw isRefused ? this.#lose() : error;
+        }
+        this.#stored = files;
+    }
+
+    // Measured by what the database surely holds, and not by earlier writes that may fail yet.
+    #putChanges(store, files) {
+        for (const [path, bytes] of files) {
+            if (this.#stored.get(path) !== bytes) {
+                store.put(bytes, path);
+            }
+        }
+        for (const path of this.#stored.keys()) {
+            if (!files.has(path)) {
+                store.delete(path);
+            }
+        }
+    }
+
+    #lose() {
+        if (!this.#isLost) {
+            this.#isLost = true;
+            this.#disconnect();
+            this.onLost();
+        }
+        return new Error("another page owns the files now");
+    }
+
+    #connect() {
+        this.#connecting ??= this.#connectOnce().finally(() => {
+            this.#connecting = null;
+        });
+        return this.#connecting;
+    }
+
+    async #connectOnce() {
+        if (this.#isLost) {
+            throw this.#lose();
+        }
+        if (this.#isClosed) {
+            throw new Error("the files are closed");
+        }
+        const database = await openDatabase();
+        const { isOwned, owner, files } = await claim(database, this.#owner);
+        if (!isOwned) {
+            database.close();
+            throw this.#lose();
+        }
+        this.#owner = owner;
+        this.#stored = files;
+        this.#database = database;
+        if (this.#isClosed) {
+            this.#disconnect();
+        }
+    }
+
+    #disconnect() {
+        this.#database?.close();
+        this.#database = null;
+    }
+}
+
+function openDatabase() {
+    return new Promise((resolve, reject) => {
+        const request = indexedDB.open(databaseName, databaseVersion);
+        // A frozen page may stand in the way for good.
+        setTimeout(() => reject(new Error("the browser does not answer")), patience);
+        request.onupgradeneeded = () => {
+            request.result.createObjectStore("files");
+            request.result.createObjectStore("owners");
+        };
+        request.onsuccess = () => {
+            // Whoever deletes the database, or makes it anew for a later version, waits for this.
+            request.result.onversionchange = () => request.result.close();
+            resolve(request.result);
+        };
+        request.onerror = () => reject(request.error);
+    });
+}
+
+// Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
+// become it since.
+async function claim(database, formerOwner) {
+    const claimed = { isOwned: true, owner: formerOwner, files: new Map() };
+    await inTransaction(database, (transaction) => {
+        const owners = transaction.objectStore("owners");
+        owners.openKeyCursor(null, "prev").onsuccess = (event) => {
+            const newest = event.target.result?.key ?? formerOwner;
+            if (formerOwner > 0 && newest !== formerOwner) {
+                claimed.isOwned = false;
+                return;
+            }
+            claimed.owner = formerOwner > 0 ? formerOwner : newest + 1;
+            owners.put(true, claimed.owner);
+            owners.delete(IDBKeyRange.upperBound(claimed.owner - keptOwners));
+        };
+        const files = transaction.objectStore("files");
+        const paths = files.getAllKeys();
+        files.getAll().onsuccess = (event) => {
+            paths.result.forEach((path, place) => claimed.files.set(path, event.target.result[place]));
+        };
+    });
+    return claimed;
+}
+
+function inTransaction(database, body) {
+    return new Promise((resolve, reject) => {
+        const transaction = database.transaction(["files", "owners"], "readwrite", { durability: "strict" });
+        transaction.oncomplete = () => resolve();
+        transaction.onabort = () => reject(transaction.error ?? new Error("the browser gave it up"));
+        try {
+            body(transaction);
+        } catch (error) {
+            reject(error);
+            transaction.abort();
+        }
+    });
+}
+
+function reasonOf(error) {
+    return error.message || error.name;
+}

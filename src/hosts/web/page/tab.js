@@ -1,0 +1,59 @@
+// One page of those that are open holds the list; the others may take it over. Who loses it is asked to
+// finish first, but cannot be waited for: a page in the background may be frozen.
+
+const listName = "velmorath";
+
+/**
+ * Takes the list if no other page holds it. Resolves to { held: true }, or to { held: false, takeOver },
+ * where takeOver() resolves when the list is this page's.
+ *
+ * onTaken is called once, when another page takes the list from this one, and returns a promise: the other
+ * page gets the list when it has settled, but waits no longer than `wait` milliseconds for that.
+ *
+ * A browser that cannot tell who holds the list (where the page's address is not a secure one) lets every
+ * page hold it.
+ */
+export async function holdList({ onTaken, wait = 3000 }) {
+    if (!navigator.locks || (await acquire({ ifAvailable: true }, onTaken))) {
+        return { held: true };
+    }
+    let takingOver = null;
+    const takeOver = () => (takingOver ??= takeList(onTaken, wait));
+    return { held: false, takeOver };
+}
+
+async function takeList(onTaken, wait) {
+    const channel = new BroadcastChannel(listName);
+    channel.postMessage("take over");
+    channel.close();
+    try {
+        await acquire({ signal: AbortSignal.timeout(wait) }, onTaken);
+    } catch {
+        await acquire({ steal: true }, onTaken);
+    }
+}
+
+// Resolves to whether this page has the list now. It keeps it until another page takes it.
+function acquire(options, onTaken) {
+    return new Promise((resolve, reject) => {
+        let channel = null;
+        let taken = null;
+        const take = () => {
+            channel.close();
+            taken ??= onTaken();
+            return taken;
+        };
+        const hold = (lock) => {
+            resolve(lock !== null);
+            if (!lock) {
+                return null;
+            }
+            channel = new BroadcastChannel(listName);
+            return new Promise((release) => {
+                channel.onmessage = () => release(take());
+            });
+        };
+        // Once it is held, only a page that would not wait any longer makes this fail.
+        navigator.locks.request(listName, options, hold).catch((error) => (channel ? take() : reject(error)));
+    });
+}

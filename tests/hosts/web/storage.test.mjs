@@ -1,0 +1,359 @@
+import assert from "node:assert/strict";
+import { afterEach, beforeEach, test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+const megabyte = 1 << 20;
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(async () => {
+    await server.stop();
+    await phone.stop();
+});
+
+const blank = { contentType: "text/html", body: "<!doctype html><link rel=icon href=data:,>" };
+
+// A page of the list's address that runs nothing by itself.
+async function openTab() {
+    await phone.context.route("**/blank", (route) => route.fulfill(blank));
+    const tab = await phone.open(`${server.address}blank`);
+    await tab.page.evaluate(async () => {
+        globalThis.openStorage = async () => {
+            const { openStorage } = await import("./storage.js");
+            globalThis.files = await openStorage();
+            globalThis.losses = 0;
+            files.onLost = () => (losses += 1);
+        };
+        globalThis.bytesOf = (text) => new TextEncoder().encode(text);
+        globalThis.textOf = (path) => {
+            const bytes = files.read(path);
+            return bytes && new TextDecoder().decode(bytes);
+        };
+        // Null when it worked.
+        globalThis.tryReplacing = (path, text) =>
+            files.replace(path, bytesOf(text)).then(() => null, (error) => error.message);
+        // Bytes that no database can make shorter, different ones for each number.
+        globalThis.noise = (number, length) => {
+            const words = new Uint32Array(length / 4);
+            let word = number;
+            words[0] = number;
+            for (let place = 1; place < words.length; place += 1) {
+                word = (Math.imul(word, 1664525) + 1013904223) >>> 0;
+                words[place] = word ^ (word >>> 15);
+            }
+            return new Uint8Array(words.buffer);
+        };
+        // The number of a file of noise; null when it is not the whole of it.
+        globalThis.noiseIn = (path, length) => {
+            const bytes = files.read(path);
+            const number = new Uint32Array(bytes.buffer, 0, 1)[0];
+            const isWhole = bytes.length === length && indexedDB.cmp(bytes, noise(number, length)) === 0;
+            return isWhole ? number : null;
+        };
+    });
+    return tab;
+}
+
+async function openFiles() {
+    const tab = await openTab();
+    await tab.page.evaluate(() => openStorage());
+    return tab;
+}
+
+async function reopenFiles(tab) {
+    await tab.page.close();
+    return openFiles();
+}
+
+// What a page that opens the files now finds in these ones.
+async function stored(...paths) {
+    const tab = await openFiles();
+    const texts = await tab.page.evaluate((wanted) => wanted.map(textOf), paths);
+    await tab.page.close();
+    return texts;
+}
+
+async function replace(tab, path, text) {
+    return tab.page.evaluate(([where, what]) => tryReplacing(where, what), [path, text]);
+}
+
+async function crash(tab) {
+    const crashed = tab.page.waitForEvent("crash");
+    tab.command("Page.crash").catch(() => {});
+    await crashed;
+    await tab.page.close();
+}
+
+test("whole files of any length come back, under the names they were given", async () => {
+    let tab = await openFiles();
+    const found = await tab.page.evaluate(async (length) => {
+        const long = noise(7, length);
+        const written = [files.replace("/long", long), files.replace("/empty", new Uint8Array())];
+        long.fill(8);
+        await Promise.all(written);
+        await files.replace("/note", bytesOf("damaged"));
+        files.setAside("/note");
+        const isGone = !files.exists("/note") && files.read("/note") === null;
+        await files.replace("/note", bytesOf("damaged too"));
+        files.setAside("/note");
+        const last = files.replace("/note", bytesOf("whole"));
+        const wasSettled = files.isSettled;
+        await files.settled();
+        return { isGone, wasSettled, isSettled: files.isSettled, isAnswered: await last };
+    }, 12 * megabyte);
+    assert.deepEqual(found, { isGone: true, wasSettled: false, isSettled: true, isAnswered: undefined });
+
+    tab = await reopenFiles(tab);
+    assert.deepEqual(
+        await tab.page.evaluate(
+            (length) => [noiseIn("/long", length), files.read("/empty").length],
+            12 * megabyte,
+        ),
+        [7, 0],
+    );
+    const notes = ["/note", "/note.unreadable", "/note.unreadable-2", "/note.unreadable-3"];
+    assert.deepEqual(await stored(...notes), ["whole", "damaged", "damaged too", null]);
+});
+
+test("what was answered is there after page or browser died", async () => {
+    const tab = await openFiles();
+    assert.equal(await replace(tab, "/note", "one"), null);
+    await crash(tab);
+    const next = await openFiles();
+    assert.equal(await next.page.evaluate(() => textOf("/note")), "one");
+    assert.equal(await replace(next, "/note", "two"), null);
+    await phone.kill();
+    await phone.startAgain();
+    assert.deepEqual(await stored("/note"), ["two"]);
+});
+
+test("a write that is cut off leaves all the old files or all the new ones", async () => {
+    const length = 4 * megabyte;
+    let before = 0;
+    for (let round = 1; round <= 8; round += 1) {
+        const tab = await openFiles();
+        await tab.page.evaluate(([number, count]) => {
+            for (const path of ["/notes", "/settings"]) {
+                files.replace(path, noise(number, count));
+            }
+        }, [round, length]);
+        await sleep(round * 5);
+        if (round % 2) {
+            await crash(tab);
+        } else {
+            await phone.kill();
+            await phone.startAgain();
+        }
+        const next = await openFiles();
+        const [notes, settings] = await next.page.evaluate((count) =>
+            ["/notes", "/settings"].map((path) => (files.exists(path) ? noiseIn(path, count) : 0)), length);
+        assert.equal(notes, settings);
+        assert.ok(notes === round || notes === before, `${notes} after ${before} and ${round}`);
+        before = notes;
+        await next.page.close();
+    }
+});
+
+test("a write that begins when the page goes away gets to the disk", async () => {
+    for (const [leave, text] of [
+        [(page) => page.goto("about:blank"), "left"],
+        [(page) => page.reload(), "reloaded"],
+        [(page) => page.close({ runBeforeUnload: true }), "closed"],
+    ]) {
+        const tab = await openFiles();
+        await tab.page.evaluate((words) => {
+            files.replace("/before", bytesOf(words));
+            addEventListener("pagehide", () => files.replace("/note", bytesOf(words)));
+        }, text);
+        await leave(tab.page);
+        assert.deepEqual(await stored("/before", "/note"), [text, text]);
+    }
+});
+
+test("a page that others have replaced writes nothing more and is told so once", async () => {
+    const silent = await openFiles();
+    const first = await openFiles();
+    assert.equal(await replace(first, "/note", "first"), null);
+    for (const text of ["second", "third"]) {
+        const tab = await openFiles();
+        assert.equal(await replace(tab, "/note", text), null);
+        assert.match(await replace(first, "/note", "late"), /another page/);
+        assert.match(await replace(first, "/other", "late"), /another page/);
+        assert.deepEqual(
+            await first.page.evaluate(() => [textOf("/note"), files.exists("/other"), losses]),
+            ["first", false, 1],
+        );
+        assert.equal(await replace(tab, "/note", `${text} again`), null);
+    }
+    assert.match(await replace(silent, "/note", "late"), /another page/);
+    assert.deepEqual(await stored("/note", "/other"), ["third again", null]);
+});
+
+test("a write for which there is no room leaves the old files, and the next one may succeed", async () => {
+    const tab = await openTab();
+    const { origin } = new URL(server.address);
+    await tab.command("Storage.overrideQuotaForOrigin", { origin, quotaSize: 4 * megabyte });
+    await tab.page.evaluate(() => openStorage());
+    await replace(tab, "/note", "old");
+    const found = await tab.page.evaluate(async (length) => {
+        files.setAside("/note");
+        const reason = await files.replace("/note", noise(1, length)).catch(({ message }) => message);
+        return [reason, textOf("/note"), files.exists("/note.unreadable"), losses];
+    }, 12 * megabyte);
+    assert.match(found[0], /^Cannot write: .*quota/i);
+    assert.deepEqual(found.slice(1), ["old", false, 0]);
+    assert.deepEqual(await replace(tab, "/note", "shorter"), null);
+    assert.deepEqual(await stored("/note"), ["shorter"]);
+});
+
+test("a write carries along what an earlier one that failed should have written", async () => {
+    const tab = await openFiles();
+    await replace(tab, "/note", "damaged");
+    const answers = await tab.page.evaluate(async () => {
+        const { put } = IDBObjectStore.prototype;
+        IDBObjectStore.prototype.put = () => {
+            IDBObjectStore.prototype.put = put;
+            throw new DOMException("full", "QuotaExceededError");
+        };
+        files.setAside("/note");
+        const early = tryReplacing("/note", "one");
+        await new Promise((resolve) => queueMicrotask(resolve));
+        const late = tryReplacing("/other", "two");
+        return [await early, textOf("/note"), textOf("/other"), await late, textOf("/note")];
+    });
+    assert.deepEqual(answers, ["Cannot write: full", "one", "two", null, "one"]);
+    const paths = ["/note", "/note.unreadable", "/other"];
+    assert.deepEqual(await stored(...paths), ["one", "damaged", "two"]);
+});
+
+test("a database that is deleted under a page is filled again, unless another page was first", async () => {
+    const { origin } = new URL(server.address);
+    const clear = (tab) => tab.command("Storage.clearDataForOrigin", { origin, storageTypes: "indexeddb" });
+    const tab = await openFiles();
+    await replace(tab, "/note", "one");
+    await clear(tab);
+    assert.equal(await replace(tab, "/other", "two"), null);
+    await tab.page.evaluate(() => new Promise((resolve) => {
+        indexedDB.deleteDatabase("velmorath").onsuccess = resolve;
+    }));
+    assert.equal(await replace(tab, "/third", "three"), null);
+    assert.deepEqual(await stored("/note", "/other", "/third"), ["one", "two", "three"]);
+
+    const owner = await openFiles();
+    await clear(owner);
+    const other = await openFiles();
+    assert.match(await replace(owner, "/note", "late"), /another page/);
+    assert.equal(await replace(other, "/note", "new"), null);
+    assert.deepEqual(await stored("/note", "/other"), ["new", null]);
+});
+
+test("files that cannot be had are not taken for none", async () => {
+    const tab = await openTab();
+    const reasons = await tab.page.evaluate(async () => {
+        const reason = () => openStorage().then(() => null, (error) => error.message);
+        const { open } = IDBFactory.prototype;
+        IDBFactory.prototype.open = () => {
+            throw new DOMException("denied", "SecurityError");
+        };
+        const refused = await reason();
+        IDBFactory.prototype.open = open;
+        const descriptor = Object.getOwnPropertyDescriptor(globalThis, "indexedDB");
+        Object.defineProperty(globalThis, "indexedDB", { value: undefined, configurable: true });
+        const missing = await reason();
+        Object.defineProperty(globalThis, "indexedDB", descriptor);
+        await new Promise((resolve) => {
+            indexedDB.open("velmorath", 1000).onsuccess = (event) => resolve(event.target.result.close());
+        });
+        return [refused, missing, await reason()];
+    });
+    assert.equal(reasons[0], "Cannot open the files: denied");
+    assert.match(reasons[1], /^Cannot open the files: /);
+    assert.match(reasons[2], /^Cannot open the files: .*version/);
+});
+
+test("files that another page keeps locked up are not waited for in vain", async () => {
+    const blocker = await openTab();
+    await blocker.page.evaluate(() => new Promise((resolve) => {
+        indexedDB.open("velmorath", 1).onsuccess = (event) => {
+            globalThis.connection = event.target.result;
+            indexedDB.deleteDatabase("velmorath").onblocked = resolve;
+        };
+    }));
+    const tab = await openTab();
+    await tab.page.clock.install();
+    await tab.page.evaluate(async () => {
+        const { openStorage } = await import("./storage.js");
+        globalThis.answer = openStorage().then(() => null, (error) => error.message);
+    });
+    await tab.page.clock.fastForward("00:20");
+    assert.equal(await tab.page.evaluate(() => answer), "Cannot open the files: the browser does not answer");
+});
+
+// A page that has asked for the list and keeps in `events` what happens to it. It settles at once when asked
+// to let go, or never.
+async function openHolding({ settles = true } = {}) {
+    const tab = await openTab();
+    await tab.page.evaluate(async (canSettle) => {
+        const { holdList } = await import("./tab.js");
+        globalThis.events = [];
+        const onTaken = async () => {
+            events.push("asked");
+            await new Promise((resolve) => canSettle && setTimeout(resolve, 100));
+            events.push("settled");
+        };
+        globalThis.holding = await holdList({ onTaken, wait: 1500 });
+    }, settles);
+    return tab;
+}
+
+const isHeld = (tab) => tab.page.evaluate(() => holding.held);
+const takeOver = (tab) => tab.page.evaluate(() => Promise.all([holding.takeOver(), holding.takeOver()]));
+const events = (tab) => tab.page.evaluate(() => events);
+
+test("one page holds the list, and lets go of it when it has settled", async () => {
+    const first = await openHolding();
+    const second = await openHolding();
+    assert.deepEqual([await isHeld(first), await isHeld(second)], [true, false]);
+    await takeOver(second);
+    assert.deepEqual(await events(first), ["asked", "settled"]);
+
+    const third = await openHolding();
+    assert.equal(await isHeld(third), false);
+    await second.page.close();
+    await takeOver(third);
+    assert.equal(await isHeld(await openHolding()), false);
+    assert.deepEqual([await events(first), await events(third)], [["asked", "settled"], []]);
+});
+
+test("a page that does not settle, or is frozen, loses the list all the same", async () => {
+    const first = await openHolding({ settles: false });
+    const second = await openHolding();
+    await takeOver(second);
+    assert.deepEqual(await events(first), ["asked"]);
+
+    await second.page.evaluate(() => openStorage());
+    await second.command("Page.setWebLifecycleState", { state: "frozen" });
+    const third = await openHolding();
+    await takeOver(third);
+    await third.page.evaluate(() => openStorage());
+    assert.equal(await replace(third, "/note", "new"), null);
+    await second.command("Page.setWebLifecycleState", { state: "active" });
+    await second.until("it has let go", () => events.at(-1) === "settled");
+    assert.deepEqual(await events(second), ["asked", "settled"]);
+    assert.match(await replace(second, "/note", "late"), /another page/);
+    assert.deepEqual(await events(third), []);
+    assert.deepEqual(await stored("/note"), ["new"]);
+});
+
+test("where the browser cannot tell who holds the list, every page does", async () => {
+    await phone.context.addInitScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
+    assert.deepEqual([await isHeld(await openHolding()), await isHeld(await openHolding())], [true, true]);
+});
