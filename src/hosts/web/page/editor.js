@@ -23,8 +23,13 @@ export class Editor {
         this.#container = container;
         this.#texts = texts;
         this.#screen = screen;
-        // The keyboard came up or went away.
-        visualViewport?.addEventListener("resize", () => this.#placeField());
+        // The keyboard came up or went away, or moved the page to show the field, which is in sight as it is.
+        for (const name of ["resize", "scroll"]) {
+            visualViewport?.addEventListener(name, () => {
+                scrollTo(0, 0);
+                this.#placeField();
+            });
+        }
     }
 
     get isEditing() {

@@ -40,12 +40,23 @@ function isSupported() {
         && "roundRect" in CanvasRenderingContext2D.prototype;
 }
 
-/** Lets go of the list, for another tab. */
-async function handOver(editor, storage) {
-    editor.leave();
-    await storage.settled();
-    storage.close();
-    showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: reload });
+/** This tab's hold of the list. What it has of it grows while the program is loaded, and may be lost at any time. */
+class Hold {
+    storage = null;
+    editor = null;
+    isLost = false;
+
+    /** Another tab has the list: what is typed here still goes into it, and nothing after that. */
+    async letGo() {
+        if (this.isLost) {
+            return;
+        }
+        this.isLost = true;
+        this.editor?.leave();
+        await this.storage?.settled();
+        this.storage?.close();
+        showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: reload });
+    }
 }
 
 /** Tells the program what the browser has to tell. */
@@ -75,10 +86,11 @@ function connect(program, { screen, editor, canvas, mirror }) {
         }
         tellState();
     });
+    tellState();
     screen.observe();
 }
 
-async function run(storage) {
+async function run(hold) {
     const canvas = document.getElementById("screen");
     const screen = new Screen(canvas);
     const texts = new Texts(screen, document.getElementById("measure"));
@@ -93,21 +105,53 @@ async function run(storage) {
         pictures,
         editor,
         painter: new Painter(canvas, texts, pictures),
-        files: new Files(resources, storage, (written) => screen.holdFrames(written)),
+        files: new Files(resources, hold.storage, (written) => screen.holdFrames(written)),
         clock: new Clock(() => program.call("wake")),
         effects: new Effects(),
         locale,
     };
     const program = await Program.load(code, services);
+    if (hold.isLost) {
+        return;
+    }
     program.onFatal = (details) => {
         editor.remove();
         showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
     };
     const mirror = new Mirror(document.getElementById("mirror"), program, () => editor.isEditing);
+    hold.editor = editor;
     program.call("start");
     connect(program, { screen, editor, canvas, mirror });
     screen.requestFrame();
-    return editor;
+}
+
+/** Resolves when the list is this tab's. */
+async function takeList(hold) {
+    const tab = await holdList({ onTaken: () => hold.letGo() });
+    if (tab.held) {
+        return;
+    }
+    await new Promise((pressed) => {
+        showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: pressed });
+    });
+    await tab.takeOver();
+    hideNotice();
+}
+
+/** Resolves to whether the list could be opened. */
+async function openList(hold) {
+    try {
+        hold.storage = await openStorage();
+    } catch (error) {
+        showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
+        return false;
+    }
+    if (hold.isLost) {
+        hold.storage.close();
+        return false;
+    }
+    hold.storage.onLost = () => hold.letGo();
+    return true;
 }
 
 async function start() {
@@ -116,30 +160,19 @@ async function start() {
         showNotice({ title: say.unsupported, text: say.unsupportedText });
         return;
     }
-    let editor = null;
-    let storage = null;
-    const tab = await holdList({ onTaken: () => storage && handOver(editor, storage) });
-    if (!tab.held) {
-        await new Promise((pressed) => {
-            showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: pressed });
-        });
-        await tab.takeOver();
-        hideNotice();
-    }
-    try {
-        storage = await openStorage();
-    } catch (error) {
-        showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
+    const hold = new Hold();
+    await takeList(hold);
+    if (!(await openList(hold))) {
         return;
     }
-    storage.onLost = () => handOver(editor, storage);
     try {
-        editor = await run(storage);
+        await run(hold);
     } catch (error) {
         console.error(error);
         showNotice({ title: say.notLoaded, text: say.notLoadedText, details: error.message, button: say.tryAgain, onButton: reload });
         return;
     }
+    document.getElementById("waiting").remove();
     installWorker();
 }
 

@@ -114,16 +114,20 @@ export class Mirror {
         const before = this.#shown;
         this.#shown = new Map();
         let focused = 0;
-        const place = (item) => {
+        const place = (parent) => parent.children.map((item) => {
             const mirrored = this.#find(before, item);
             this.#shown.set(item.id, mirrored);
             if (item.focused) {
                 focused = item.id;
             }
-            this.#update(mirrored, item, item.children.map(place));
+            this.#update(mirrored, item, place(item));
+            if (item.index >= 0) {
+                setAttribute(mirrored.element, "aria-posinset", item.index + 1);
+                setAttribute(mirrored.element, "aria-setsize", parent.count);
+            }
             return mirrored.element;
-        };
-        setChildren(this.#root, tree.children.map(place));
+        });
+        setChildren(this.#root, place(tree));
         this.#moveFocus(focused);
     }
 
@@ -148,24 +152,23 @@ export class Mirror {
     }
 
     #update(mirrored, item, children) {
-        const { element, target, role } = mirrored;
+        const { element, target } = mirrored;
         const { frame = [0, 0, 0, 0] } = item;
         ["left", "top", "width", "height"].forEach((side, index) => {
             element.style[side] = `${frame[index]}px`;
         });
-        setAttribute(element, "aria-setsize", role === "listItem" && item.count >= 0 ? item.count : null);
-        setAttribute(element, "aria-posinset", item.index >= 0 ? item.index + 1 : null);
         this.#name(target, item);
-        if (target !== this.#root && (item.pressable || target.tagName === "BUTTON")) {
+        if (item.pressable || target.tagName === "BUTTON") {
             target.tabIndex = -1;
         }
         setAttribute(target, "aria-disabled", target.tagName === "BUTTON" && !item.pressable);
-        const content = role === "listItem" ? [target] : [...element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
+        const ownText = [...element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
+        const content = target === element ? ownText : [target];
         setChildren(element, [...content, ...children, ...mirrored.actionButtons(item.actions, item.label)]);
     }
 
     /** Says what it is and in which state. */
-    #name(target, { role, label, value, selected, count }) {
+    #name(target, { role, label, value, selected }) {
         const said = [label, value].filter(Boolean).join(", ");
         switch (role) {
         case "group":
