@@ -15,9 +15,10 @@ constexpr unsigned fillsWidth = UIViewAutoresizing::flexibleWidth;
 /// What pulling the list down does, between the two buttons of the bar.
 std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
 {
+    const CGRect middle = CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight);
     auto button = std::make_shared<UIAccessibilityButton>(
-        CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight),
-        Bundle::main().localizedString("Add note"), [&list] { list.nuovaNota(); });
+        middle, Bundle::main().localizedString("Add note"), [&list] { return !list.tastieraAttiva; },
+        [&list] { list.nuovaNota(); });
     button->setAutoresizingMask(fillsWidth);
     return button;
 }

@@ -54,8 +54,6 @@ bool ViewController::keyPressed(const HostKeyPress& press)
 
 void ViewController::nuovaNota()
 {
-    if (tastieraAttiva)
-        return;
     table()->setContentOffset({0, 0});
     toDoItemAddedAtIndex(0);
 }

@@ -32,7 +32,7 @@ public:
     void Info();
     /// The reorder button: into the mode in which rows are dragged to other places, and back.
     void settaggi();
-    /// Adds a note at the top and starts to type it. Nothing while another text is typed.
+    /// Adds a note at the top and starts to type it. Not while another text is typed.
     void nuovaNota();
     void tutorialPrimaVolta();
 

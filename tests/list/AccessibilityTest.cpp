@@ -93,6 +93,7 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
             "button Information"}));
     EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
     EXPECT_FALSE(reader.press("Two"));
+    EXPECT_FALSE(reader.press("Add note"));
     host.textInput().replaceText("");
     reader.read();
     EXPECT_EQ(reader.find("Empty note").index, 0);

@@ -1,6 +1,7 @@
 #include "Configuration.h"
 #include "PubblicitaNib.h"
 #include "PubblicitaView.h"
+#include "ScreenReader.h"
 #include "ScreenTest.h"
 #include "UINib.h"
 #include "UIViewController.h"
@@ -84,7 +85,17 @@ TEST_F(PubblicitaTest, TheContentFollowsTheBannersSize)
     const CGFloat middle = (banner->iconaApp1.lock()->center().x + banner->iconaApp2.lock()->center().x) / 2;
     EXPECT_NEAR(middle, 300, 1e-9);
     EXPECT_NEAR(banner->labeltestoPubblicitario->center().x, 300, 1e-9);
-    EXPECT_FALSE(banner->iconaApp1.lock()->accessibilityLabel().empty());
+}
+
+TEST_F(PubblicitaTest, IsReadAndPressedWithoutALook)
+{
+    host.locale().setPreferredLanguages({"en"});
+    const auto banner = add<PubblicitaView>(CGRectMake(0, 0, 320, 128));
+    ScreenReader reader(host);
+    EXPECT_EQ(reader.everything(),
+        (Lines{"text Check out our other FREE apps:", "button Hourglass", "button Diary"}));
+    EXPECT_TRUE(reader.press("Diary"));
+    EXPECT_EQ(opened(), (Lines{page("itms-apps", configuration::appId2)}));
 }
 
 TEST_F(PubblicitaTest, ABrokenInterfaceFileOrNoLanguageIsFatal)

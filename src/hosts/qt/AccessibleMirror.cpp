@@ -101,7 +101,7 @@ void AccessibleMirror::show(AccessibilityElement root)
     reportNew(before);
     reportChanges(before);
     if (m_focused != focusedBefore && m_screen.hasFocus())
-        keysCame();
+        reportFocus();
 }
 
 void AccessibleMirror::collect(const AccessibilityElement& around, const Places& before)
@@ -177,6 +177,13 @@ void AccessibleMirror::reportStates(const Place& place, const AccessibilityEleme
         return;
     QAccessibleStateChangeEvent event(place.interface, changed);
     m_report(&event);
+}
+
+void AccessibleMirror::reportFocus() const
+{
+    // Nobody shall be left with something that has gone.
+    QAccessibleInterface* const focused = focusedInterface();
+    report(focused ? focused : QAccessible::queryAccessibleInterface(&m_screen), QAccessible::Focus);
 }
 
 void AccessibleMirror::report(QAccessibleInterface* interface, QAccessible::Event type) const

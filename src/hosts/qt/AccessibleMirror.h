@@ -60,6 +60,7 @@ private:
     void reportChanges(const Places& before) const;
 
     void report(QAccessibleInterface*, QAccessible::Event) const;
+    void reportFocus() const;
     void reportStates(const Place&, const AccessibilityElement& before) const;
 
     QWidget& m_screen;

@@ -38,7 +38,8 @@ struct AccessibilityElement {
     std::string value{};
     /// The part of the screen, in points, where it can be seen; empty for something out of sight.
     CGRect frame{};
-    /// Keys go there.
+    /// Keys go there: to one element at most, and to none while a text is edited. A dialog has them when
+    /// nothing in it has.
     bool isFocused = false;
     bool isSelected = false;
     /// What a tap would do can be done.

@@ -59,9 +59,10 @@ public:
     /// Costs more than a frame: to be asked for only where somebody listens, and when frames have come to
     /// rest. An empty group before there is anything.
     virtual AccessibilityElement accessibilityTree() = 0;
-    /// Does what a tap on an element would do. False when it has gone or nothing can be done.
+    /// Does what a tap on an element would do. False when it has gone, has another label than when the
+    /// tree was last asked for, or when nothing can be done.
     virtual bool pressElement(std::int64_t identifier) = 0;
-    /// Does one of the element's actions, by its place among them.
+    /// Does one of the element's actions, by its place among those that were told last.
     virtual bool performElementAction(std::int64_t identifier, std::size_t action) = 0;
     /// Points the keys at an element.
     virtual bool focusElement(std::int64_t identifier) = 0;

@@ -3,8 +3,9 @@
 namespace velmorath {
 
 UIAccessibilityButton::UIAccessibilityButton(
-    const CGRect& frame, std::string label, std::function<void()> action)
+    const CGRect& frame, std::string label, std::function<bool()> isPossible, std::function<void()> action)
     : UIView(frame)
+    , m_isPossible(std::move(isPossible))
     , m_action(std::move(action))
 {
     setUserInteractionEnabled(false);
@@ -13,8 +14,10 @@ UIAccessibilityButton::UIAccessibilityButton(
 
 std::optional<UIAccessibilityInfo> UIAccessibilityButton::accessibilityInfo()
 {
-    return UIAccessibilityInfo{
-        .role = AccessibilityRole::button, .label = accessibilityLabel(), .press = m_action};
+    UIAccessibilityInfo info{.role = AccessibilityRole::button, .label = accessibilityLabel()};
+    if (m_isPossible())
+        info.press = m_action;
+    return info;
 }
 
 } // namespace velmorath

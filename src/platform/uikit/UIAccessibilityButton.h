@@ -8,11 +8,14 @@ namespace velmorath {
 /// touches go through it, but it has a place, where a finger that explores the screen comes upon it.
 class UIAccessibilityButton : public UIView {
 public:
-    UIAccessibilityButton(const CGRect& frame, std::string label, std::function<void()> action);
+    /// It can be pressed while `isPossible` says so.
+    UIAccessibilityButton(const CGRect& frame, std::string label, std::function<bool()> isPossible,
+        std::function<void()> action);
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
 private:
+    std::function<bool()> m_isPossible;
     std::function<void()> m_action;
 };
 

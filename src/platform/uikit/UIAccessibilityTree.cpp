@@ -78,7 +78,8 @@ void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<Ac
     AccessibilityElement told = element(*info);
     told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
     told.frame = frame;
-    told.isFocused = &view == reading.focused;
+    // Without a view of their own, keys are the dialog's: whoever listens is to hear of it.
+    told.isFocused = reading.focused ? &view == reading.focused : info->role == AccessibilityRole::dialog;
     if (holdsOthers(info->role)) {
         collectSubviews(view, reading, told.children);
         putInReadingOrder(told.children);

@@ -167,7 +167,8 @@ TEST_F(Accessibility, ReportsWhatChanged)
     client.tree.children = {dialog};
     EXPECT_EQ(reportsOfAFrame(),
         QStringList({QStringLiteral("destroyed Notes"), QStringLiteral("destroyed Add"),
-            QStringLiteral("created Sure?"), QStringLiteral("dialog Sure?")}));
+            QStringLiteral("created Sure?"), QStringLiteral("dialog Sure?"),
+            QStringLiteral("focus Velmorath")}));
     EXPECT_TRUE(mirror.interface(7)->state().modal);
     EXPECT_EQ(mirror.focusedInterface(), nullptr);
 }

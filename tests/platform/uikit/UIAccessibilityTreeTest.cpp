@@ -66,6 +66,11 @@ TEST_F(UIAccessibilityTreeTest, AnAlertIsAllThatCountsAndWhatLiesOverItIsToldToo
     host.advance(0.5);
     const Lines shown{"dialog Sure?", "  heading Sure?", "  text It cannot be taken back.", "  button Yes"};
     EXPECT_EQ(reader.everything(), shown);
+    EXPECT_TRUE(reader.read().children.front().isFocused) << "it is to be heard that it came";
+    host.press(HostKey::tab);
+    reader.read();
+    EXPECT_FALSE(reader.find("Sure?").isFocused);
+    EXPECT_TRUE(reader.find("Yes").isFocused);
 
     EZLoadingActivity::Settings::LoadOverApplicationWindow() = true;
     EZLoadingActivity::show("Loading", true);
