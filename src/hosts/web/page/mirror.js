@@ -5,7 +5,7 @@
 
 /** The element that stands for a thing of this kind, and its ARIA role where the element has none. */
 const kinds = {
-    group: ["div", null],
+    group: ["div", "group"],
     dialog: ["div", "alertdialog"],
     heading: ["div", "heading"],
     text: ["div", null],
@@ -34,6 +34,17 @@ function setText(element, text) {
     }
 }
 
+const nowhere = [0, 0, 0, 0];
+
+/** Both on the screen; elements lie in their parents. */
+function setFrame(element, [left, top, width, height], [parentLeft, parentTop]) {
+    const { style } = element;
+    style.left = `${left - parentLeft}px`;
+    style.top = `${top - parentTop}px`;
+    style.width = `${width}px`;
+    style.height = `${height}px`;
+}
+
 function setChildren(parent, children) {
     children.forEach((child, index) => {
         if (parent.childNodes[index] !== child) {
@@ -45,22 +56,42 @@ function setChildren(parent, children) {
     }
 }
 
-/** One thing: its element, what in it is pressed and read, and a button for each of its further actions. */
+/** One thing: its element, what in it is read and pressed, and a button for each of its further actions. */
 class Mirrored {
     constructor(role, perform) {
         const [tag, ariaRole] = kinds[role];
         this.role = role;
         this.element = document.createElement(tag);
-        setAttribute(this.element, "role", ariaRole);
-        this.perform = perform;
-        this.actions = [];
-        // An item that can be pressed holds a button, for an item itself is none.
         this.target = this.element;
+        this.actions = [];
+        this.perform = perform;
         if (role === "listItem") {
+            // An item that can be pressed holds a button, for an item itself is none.
+            setAttribute(this.element, "role", ariaRole);
             this.target = document.createElement("button");
+        } else if (role === "list") {
+            // A list owns nothing but its items: the buttons of its actions stand beside it.
+            this.target = document.createElement("div");
+            this.target.className = "whole";
+        }
+        if (this.target !== this.element) {
             this.element.append(this.target);
         }
+        if (role !== "listItem") {
+            setAttribute(this.target, "role", ariaRole);
+        }
         this.target.addEventListener("click", () => perform(-1));
+    }
+
+    setChildren(children, actionButtons) {
+        if (this.role === "list") {
+            setChildren(this.target, children);
+            setChildren(this.element, [this.target, ...actionButtons]);
+            return;
+        }
+        const ownText = [...this.element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
+        const content = this.target === this.element ? ownText : [this.target];
+        setChildren(this.element, [...content, ...children, ...actionButtons]);
     }
 
     actionButtons(names, label) {
@@ -121,6 +152,7 @@ export class Mirror {
                 focused = item.id;
             }
             this.#update(mirrored, item, place(item));
+            setFrame(mirrored.element, item.frame ?? nowhere, parent.frame ?? nowhere);
             if (item.index >= 0) {
                 setAttribute(mirrored.element, "aria-posinset", item.index + 1);
                 setAttribute(mirrored.element, "aria-setsize", parent.count);
@@ -152,23 +184,17 @@ export class Mirror {
     }
 
     #update(mirrored, item, children) {
-        const { element, target } = mirrored;
-        const { frame = [0, 0, 0, 0] } = item;
-        ["left", "top", "width", "height"].forEach((side, index) => {
-            element.style[side] = `${frame[index]}px`;
-        });
+        const { target } = mirrored;
         this.#name(target, item);
         if (item.pressable || target.tagName === "BUTTON") {
             target.tabIndex = -1;
         }
         setAttribute(target, "aria-disabled", target.tagName === "BUTTON" && !item.pressable);
-        const ownText = [...element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
-        const content = target === element ? ownText : [target];
-        setChildren(element, [...content, ...children, ...mirrored.actionButtons(item.actions, item.label)]);
+        mirrored.setChildren(children, mirrored.actionButtons(item.actions, item.label));
     }
 
     /** Says what it is and in which state. */
-    #name(target, { role, label, value, selected }) {
+    #name(target, { role, label, value, selected, children }) {
         const said = [label, value].filter(Boolean).join(", ");
         switch (role) {
         case "group":
@@ -177,6 +203,8 @@ export class Mirror {
             setAttribute(target, "aria-label", label || null);
             if (role === "dialog") {
                 setAttribute(target, "aria-modal", "true");
+            } else if (role === "list") {
+                setAttribute(target, "role", children[0]?.role === "option" ? "radiogroup" : "list");
             }
             break;
         case "image":
