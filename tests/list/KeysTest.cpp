@@ -60,6 +60,19 @@ TEST_F(KeysTest, TheWholeListIsUsedWithoutAPointer)
     EXPECT_EQ(marked(), 0);
 }
 
+TEST_F(KeysTest, AKeyThatIsHeldDownMovesOnButDeletesOnlyOnce)
+{
+    start({"One", "Two", "Three"});
+    press(HostKey::tab);
+    host.client().keyPressed({.key = HostKey::down, .isRepeat = true});
+    host.advance(0.7);
+    EXPECT_EQ(marked(), 1);
+    press(HostKey::remove);
+    EXPECT_TRUE(host.client().keyPressed({.key = HostKey::remove, .isRepeat = true}));
+    host.advance(0.7);
+    EXPECT_EQ(saved(), (Lines{"One", "Three"}));
+}
+
 TEST_F(KeysTest, AHiddenRingProtectsItsRow)
 {
     start({"One", "Two"});

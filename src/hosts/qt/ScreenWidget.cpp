@@ -25,22 +25,6 @@ bool isFinger(const QMouseEvent& event)
     return event.button() == Qt::LeftButton && event.source() == Qt::MouseEventNotSynthesized;
 }
 
-/// A key that is held down goes on moving, but does nothing twice that cannot be taken back.
-bool mayRepeat(HostKey key)
-{
-    switch (key) {
-    case HostKey::enter:
-    case HostKey::space:
-    case HostKey::escape:
-    case HostKey::insert:
-    case HostKey::edit:
-    case HostKey::remove:
-        return false;
-    default:
-        return true;
-    }
-}
-
 /// Nothing for keys that mean nothing outside a text.
 std::optional<HostKey> hostKey(const QKeyEvent& event)
 {
@@ -282,11 +266,9 @@ void ScreenWidget::mouseReleaseEvent(QMouseEvent* event)
 void ScreenWidget::keyPressEvent(QKeyEvent* event)
 {
     const std::optional<HostKey> key = hostKey(*event);
-    if (key && event->isAutoRepeat() && !mayRepeat(*key))
-        return;
     const bool shift = event->modifiers().testFlag(Qt::ShiftModifier) || event->key() == Qt::Key_Backtab;
     const bool alt = event->modifiers().testFlag(Qt::AltModifier);
-    if (!m_client || !key || !m_client->keyPressed({*key, shift, alt}))
+    if (!m_client || !key || !m_client->keyPressed({*key, shift, alt, event->isAutoRepeat()}))
         event->ignore();
 }
 

@@ -54,9 +54,9 @@ extern "C" {
 }
 
 /// Keys are those of HostKey, in their order.
-[[clang::export_name("keyPressed")]] bool keyPressed(int key, bool shift, bool alt)
+[[clang::export_name("keyPressed")]] bool keyPressed(int key, bool shift, bool alt, bool isRepeat)
 {
-    return host().client().keyPressed({static_cast<HostKey>(key), shift, alt});
+    return host().client().keyPressed({static_cast<HostKey>(key), shift, alt, isRepeat});
 }
 
 [[clang::export_name("screenChanged")]] void screenChanged()

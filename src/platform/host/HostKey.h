@@ -29,6 +29,8 @@ struct HostKeyPress {
     HostKey key = HostKey::tab;
     bool shift = false;
     bool alt = false;
+    /// The key is being held down.
+    bool isRepeat = false;
 };
 
 } // namespace velmorath

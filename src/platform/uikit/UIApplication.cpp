@@ -4,6 +4,7 @@
 #include "DispatchQueue.h"
 #include "FatalError.h"
 #include "Host.h"
+#include "HostKey.h"
 #include "UIRemoteKeyboardWindow.h"
 #include "UIScreen.h"
 #include "UIScrollView.h"
@@ -18,6 +19,22 @@ namespace {
 constexpr std::string_view storeScheme = "itms-apps";
 
 std::unique_ptr<UIApplication> s_shared;
+
+/// A key that is held down goes on moving, but does nothing twice that cannot be taken back.
+bool mayRepeat(HostKey key)
+{
+    switch (key) {
+    case HostKey::enter:
+    case HostKey::space:
+    case HostKey::escape:
+    case HostKey::insert:
+    case HostKey::edit:
+    case HostKey::remove:
+        return false;
+    default:
+        return true;
+    }
+}
 
 } // namespace
 
@@ -127,6 +144,8 @@ bool UIApplication::keyPressed(const HostKeyPress& press)
 {
     if (!canBeUsed() || m_editedView)
         return false;
+    if (press.isRepeat && !mayRepeat(press.key))
+        return true;
     Host::current().screen().requestFrame();
     return m_focusSystem.keyPressed(*keyWindow(), press);
 }

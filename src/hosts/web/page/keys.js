@@ -4,9 +4,6 @@
 const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
     " ", "Escape", "Insert", "F2", "Delete"];
 
-/** Keys that may do something again and again while they are held down. */
-const repeating = new Set(keys.slice(0, 9));
-
 /** The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it. */
 function keyName(event) {
     if (event.key === "Backspace") {
@@ -15,7 +12,7 @@ function keyName(event) {
     return event.key.toLowerCase() === "n" && !event.altKey ? "Insert" : event.key;
 }
 
-/** `press(key, shift, alt)` says whether the program used the key. */
+/** `press(key, shift, alt, isRepeat)` says whether the program used the key. */
 export function listenToKeys(isEditing, press) {
     addEventListener("keydown", (event) => {
         const name = keyName(event);
@@ -24,8 +21,7 @@ export function listenToKeys(isEditing, press) {
         if (key < 0 || isBrowsers || event.isComposing || isEditing()) {
             return;
         }
-        const mayAct = !event.repeat || repeating.has(name);
-        if (!mayAct || press(key, event.shiftKey, event.altKey)) {
+        if (press(key, event.shiftKey, event.altKey, event.repeat)) {
             event.preventDefault();
         }
     });

@@ -71,9 +71,9 @@ function connect(program, { screen, editor, canvas, mirror }) {
         program.sendNumbers(fingers.flatMap(({ identifier, phase, x, y }) => [identifier, phase, x, y]));
         program.call("touchesChanged", fingers.length, seconds);
     }, (x, y, dx, dy) => program.call("scrolled", x, y, dx, dy));
-    listenToKeys(() => editor.isEditing || stage.inert, (key, shift, alt) => {
+    listenToKeys(() => editor.isEditing || stage.inert, (...press) => {
         mirror.refreshSoon();
-        return program.call("keyPressed", key, shift, alt);
+        return program.call("keyPressed", ...press);
     });
     const tellState = () => program.call("stateChanged", currentState());
     addEventListener("focus", tellState);

@@ -116,6 +116,7 @@ export class Mirror {
     #program;
     #isEditing;
     #timer = 0;
+    #waitingSince = 0;
     #shown = new Map();
     #identifiers = new WeakMap();
     #focused = 0;
@@ -127,15 +128,22 @@ export class Mirror {
         root.addEventListener("focusin", (event) => this.#focusCame(event.target));
     }
 
-    /** The screen may have changed: looks when it has come to rest. */
+    /** The screen may have changed: looks when it has come to rest, or now and then while it does not. */
     refreshSoon() {
         const rest = 100;
+        const longestWait = 1000;
+        const now = performance.now();
+        if (this.#timer === 0) {
+            this.#waitingSince = now;
+        } else if (now - this.#waitingSince > longestWait) {
+            return;
+        }
         clearTimeout(this.#timer);
-        this.#timer = setTimeout(() => this.refresh(), rest);
+        this.#timer = setTimeout(() => this.#refresh(), rest);
     }
 
-    refresh() {
-        clearTimeout(this.#timer);
+    #refresh() {
+        this.#timer = 0;
         const start = this.#program.call("accessibilityTree");
         const length = this.#program.call("outgoingLength");
         if (this.#program.hasStopped) {
