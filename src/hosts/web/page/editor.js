@@ -6,6 +6,9 @@ import { cssFamily } from "./texts.js";
 /** An <input> cannot hold line breaks. The note's stay in it as this character, which looks like a space. */
 const lineSeparator = "\u2028";
 
+/** Some phones enlarge the whole page when a smaller text is edited. Such a text is shrunk on the screen. */
+const smallestSize = 16;
+
 export class Editor {
     #container;
     #texts;
@@ -15,6 +18,7 @@ export class Editor {
     #isMultiline = false;
     #knownText = "";
     #font = null;
+    #shrink = 1;
     #place = null;
     onChange = () => {};
     onReturn = () => {};
@@ -38,8 +42,8 @@ export class Editor {
 
     begin({ text, label, font, color, alignment, isMultiline, hasDarkKeyboard, hasDoneKey }) {
         this.#isMultiline = isMultiline;
-        this.#knownText = text;
         this.#font = font;
+        this.#shrink = Math.min(1, font.size / smallestSize);
         this.#place = null;
         const field = document.createElement(isMultiline ? "textarea" : "input");
         field.value = isMultiline ? text : text.replaceAll("\n", lineSeparator);
@@ -50,7 +54,8 @@ export class Editor {
         field.setAttribute("autocorrect", "on");
         field.spellcheck = true;
         const { style } = field;
-        style.font = `${font.bold ? "bold " : ""}${font.size}px ${cssFamily(font)}`;
+        style.font = `${font.bold ? "bold " : ""}${font.size / this.#shrink}px ${cssFamily(font)}`;
+        style.transform = this.#shrink < 1 ? `scale(${this.#shrink})` : "";
         style.color = cssColor(color);
         style.textAlign = ["start", "left", "center", "right"][alignment];
         style.colorScheme = hasDarkKeyboard ? "dark" : "light";
@@ -58,6 +63,7 @@ export class Editor {
         field.addEventListener("keydown", (event) => this.#keyDown(event));
         field.addEventListener("blur", () => this.#left(field));
         this.#field = field;
+        this.#knownText = this.#text();
         this.#window = document.createElement("div");
         this.#window.append(field);
         this.#container.append(this.#window);
@@ -154,8 +160,8 @@ export class Editor {
         const field = this.#field.style;
         field.left = `${snap(frame.x) - clip.x}px`;
         field.top = `${snap(frame.y) - clip.y}px`;
-        field.width = `${frame.width}px`;
-        field.height = `${height}px`;
-        field.lineHeight = `${this.#isMultiline ? lineHeight / this.#screen.scale : frame.height}px`;
+        field.width = `${frame.width / this.#shrink}px`;
+        field.height = `${height / this.#shrink}px`;
+        field.lineHeight = `${(this.#isMultiline ? lineHeight / this.#screen.scale : height) / this.#shrink}px`;
     }
 }
