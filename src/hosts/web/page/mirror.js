@@ -194,7 +194,7 @@ export class Mirror {
     #update(mirrored, item, children) {
         const { target } = mirrored;
         this.#name(target, item);
-        if (item.pressable || target.tagName === "BUTTON") {
+        if (item.pressable || item.focused || target.tagName === "BUTTON") {
             target.tabIndex = -1;
         }
         setAttribute(target, "aria-disabled", target.tagName === "BUTTON" && !item.pressable);
