@@ -26,3 +26,22 @@ export function listenToKeys(isEditing, press) {
         }
     });
 }
+
+/** A phone's back gesture closes a screen, as Escape does. When there is none to close, the next one leaves the page. */
+export function listenToBack(press) {
+    let watcher = null;
+    const watch = () => {
+        if (watcher || !globalThis.CloseWatcher) {
+            return;
+        }
+        watcher = new CloseWatcher();
+        watcher.onclose = () => {
+            watcher = null;
+            if (press(keys.indexOf("Escape"), false, false, false)) {
+                watch();
+            }
+        };
+    };
+    // Browsers let a page watch only after the user has touched it.
+    addEventListener("pointerup", watch);
+}

@@ -5,7 +5,7 @@ import { Editor } from "./editor.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
-import { listenToKeys } from "./keys.js";
+import { listenToBack, listenToKeys } from "./keys.js";
 import * as locale from "./locale.js";
 import { Mirror } from "./mirror.js";
 import { hideNotice, showNotice } from "./notice.js";
@@ -71,10 +71,12 @@ function connect(program, { screen, editor, canvas, mirror }) {
         program.sendNumbers(fingers.flatMap(({ identifier, phase, x, y }) => [identifier, phase, x, y]));
         program.call("touchesChanged", fingers.length, seconds);
     }, (x, y, dx, dy) => program.call("scrolled", x, y, dx, dy));
-    listenToKeys(() => editor.isEditing || stage.inert, (...press) => {
+    const press = (...key) => {
         mirror.refreshSoon();
-        return program.call("keyPressed", ...press);
-    });
+        return program.call("keyPressed", ...key);
+    };
+    listenToKeys(() => editor.isEditing || stage.inert, press);
+    listenToBack(press);
     const tellState = () => program.call("stateChanged", currentState());
     addEventListener("focus", tellState);
     addEventListener("blur", tellState);
