@@ -1,4 +1,6 @@
 #include "CommandBuffer.h"
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 
@@ -16,7 +18,8 @@ std::uint32_t toByte(CGFloat component)
 
 double CommandBuffer::packed(const CGColor& color)
 {
-    return toByte(color.red) << 24 | toByte(color.green) << 16 | toByte(color.blue) << 8 | toByte(color.alpha);
+    return toByte(color.red) << 24 | toByte(color.green) << 16 | toByte(color.blue) << 8
+        | toByte(color.alpha);
 }
 
 void CommandBuffer::put(const CGRect& rect)

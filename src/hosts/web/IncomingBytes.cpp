@@ -1,4 +1,5 @@
 #include "IncomingBytes.h"
+#include <algorithm>
 #include <utility>
 
 namespace velmorath {

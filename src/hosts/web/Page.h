@@ -39,8 +39,8 @@ void pageBeginEditing(const char* text, std::size_t length, const char* label, s
     bool multiline, bool darkKeyboard, bool doneKey);
 void pagePlaceEditor(double x, double y, double width, double height, double clipX, double clipY,
     double clipWidth, double clipHeight, double opacity);
-/// Calls textChanged() first when there is something that was not told yet.
-void pageEndEditing();
+/// The text when it was not told yet, otherwise -1.
+long pageEndEditing();
 
 bool pageFileExists(const char* path, std::size_t length);
 /// -1 when it cannot be read.

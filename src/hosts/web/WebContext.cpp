@@ -1,5 +1,7 @@
 #include "WebContext.h"
 #include "WebImage.h"
+#include <algorithm>
+#include <cmath>
 
 namespace velmorath {
 

@@ -2,6 +2,7 @@
 #include "Page.h"
 #include "WebContext.h"
 #include "WebImage.h"
+#include <algorithm>
 
 namespace velmorath {
 

@@ -1,6 +1,9 @@
 #include "WebTextInput.h"
 #include "CommandBuffer.h"
+#include "IncomingBytes.h"
 #include "Page.h"
+#include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
@@ -26,10 +29,13 @@ void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacit
 
 void WebTextInput::end()
 {
-    if (!m_client)
+    // Let go of first: the last change may start another editing.
+    TextInputClient* const client = std::exchange(m_client, nullptr);
+    if (!client)
         return;
-    pageEndEditing();
-    m_client = nullptr;
+    const long length = pageEndEditing();
+    if (length >= 0)
+        client->textInputDidChange(IncomingBytes::take(static_cast<std::size_t>(length)));
 }
 
 void WebTextInput::changed(const std::string& utf8)

@@ -1,6 +1,6 @@
+#include "Main.h"
 #include "AccessibilityText.h"
 #include "IncomingBytes.h"
-#include "Main.h"
 #include "WebHost.h"
 
 /// What the page calls. Texts that come with a call are the incoming bytes, as many as it says; texts that
@@ -118,7 +118,8 @@ extern "C" {
     return host().client().pressElement(static_cast<std::int64_t>(identifier));
 }
 
-[[clang::export_name("performElementAction")]] bool performElementAction(double identifier, std::size_t action)
+[[clang::export_name("performElementAction")]] bool performElementAction(
+    double identifier, std::size_t action)
 {
     return host().client().performElementAction(static_cast<std::int64_t>(identifier), action);
 }

@@ -79,16 +79,17 @@ export class Editor {
         this.#placeField();
     }
 
+    /** Takes the editor away. Returns its text when nobody was told of that yet, else null. */
     end() {
         if (!this.#field) {
-            return;
+            return null;
         }
-        this.#tellChange();
-        this.remove();
+        const text = this.#text();
+        this.#remove();
+        return text === this.#knownText ? null : text;
     }
 
-    /** Takes the editor away and tells nobody. */
-    remove() {
+    #remove() {
         const window = this.#window;
         this.#field = null;
         this.#window = null;
@@ -120,7 +121,8 @@ export class Editor {
     #keyDown(event) {
         // They are the text's, also the one that ends its editing.
         event.stopPropagation();
-        if (event.isComposing) {
+        // Safari ends a composition before it tells of the key that did it, which has this number then.
+        if (event.isComposing || event.keyCode === 229) {
             return;
         }
         const isReturn = event.key === "Enter" && !this.#isMultiline;
@@ -148,7 +150,8 @@ export class Editor {
         const snap = (length) => Math.round(length * this.#screen.scale) / this.#screen.scale;
         const lineHeight = this.#texts.lineHeight(this.#font);
         // Many lines scroll inside what the keyboard leaves of them; one line is wherever its row is.
-        const inSight = visualViewport ? visualViewport.offsetTop + visualViewport.height : Infinity;
+        const top = this.#container.getBoundingClientRect().top;
+        const inSight = visualViewport ? visualViewport.offsetTop + visualViewport.height - top : Infinity;
         const isCovered = this.#isMultiline && inSight > frame.y && inSight < frame.y + frame.height;
         const height = isCovered ? inSight - frame.y : frame.height;
         const { style } = this.#window;

@@ -2,6 +2,10 @@
 
 const buzz = 15;
 const smallestTablet = 600;
+/** Milliseconds. A sound that comes later than this belongs to nothing any more. */
+const latestSound = 300;
+/** Milliseconds after which the sound device may rest. */
+const silence = 5000;
 
 /** What came of a promise does not matter. */
 function ignoringFailure(promise) {
@@ -10,12 +14,13 @@ function ignoringFailure(promise) {
 
 export class Effects {
     #audio = null;
+    #silenceTimer = 0;
     #sounds = new Map();
     #pendingPermission = null;
 
     constructor() {
         // Browsers let a page sound and ask only after the user has touched it.
-        for (const name of ["pointerup", "keydown"]) {
+        for (const name of ["pointerup", "keydown", "click"]) {
             addEventListener(name, () => this.#touched(), { capture: true });
         }
     }
@@ -23,9 +28,8 @@ export class Effects {
     #touched() {
         if (!this.#audio && globalThis.AudioContext) {
             this.#audio = new AudioContext();
-        }
-        if (this.#audio?.state === "suspended") {
             ignoringFailure(this.#audio.resume());
+            this.#restSoon();
         }
         const answer = this.#pendingPermission;
         this.#pendingPermission = null;
@@ -36,24 +40,43 @@ export class Effects {
 
     /** The path of a sound among the page's resources. */
     playSound(path) {
-        const audio = this.#audio;
-        if (!audio) {
-            return;
+        if (this.#audio) {
+            ignoringFailure(this.#play(path, performance.now()));
         }
+    }
+
+    async #play(path, asked) {
         if (!this.#sounds.has(path)) {
             this.#sounds.set(path, this.#load(path));
         }
-        ignoringFailure(this.#sounds.get(path).then((buffer) => {
-            const source = audio.createBufferSource();
-            source.buffer = buffer;
-            source.connect(audio.destination);
-            source.start();
-        }));
+        const buffer = await this.#sounds.get(path);
+        if (this.#audio.state !== "running") {
+            await this.#audio.resume();
+        }
+        if (performance.now() - asked > latestSound) {
+            return;
+        }
+        const source = this.#audio.createBufferSource();
+        source.buffer = buffer;
+        source.connect(this.#audio.destination);
+        source.start();
+        this.#restSoon();
     }
 
     async #load(path) {
-        const response = await fetch(path.slice(1));
-        return this.#audio.decodeAudioData(await response.arrayBuffer());
+        try {
+            const response = await fetch(path.slice(1));
+            return await this.#audio.decodeAudioData(await response.arrayBuffer());
+        } catch (error) {
+            this.#sounds.delete(path);
+            throw error;
+        }
+    }
+
+    /** A context that runs keeps the machine awake, even when it is silent. */
+    #restSoon() {
+        clearTimeout(this.#silenceTimer);
+        this.#silenceTimer = setTimeout(() => ignoringFailure(this.#audio.suspend()), silence);
     }
 
     vibrate() {

@@ -14,6 +14,7 @@ function keyName(event) {
 
 /** `press(key, shift, alt, isRepeat)` says whether the program used the key. */
 export function listenToKeys(isEditing, press) {
+    let hasUsedSpace = false;
     addEventListener("keydown", (event) => {
         const name = keyName(event);
         const key = keys.indexOf(name);
@@ -21,7 +22,15 @@ export function listenToKeys(isEditing, press) {
         if (key < 0 || isBrowsers || event.isComposing || isEditing()) {
             return;
         }
-        if (press(key, event.shiftKey, event.altKey, event.repeat)) {
+        const isUsed = press(key, event.shiftKey, event.altKey, event.repeat);
+        if (isUsed) {
+            event.preventDefault();
+        }
+        hasUsedSpace = isUsed && event.key === " ";
+    });
+    addEventListener("keyup", (event) => {
+        // Some browsers press the button that has the focus when Space is let go, whatever became of its press.
+        if (event.key === " " && hasUsedSpace) {
             event.preventDefault();
         }
     });

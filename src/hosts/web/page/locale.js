@@ -6,14 +6,17 @@ export function languages() {
 let format = null;
 let formatZone = null;
 
+/** An unknown zone means the machine's own, and languages can be malformed. */
 function dateFormat(timeZone) {
-    const options = { dateStyle: "medium", timeZone };
-    try {
-        return new Intl.DateTimeFormat(languages(), options);
-    } catch {
-        // An unknown zone means the machine's own, and languages can be malformed.
-        return new Intl.DateTimeFormat(undefined, { dateStyle: "medium" });
+    const dateStyle = "medium";
+    for (const [tags, zone] of [[languages(), timeZone], [languages(), undefined]]) {
+        try {
+            return new Intl.DateTimeFormat(tags, { dateStyle, timeZone: zone });
+        } catch {
+            // The next one is simpler.
+        }
     }
+    return new Intl.DateTimeFormat(undefined, { dateStyle });
 }
 
 /** The day on which a moment (seconds since 1970 UTC) falls in a time zone. */
@@ -22,5 +25,6 @@ export function mediumDate(seconds, timeZone) {
         format = dateFormat(timeZone);
         formatZone = timeZone;
     }
-    return format.format(seconds * 1000);
+    const date = new Date(seconds * 1000);
+    return Number.isNaN(date.getTime()) ? "" : format.format(date);
 }

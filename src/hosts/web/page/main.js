@@ -40,9 +40,14 @@ function isSupported() {
         && "roundRect" in CanvasRenderingContext2D.prototype;
 }
 
+function showElsewhere(onButton) {
+    showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton });
+}
+
 /** This tab's hold of the list. What it has of it grows while the program is loaded, and may be lost at any time. */
 class Hold {
     storage = null;
+    program = null;
     editor = null;
     isLost = false;
 
@@ -53,21 +58,22 @@ class Hold {
         }
         this.isLost = true;
         this.editor?.leave();
+        showElsewhere(reload);
         await this.storage?.settled();
         this.storage?.close();
-        showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: reload });
+        this.program?.stop();
     }
 }
 
 /** Tells the program what the browser has to tell. */
-function connect(program, { screen, editor, canvas, mirror }) {
+function connect(program, { screen, editor, mirror }) {
     const stage = document.getElementById("stage");
     screen.onFrame = (everything) => program.call("frame", everything);
     screen.onChange = () => program.call("screenChanged");
     screen.onFrameDone = () => mirror.refreshSoon();
     editor.onChange = (text) => program.call("textChanged", program.sendText(text));
     editor.onReturn = () => program.call("textReturned");
-    const pointer = new Pointer(canvas, (fingers, seconds) => {
+    const pointer = new Pointer(stage, (fingers, seconds) => {
         program.sendNumbers(fingers.flatMap(({ identifier, phase, x, y }) => [identifier, phase, x, y]));
         program.call("touchesChanged", fingers.length, seconds);
     }, (x, y, dx, dy) => program.call("scrolled", x, y, dx, dy));
@@ -79,7 +85,14 @@ function connect(program, { screen, editor, canvas, mirror }) {
     listenToBack(press);
     const tellState = () => program.call("stateChanged", currentState());
     addEventListener("focus", tellState);
-    addEventListener("blur", tellState);
+    addEventListener("blur", () => {
+        pointer.cancelMouse();
+        tellState();
+    });
+    for (const name of ["dragover", "drop"]) {
+        // A file that is dropped here would take the place of the page.
+        addEventListener(name, (event) => event.preventDefault());
+    }
     document.addEventListener("visibilitychange", () => {
         if (document.hidden) {
             // The system may end a page that is out of sight without a word.
@@ -89,6 +102,7 @@ function connect(program, { screen, editor, canvas, mirror }) {
         tellState();
     });
     tellState();
+    mirror.isPointerBusy = () => pointer.wasUsedWithin(1000);
     screen.observe();
 }
 
@@ -117,13 +131,14 @@ async function run(hold) {
         return;
     }
     program.onFatal = (details) => {
-        editor.remove();
+        editor.end();
         showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
     };
     const mirror = new Mirror(document.getElementById("mirror"), program, () => editor.isEditing);
+    hold.program = program;
     hold.editor = editor;
     program.call("start");
-    connect(program, { screen, editor, canvas, mirror });
+    connect(program, { screen, editor, mirror });
     screen.requestFrame();
 }
 
@@ -133,27 +148,9 @@ async function takeList(hold) {
     if (tab.held) {
         return;
     }
-    await new Promise((pressed) => {
-        showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton: pressed });
-    });
+    await new Promise(showElsewhere);
     await tab.takeOver();
     hideNotice();
-}
-
-/** Resolves to whether the list could be opened. */
-async function openList(hold) {
-    try {
-        hold.storage = await openStorage();
-    } catch (error) {
-        showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
-        return false;
-    }
-    if (hold.isLost) {
-        hold.storage.close();
-        return false;
-    }
-    hold.storage.onLost = () => hold.letGo();
-    return true;
 }
 
 async function start() {
@@ -163,10 +160,18 @@ async function start() {
         return;
     }
     const hold = new Hold();
-    await takeList(hold);
-    if (!(await openList(hold))) {
+    try {
+        await takeList(hold);
+        hold.storage = await openStorage();
+    } catch (error) {
+        showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
         return;
     }
+    if (hold.isLost) {
+        hold.storage.close();
+        return;
+    }
+    hold.storage.onLost = () => hold.letGo();
     try {
         await run(hold);
     } catch (error) {
@@ -174,7 +179,7 @@ async function start() {
         showNotice({ title: say.notLoaded, text: say.notLoadedText, details: error.message, button: say.tryAgain, onButton: reload });
         return;
     }
-    document.getElementById("waiting").remove();
+    document.getElementById("waiting")?.remove();
     installWorker();
 }
 

@@ -28,12 +28,6 @@ function setAttribute(element, name, value) {
     }
 }
 
-function setText(element, text) {
-    if (element.textContent !== text) {
-        element.textContent = text;
-    }
-}
-
 const nowhere = [0, 0, 0, 0];
 
 /** Both on the screen; elements lie in their parents. */
@@ -58,13 +52,19 @@ function setChildren(parent, children) {
 
 /** One thing: its element, what in it is read and pressed, and a button for each of its further actions. */
 class Mirrored {
+    /** The program's keys can go there. */
+    isFocusable = false;
+    #words = document.createTextNode("");
+    #actions = [];
+    #perform;
+
+    /** `perform(action)` is called with the place of one of its actions, or -1 when it itself is pressed. */
     constructor(role, perform) {
         const [tag, ariaRole] = kinds[role];
         this.role = role;
         this.element = document.createElement(tag);
         this.target = this.element;
-        this.actions = [];
-        this.perform = perform;
+        this.#perform = perform;
         if (role === "listItem") {
             // An item that can be pressed holds a button, for an item itself is none.
             setAttribute(this.element, "role", ariaRole);
@@ -80,31 +80,54 @@ class Mirrored {
         if (role !== "listItem") {
             setAttribute(this.target, "role", ariaRole);
         }
-        this.target.addEventListener("click", () => perform(-1));
+        this.target.append(this.#words);
+        this.#onPress(this.target, -1);
+    }
+
+    #onPress(element, action) {
+        element.addEventListener("click", (event) => {
+            event.stopPropagation();
+            this.#perform(action, event);
+        });
+        element.addEventListener("keydown", (event) => {
+            // Where the program's keys cannot go, Enter and Space are the browser's and press the element.
+            const hasKeys = action < 0 && this.isFocusable;
+            if (!hasKeys && (event.key === "Enter" || event.key === " ")) {
+                event.stopPropagation();
+            }
+        });
+    }
+
+    /** What it says, as its own text. */
+    say(text) {
+        if (this.#words.data !== text) {
+            this.#words.data = text;
+        }
     }
 
     setChildren(children, actionButtons) {
         if (this.role === "list") {
-            setChildren(this.target, children);
+            setChildren(this.target, [this.#words, ...children]);
             setChildren(this.element, [this.target, ...actionButtons]);
-            return;
+        } else {
+            const own = this.target === this.element ? this.#words : this.target;
+            setChildren(this.element, [own, ...children, ...actionButtons]);
         }
-        const ownText = [...this.element.childNodes].filter((node) => node.nodeType === Node.TEXT_NODE);
-        const content = this.target === this.element ? ownText : [this.target];
-        setChildren(this.element, [...content, ...children, ...actionButtons]);
     }
 
     actionButtons(names, label) {
-        while (this.actions.length < names.length) {
+        while (this.#actions.length < names.length) {
             const button = document.createElement("button");
-            const action = this.actions.length;
             button.tabIndex = -1;
-            button.addEventListener("click", () => this.perform(action));
-            this.actions.push(button);
+            button.className = "action";
+            this.#onPress(button, this.#actions.length);
+            this.#actions.push(button);
         }
-        this.actions.length = names.length;
-        return this.actions.map((button, index) => {
-            setText(button, names[index]);
+        this.#actions.length = names.length;
+        return this.#actions.map((button, index) => {
+            if (button.textContent !== names[index]) {
+                button.textContent = names[index];
+            }
             setAttribute(button, "aria-label", label ? `${names[index]}: ${label}` : names[index]);
             return button;
         });
@@ -120,6 +143,8 @@ export class Mirror {
     #shown = new Map();
     #identifiers = new WeakMap();
     #focused = 0;
+    /** Whether clicks come from a pointer just now, and not from a screen reader. */
+    isPointerBusy = () => false;
 
     constructor(root, program, isEditing) {
         this.#root = root;
@@ -176,13 +201,17 @@ export class Mirror {
         if (known?.role === role) {
             return known;
         }
-        const mirrored = new Mirrored(role, (action) => this.#perform(id, action));
+        const mirrored = new Mirrored(role, (action, event) => this.#perform(id, action, event));
         this.#identifiers.set(mirrored.element, id);
         this.#identifiers.set(mirrored.target, id);
         return mirrored;
     }
 
-    #perform(id, action) {
+    #perform(id, action, event) {
+        // A real finger or mouse was told to the program as such.
+        if (event.detail > 0 && this.isPointerBusy()) {
+            return;
+        }
         if (action < 0) {
             this.#program.call("pressElement", id);
         } else {
@@ -193,16 +222,17 @@ export class Mirror {
 
     #update(mirrored, item, children) {
         const { target } = mirrored;
-        this.#name(target, item);
-        if (item.pressable || item.focused || target.tagName === "BUTTON") {
-            target.tabIndex = -1;
-        }
-        setAttribute(target, "aria-disabled", target.tagName === "BUTTON" && !item.pressable);
+        this.#name(mirrored, item);
+        const isButton = target.tagName === "BUTTON";
+        mirrored.isFocusable = item.focusable === true;
+        setAttribute(target, "tabindex", isButton || item.pressable || item.focusable || item.focused ? -1 : null);
+        setAttribute(target, "aria-disabled", isButton && !item.pressable);
         mirrored.setChildren(children, mirrored.actionButtons(item.actions, item.label));
     }
 
     /** Says what it is and in which state. */
-    #name(target, { role, label, value, selected, children }) {
+    #name(mirrored, { role, label, value, selected, toggle, children }) {
+        const { target } = mirrored;
         const said = [label, value].filter(Boolean).join(", ");
         switch (role) {
         case "group":
@@ -222,21 +252,21 @@ export class Mirror {
         case "textField":
         case "textArea":
             setAttribute(target, "aria-label", label);
-            setAttribute(target, "aria-readonly", "true");
             setAttribute(target, "aria-multiline", role === "textArea");
-            setText(target, value);
+            mirrored.say(value);
             break;
         case "option":
             setAttribute(target, "aria-checked", selected ? "true" : "false");
-            setText(target, said);
+            mirrored.say(said);
             break;
         default:
             if (role === "heading") {
                 setAttribute(target, "aria-level", "1");
             } else if (role !== "text") {
-                setAttribute(target, "aria-pressed", selected ? "true" : null);
+                setAttribute(target, "aria-pressed", toggle ? String(selected === true) : null);
+                setAttribute(target, "aria-current", selected && !toggle);
             }
-            setText(target, said);
+            mirrored.say(said);
         }
     }
 
@@ -254,10 +284,8 @@ export class Mirror {
     /** A screen reader put the focus somewhere. */
     #focusCame(target) {
         const id = this.#identifiers.get(target);
-        if (id === undefined || id === this.#focused) {
-            return;
+        if (id !== undefined && id !== this.#focused && this.#program.call("focusElement", id)) {
+            this.#focused = id;
         }
-        this.#focused = id;
-        this.#program.call("focusElement", id);
     }
 }

@@ -21,6 +21,7 @@ export function showNotice({ title, text, details, button, onButton }) {
         box.append(focused);
     }
     const notice = document.getElementById("notice");
+    document.getElementById("waiting")?.remove();
     notice.replaceChildren(box);
     notice.hidden = false;
     document.getElementById("stage").inert = true;

@@ -1,6 +1,6 @@
 /** Draws a frame: reads the numbers that CommandBuffer.h describes, and does what they say on a canvas. */
 
-const decoder = new TextDecoder();
+const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
 
 /** In the order of CommandBuffer::Command. */
 const commands = ["save", "restore", "transform", "clip", "fill", "fillGradient", "stroke", "shadow", "text", "image"];

@@ -1,7 +1,7 @@
 /** Pictures under the numbers by which the program calls them. */
 
 /** The size that a PNG or JPEG file says it has; null when it is neither. */
-export function pictureSize(bytes) {
+function pictureSize(bytes) {
     const view = new DataView(bytes.buffer, bytes.byteOffset, bytes.byteLength);
     const isPng = bytes.length >= 24 && view.getUint32(0) === 0x89504e47 && view.getUint32(4) === 0x0d0a1a0a;
     const size = isPng ? { width: view.getUint32(16), height: view.getUint32(20) } : jpegSize(view);
@@ -40,7 +40,7 @@ export class Pictures {
         }
         const number = ++this.#lastNumber;
         this.#bitmaps.set(number, null);
-        const decoded = createImageBitmap(new Blob([bytes])).then((bitmap) => {
+        const decoded = createImageBitmap(new Blob([bytes]), { imageOrientation: "none" }).then((bitmap) => {
             if (this.#bitmaps.has(number)) {
                 this.#bitmaps.set(number, bitmap);
             }

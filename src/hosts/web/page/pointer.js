@@ -11,9 +11,17 @@ const pixelsPerLine = 20;
 const pinchStartDistance = 120;
 /** A touchpad does not say when its pinch is over. */
 const pinchPause = 250;
+/** Of a pinch, however the events add up. */
+const smallestScale = 0.01;
+const largestScale = 100;
+
+/** Whether an event is the editor's own affair. */
+function isEditors(event) {
+    return event.target instanceof Element && event.target.closest("input, textarea") !== null;
+}
 
 export class Pointer {
-    #canvas;
+    #stage;
     #report;
     #scroll;
     #nextIdentifier = 1;
@@ -26,36 +34,54 @@ export class Pointer {
     #pinch = [];
     #pinchScale = 1;
     #pinchTimer = 0;
+    #lastEnd = -Infinity;
 
     /** `report(fingers, seconds)` gets fingers with identifier, phase, x and y; `scroll(x, y, dx, dy)` points. */
-    constructor(canvas, report, scroll) {
-        this.#canvas = canvas;
+    constructor(stage, report, scroll) {
+        this.#stage = stage;
         this.#report = report;
         this.#scroll = scroll;
-        const on = (name, handler) => canvas.addEventListener(name, handler, { passive: false });
+        const listen = (name, handler) => stage.addEventListener(name, handler, { passive: false });
+        const on = (name, handler) => listen(name, (event) => isEditors(event) || handler(event));
         on("pointerdown", (event) => this.#down(event));
         on("pointermove", (event) => this.#move(event));
         on("pointerup", (event) => this.#up(event, phases.ended));
         on("pointercancel", (event) => this.#up(event, phases.cancelled));
-        on("wheel", (event) => this.#wheel(event));
+        listen("wheel", (event) => this.#wheel(event));
+        // How a browser on a desktop tells of a touchpad's pinch. On a phone the fingers themselves are told.
+        on("gesturestart", (event) => this.#gesture(event));
+        on("gesturechange", (event) => this.#gesture(event));
+        on("gestureend", () => this.#finishPinch());
         // The browser's own gestures, menus and moving of the keyboard's focus.
-        for (const name of ["touchstart", "touchmove", "mousedown", "contextmenu", "gesturestart", "dragstart"]) {
+        for (const name of ["touchstart", "touchmove", "mousedown", "contextmenu", "gesturestart", "gesturechange", "dragstart"]) {
             on(name, (event) => event.preventDefault());
         }
     }
 
+    /** Whether a pointer was let go this short a time ago. */
+    wasUsedWithin(milliseconds) {
+        return performance.now() - this.#lastEnd < milliseconds;
+    }
+
     /** The browser takes the fingers away. */
     cancel() {
-        const fingers = [...this.#touches.values(), ...this.#button, ...this.#pinch];
+        const fingers = [...this.#touches.values(), ...this.#button, ...this.#endPinch()];
         this.#touches.clear();
         this.#button = [];
-        this.#endPinch();
-        if (fingers.length > 0) {
-            this.#send(fingers, phases.cancelled, performance.now());
-        }
+        this.#send(fingers, phases.cancelled, performance.now());
+    }
+
+    /** Another window has the mouse now. */
+    cancelMouse() {
+        const fingers = this.#button;
+        this.#button = [];
+        this.#send(fingers, phases.cancelled, performance.now());
     }
 
     #send(fingers, phase, time) {
+        if (fingers.length === 0) {
+            return;
+        }
         for (const finger of fingers) {
             finger.phase = phase;
         }
@@ -63,7 +89,7 @@ export class Pointer {
     }
 
     #point(event) {
-        const box = this.#canvas.getBoundingClientRect();
+        const box = this.#stage.getBoundingClientRect();
         return { x: event.clientX - box.x, y: event.clientY - box.y };
     }
 
@@ -90,17 +116,20 @@ export class Pointer {
     /** So that a finger that leaves the page is not lost. */
     #capture(event) {
         try {
-            this.#canvas.setPointerCapture(event.pointerId);
+            this.#stage.setPointerCapture(event.pointerId);
         } catch {
             // It has gone already.
         }
     }
 
     #move(event) {
-        const fingers = this.#moved(event);
-        if (fingers.length > 0) {
-            this.#send(fingers, phases.moved, event.timeStamp);
+        const leftButton = 1;
+        if (event.pointerType === "mouse" && (event.buttons & leftButton) === 0) {
+            // A button that is let go while another one is down is told as a move.
+            this.#up(event, phases.ended);
+            return;
         }
+        this.#send(this.#moved(event), phases.moved, event.timeStamp);
     }
 
     /** The fingers that this pointer is, where it is now. */
@@ -129,9 +158,6 @@ export class Pointer {
     }
 
     #up(event, phase) {
-        if (event.pointerType === "mouse" && phase === phases.ended && event.button !== 0) {
-            return;
-        }
         const fingers = this.#moved(event);
         if (event.pointerType === "mouse") {
             this.#button = [];
@@ -139,43 +165,54 @@ export class Pointer {
             this.#touches.delete(event.pointerId);
         }
         if (fingers.length > 0) {
-            this.#send(fingers, phase, event.timeStamp);
+            this.#lastEnd = performance.now();
         }
+        this.#send(fingers, phase, event.timeStamp);
     }
 
     #wheel(event) {
+        if (!event.ctrlKey && event.target instanceof HTMLTextAreaElement) {
+            return;
+        }
         event.preventDefault();
         const point = this.#point(event);
         if (event.ctrlKey) {
-            this.#pinchBy(point, event);
+            this.#pinchBy(point, this.#pinchScale * Math.exp(-event.deltaY / 100), event.timeStamp);
+            clearTimeout(this.#pinchTimer);
+            this.#pinchTimer = setTimeout(() => this.#finishPinch(), pinchPause);
             return;
         }
-        const unit = [1, pixelsPerLine, this.#canvas.clientHeight][event.deltaMode];
+        const unit = [1, pixelsPerLine, this.#stage.clientHeight][event.deltaMode];
         const [dx, dy] = event.shiftKey && event.deltaX === 0 ? [event.deltaY, 0] : [event.deltaX, event.deltaY];
         if (dx !== 0 || dy !== 0) {
             this.#scroll(point.x, point.y, -dx * unit, -dy * unit);
         }
     }
 
-    #pinchBy(point, event) {
-        const points = () => [1, -1].map((sign) => ({
-            x: point.x,
-            y: point.y + sign * this.#pinchScale * pinchStartDistance / 2,
-        }));
-        if (this.#pinch.length === 0) {
-            this.#pinchScale = 1;
-            this.#pinch = this.#begin(points(), event.timeStamp);
+    #gesture(event) {
+        if (this.#touches.size === 0) {
+            this.#pinchBy(this.#point(event), event.scale, event.timeStamp);
         }
-        this.#pinchScale *= Math.exp(-event.deltaY / 100);
-        const moved = points();
+    }
+
+    #pinchBy(point, scale, time) {
+        this.#pinchScale = Math.min(Math.max(scale, smallestScale), largestScale);
+        const points = (wide) => [1, -1].map((sign) => ({ x: point.x, y: point.y + sign * wide * pinchStartDistance / 2 }));
+        if (this.#pinch.length === 0) {
+            this.#pinch = this.#begin(points(1), time);
+        }
+        const moved = points(this.#pinchScale);
         this.#pinch.forEach((finger, index) => Object.assign(finger, moved[index]));
-        this.#send(this.#pinch, phases.moved, event.timeStamp);
-        clearTimeout(this.#pinchTimer);
-        this.#pinchTimer = setTimeout(() => this.#send(this.#endPinch(), phases.ended, performance.now()), pinchPause);
+        this.#send(this.#pinch, phases.moved, time);
+    }
+
+    #finishPinch() {
+        this.#send(this.#endPinch(), phases.ended, performance.now());
     }
 
     #endPinch() {
         clearTimeout(this.#pinchTimer);
+        this.#pinchScale = 1;
         const fingers = this.#pinch;
         this.#pinch = [];
         return fingers;

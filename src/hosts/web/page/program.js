@@ -3,13 +3,15 @@
  * Page.h says what the program calls, main.cpp what it can be called with.
  */
 
-const decoder = new TextDecoder();
+const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
 const encoder = new TextEncoder();
 
 export class Program {
     #exports;
     #errorText = "";
     #hasStopped = false;
+    /** How many calls are under way, one inside the other. */
+    #depth = 0;
     /** Told once, with the program's last words, when it could not go on. Nothing of it runs after that. */
     onFatal = () => {};
 
@@ -22,7 +24,7 @@ export class Program {
         };
         const { instance } = await instantiate(source, imports);
         program.#exports = instance.exports;
-        program.call("_initialize");
+        program.#exports._initialize();
         return program;
     }
 
@@ -31,14 +33,32 @@ export class Program {
         if (this.#hasStopped) {
             return 0;
         }
+        ++this.#depth;
         try {
             return this.#exports[name](...values);
         } catch (error) {
+            this.#fail(error);
+            // The part of the program that led to this call must not go on either.
+            if (this.#depth > 1) {
+                throw error;
+            }
+            return 0;
+        } finally {
+            --this.#depth;
+        }
+    }
+
+    #fail(error) {
+        if (!this.#hasStopped) {
             this.#hasStopped = true;
             console.error(error);
             this.onFatal(this.#errorText.trim() || String(error));
-            return 0;
         }
+    }
+
+    /** Nothing of the program runs any more. */
+    stop() {
+        this.#hasStopped = true;
     }
 
     get hasStopped() {
@@ -47,10 +67,10 @@ export class Program {
 
     /** Copies bytes to where the next call finds them. Returns how many they are. */
     send(bytes) {
+        const room = this.call("makeRoom", bytes.length);
         if (this.#hasStopped) {
             return 0;
         }
-        const room = this.#exports.makeRoom(bytes.length);
         new Uint8Array(this.#exports.memory.buffer).set(bytes, room);
         return bytes.length;
     }
@@ -155,7 +175,10 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         },
         pagePlaceEditor: (x, y, width, height, clipX, clipY, clipWidth, clipHeight, opacity) => editor.place(
             { x, y, width, height }, { x: clipX, y: clipY, width: clipWidth, height: clipHeight }, opacity),
-        pageEndEditing: () => editor.end(),
+        pageEndEditing() {
+            const text = editor.end();
+            return text === null ? -1 : program.sendText(text);
+        },
 
         pageFileExists: (start, length) => files.exists(text(start, length)),
         pageReadFile(start, length) {

@@ -32,12 +32,22 @@ export class Screen {
 
     /** From now on changes of the size are seen. */
     observe() {
+        this.#canvas.addEventListener("contextrestored", () => this.requestWholeFrame());
         const observer = new ResizeObserver((entries) => this.#resized(entries.at(-1)));
         try {
             observer.observe(this.#canvas, { box: "device-pixel-content-box" });
         } catch {
             observer.observe(this.#canvas);
+            this.#watchDensity();
         }
+    }
+
+    /** Where the observer counts points, another screen with other pixels is told by this alone. */
+    #watchDensity() {
+        matchMedia(`(resolution: ${devicePixelRatio}dppx)`).addEventListener("change", () => {
+            this.#resized();
+            this.#watchDensity();
+        }, { once: true });
     }
 
     requestFrame() {

@@ -1,10 +1,12 @@
-// The program's files: all of them in memory, and in a database of the browser's. What is asked for in one
-// task goes to the database in one transaction, so that it gets there whole or not at all, and goes there
-// without waiting for any answer, so that it gets there even when the page is closed in the next moment.
-//
-// A page that opens the files takes the next number as their owner. Each transaction begins by taking the
-// number after the page's own, and gives it back: where another page has it, the database refuses this, and
-// with it the whole transaction. So a page that was replaced, however long it was frozen, writes nothing.
+/**
+ * The program's files: all of them in memory, and in a database of the browser's. What is asked for in one
+ * task goes to the database in one transaction, so that it gets there whole or not at all, and goes there
+ * without waiting for any answer, so that it gets there even when the page is closed in the next moment.
+ *
+ * A page that opens the files takes the next number as their owner. Each transaction begins by taking the
+ * number after the page's own, and gives it back: where another page has it, the database refuses this, and
+ * with it the whole transaction. So a page that was replaced, however long it was frozen, writes nothing.
+ */
 
 const databaseName = "velmorath";
 const databaseVersion = 1;
@@ -229,11 +231,21 @@ class Storage {
     }
 }
 
+// Rejects when this takes too long: a frozen page, or a disk that hangs, may stand in the way for good.
+function patiently(promise, onTooLate) {
+    let timer = 0;
+    const tooLate = new Promise((_, reject) => {
+        timer = setTimeout(() => {
+            onTooLate();
+            reject(new Error("the browser does not answer"));
+        }, patience);
+    });
+    return Promise.race([promise, tooLate]).finally(() => clearTimeout(timer));
+}
+
 function openDatabase() {
-    return new Promise((resolve, reject) => {
+    const opening = new Promise((resolve, reject) => {
         const request = indexedDB.open(databaseName, databaseVersion);
-        // A frozen page may stand in the way for good.
-        setTimeout(() => reject(new Error("the browser does not answer")), patience);
         request.onupgradeneeded = () => {
             request.result.createObjectStore("files");
             request.result.createObjectStore("owners");
@@ -245,6 +257,7 @@ function openDatabase() {
         };
         request.onerror = () => reject(request.error);
     });
+    return patiently(opening, () => opening.then((database) => database.close(), () => {}));
 }
 
 // Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
@@ -273,8 +286,8 @@ async function claim(database, formerOwner) {
 }
 
 function inTransaction(database, body) {
-    return new Promise((resolve, reject) => {
-        const transaction = database.transaction(["files", "owners"], "readwrite", { durability: "strict" });
+    const transaction = database.transaction(["files", "owners"], "readwrite", { durability: "strict" });
+    const ending = new Promise((resolve, reject) => {
         transaction.oncomplete = () => resolve();
         transaction.onabort = () => reject(transaction.error ?? new Error("the browser gave it up"));
         try {
@@ -284,6 +297,7 @@ function inTransaction(database, body) {
             transaction.abort();
         }
     });
+    return patiently(ending, () => ending.catch(() => {}));
 }
 
 function reasonOf(error) {

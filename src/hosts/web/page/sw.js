@@ -1,7 +1,9 @@
-// Keeps one version of the page on the device, whole, so that it starts at once and without a network.
-//
-// No page ever gets the files of two versions: a newer worker waits until no page uses the older one. As
-// a page that is reloaded never stops using it, reloading the only page there is lets the newer one in.
+/**
+ * Keeps one version of the page on the device, whole, so that it starts at once and without a network.
+ *
+ * No page ever gets the files of two versions: a newer worker waits until no page uses the older one. As
+ * a page that is reloaded never stops using it, reloading the only page there is lets the newer one in.
+ */
 
 // assemble.cmake fills these in: each file has the SHA-256 of what it holds.
 const version = "@VERSION@";

@@ -1,5 +1,7 @@
-// One page of those that are open holds the list; the others may take it over. Who loses it is asked to
-// finish first, but cannot be waited for: a page in the background may be frozen.
+/**
+ * One page of those that are open holds the list; the others may take it over. Who loses it is asked to
+ * finish first, but cannot be waited for: a page in the background may be frozen.
+ */
 
 const listName = "velmorath";
 

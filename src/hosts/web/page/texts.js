@@ -4,8 +4,10 @@
  */
 
 const leading = 1.2;
-const strongCharacter = /[\p{L}\p{Nl}]/u;
-const rightToLeft = /[\u0590-\u08ff\ufb1d-\ufdff\ufe70-\ufeff\u{10800}-\u{10fff}\u{1e800}-\u{1efff}]/u;
+/** In characters: many lines, but not more than a browser looks through in no time. */
+const longestPiece = 2000;
+const strongCharacter = /[\p{L}\p{Nl}\u07c0-\u07c9\u061c\u200e\u200f]/u;
+const rightToLeft = /[\u200f\u0590-\u08ff\ufb1d-\ufdff\ufe70-\ufeff\u{10800}-\u{10fff}\u{1e800}-\u{1efff}]/u;
 
 /** The direction of the first strong character. */
 export function readsFromTheRight(text) {
@@ -82,8 +84,8 @@ export class Texts {
         const lineHeight = this.lineHeight(font);
         if (wrapWidth > 0) {
             const lines = this.#wrapped(text, font, wrapWidth);
-            const widths = lines.map((line) => this.#width(line, font));
-            return [Math.max(0, ...widths) / scale, lines.length * lineHeight / scale, fromTheRight];
+            const widest = lines.reduce((most, line) => Math.max(most, this.#width(line.text, font)), 0);
+            return [widest / scale, lines.length * lineHeight / scale, fromTheRight];
         }
         return [this.#width(inOneLine(text), font) / scale, lineHeight / scale, fromTheRight];
     }
@@ -110,34 +112,28 @@ export class Texts {
         context.setTransform(a / scale, b / scale, c / scale, d / scale, corner.x, corner.y);
         context.font = cssFont(font, scale);
         context.fillStyle = color;
-        const fromTheRight = readsFromTheRight(text);
-        context.direction = fromTheRight ? "rtl" : "ltr";
-        context.textAlign = side(alignment, fromTheRight);
         const width = rect.width * scale;
-        const x = { left: 0, center: width / 2, right: width }[context.textAlign];
+        const height = rect.height * scale;
         if (wraps) {
-            this.#drawParagraph(context, this.#wrapped(text, font, rect.width), font, x, rect.height * scale);
+            this.#drawParagraphs(context, this.#wrapped(text, font, rect.width), font, alignment, width, height);
         } else {
-            this.#drawLine(context, this.#fitting(text, font, width), font, x, rect.height * scale);
+            const line = { text: this.#fitting(text, font, width), fromTheRight: readsFromTheRight(text) };
+            drawLine(context, line, alignment, width, this.#baseline(font, height));
         }
         context.restore();
     }
 
-    #drawLine(context, line, font, x, height) {
-        context.fillText(line, x, this.#baseline(font, height));
-    }
-
-    #drawParagraph(context, lines, font, x, height) {
+    #drawParagraphs(context, lines, font, alignment, width, height) {
         const lineHeight = this.lineHeight(font);
-        const top = context.getTransform().f;
-        const first = Math.max(0, Math.floor(-top / lineHeight));
-        const end = Math.min(height, context.canvas.height - top);
+        const { d, f } = context.getTransform();
+        const first = Math.max(0, Math.floor(-f / d / lineHeight));
+        const end = Math.min(height, (context.canvas.height - f) / d);
         context.beginPath();
-        context.rect(-lineHeight, 0, context.canvas.width + 2 * lineHeight, height);
+        context.rect(-lineHeight, 0, width + 2 * lineHeight, height);
         context.clip();
         const baseline = this.#baseline(font, lineHeight);
         for (let i = first; i < lines.length && i * lineHeight < end; ++i) {
-            context.fillText(lines[i], x, i * lineHeight + baseline);
+            drawLine(context, lines[i], alignment, width, i * lineHeight + baseline);
         }
     }
 
@@ -159,14 +155,15 @@ export class Texts {
 
     /** The line, or as much of its beginning as fits and an ellipsis. */
     #fitting(text, font, width) {
-        return this.#lines.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
-            const line = inOneLine(text);
+        // No screen has room for more characters than this.
+        const beginning = text.slice(0, 5000);
+        return this.#lines.find(`${cssFont(font, this.#screen.scale)}|${width}|${beginning}`, () => {
+            const line = inOneLine(beginning);
             const tolerance = 0.5;
             if (this.#width(line, font) <= width + tolerance) {
                 return line;
             }
-            // No screen has room for more characters than this.
-            const ends = [...this.#graphemes.segment(line.slice(0, 5000))].map(({ index }) => index);
+            const ends = [...this.#graphemes.segment(line)].map(({ index }) => index);
             let low = 0;
             let high = ends.length - 1;
             while (low < high) {
@@ -181,7 +178,7 @@ export class Texts {
         });
     }
 
-    /** The lines into which the browser breaks a text at this width in points. */
+    /** The lines into which the browser breaks a text at this width in points, each with its paragraph's direction. */
     #wrapped(text, font, width) {
         return this.#paragraphs.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
             const lineHeight = this.lineHeight(font);
@@ -190,22 +187,58 @@ export class Texts {
             style.lineHeight = `${lineHeight / this.#screen.scale}px`;
             style.width = `${width}px`;
             const node = this.#paragraph.firstChild;
-            node.data = text;
-            const lines = brokenLines(node, text);
+            const lines = text.split("\n").flatMap((paragraph) => {
+                const fromTheRight = readsFromTheRight(paragraph);
+                const isShort = !paragraph.includes("\t") && this.#width(paragraph, font) < width * this.#screen.scale - 1;
+                const broken = isShort ? [paragraph] : brokenLines(node, paragraph);
+                return broken.map((line) => ({ text: line, fromTheRight }));
+            });
             node.data = "";
             return lines;
         });
     }
 }
 
-function brokenLines(node, text) {
+function drawLine(context, { text, fromTheRight }, alignment, width, baseline) {
+    context.direction = fromTheRight ? "rtl" : "ltr";
+    context.textAlign = side(alignment, fromTheRight);
+    const x = { left: 0, center: width / 2, right: width }[context.textAlign];
+    context.fillText(text, x, baseline);
+}
+
+/** The lines of a paragraph, as the element around this node breaks them. */
+function brokenLines(node, paragraph) {
+    const lines = [];
+    let start = 0;
+    do {
+        // Piece by piece, each from the start of a line: browsers look through all lines for the place of one.
+        const piece = paragraph.slice(start, start + longestPiece);
+        const isLast = start + piece.length === paragraph.length;
+        node.data = piece;
+        const ends = lineEnds(node, piece);
+        if (!isLast && ends.length > 1) {
+            // This line may go on in the next piece.
+            ends.pop();
+        }
+        let from = 0;
+        for (const end of ends) {
+            lines.push(piece.slice(from, end));
+            from = end;
+        }
+        start += Math.max(from, 1);
+    } while (start < paragraph.length);
+    return lines;
+}
+
+/** Where the lines of the node's text end; at least one. */
+function lineEnds(node, text) {
     const range = document.createRange();
     const top = (index) => {
         range.setStart(node, index);
         range.setEnd(node, index + 1);
         return range.getBoundingClientRect().top;
     };
-    const lines = [];
+    const ends = [];
     let start = 0;
     while (start < text.length) {
         const here = top(start) + 0.5;
@@ -225,11 +258,8 @@ function brokenLines(node, text) {
                 high = middle;
             }
         }
-        lines.push(text.slice(start, high).replace(/[\n\r]+$/, ""));
+        ends.push(high);
         start = high;
     }
-    if (text === "" || text.endsWith("\n")) {
-        lines.push("");
-    }
-    return lines;
+    return ends.length > 0 ? ends : [0];
 }

@@ -1,4 +1,4 @@
-// Lets the newer worker in, then opens the page anew from its files.
+/** Lets the newer worker in, then opens the page anew from its files. */
 const { serviceWorker } = navigator;
 const { waiting } = await serviceWorker.getRegistration();
 serviceWorker.addEventListener("controllerchange", () => location.reload());
