@@ -39,6 +39,7 @@ void fillList(UIViewController& controller, UIView& view)
     bar->setBackgroundColor(UIColor::black());
     bar->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleTopMargin);
     const auto reorder = leftBarButton("riordina", "Reorder notes", [&list] { list.settaggi(); });
+    reorder->setToggle(true);
     bar->addSubview(reorder);
     list.riordina = reorder;
     bar->addSubview(addButton(size.width, list));

@@ -30,6 +30,7 @@ void showSwitch(UITableViewCell& cell, bool isOn)
 {
     cell.setAccessoryType(
         isOn ? UITableViewCellAccessoryType::checkmark : UITableViewCellAccessoryType::none);
+    cell.setAccessibilityToggle(true);
     cell.setAccessibilityValue(Bundle::main().localizedString(isOn ? "On" : "Off"));
 }
 
@@ -62,6 +63,7 @@ std::shared_ptr<UITableViewCell> Info2::tableViewCellForRowAtIndexPath(UITableVi
         return cell;
     }
     cell->setAccessoryType(UITableViewCellAccessoryType::none);
+    cell->setAccessibilityToggle(false);
     cell->setAccessibilityValue("");
     cell->textLabel().setText(item(path.row) + "    :    " + setting(dizionarioSettaggi, "theme"));
     return cell;

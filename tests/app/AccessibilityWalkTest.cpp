@@ -85,12 +85,12 @@ TEST_F(AccessibilityWalkTest, SettingsMailAndLinks)
     EXPECT_TRUE(reader.press("close"));
 
     EXPECT_TRUE(reader.press("Settings"));
-    expectScreen({"button Close", "heading Settings", "list Settings", "  item Icon badge = On *",
-        "  item Sound effect = On *", "  item Vibration = On *", "  item Theme    :    Blue"});
+    expectScreen({"button Close", "heading Settings", "list Settings", "  item Icon badge = On [on]",
+        "  item Sound effect = On [on]", "  item Vibration = On [on]", "  item Theme    :    Blue"});
     takeFelt();
     EXPECT_TRUE(reader.press("Sound effect"));
     EXPECT_EQ(takeFelt(), (Lines{"ripristino.mp3", "vibration"}));
-    EXPECT_EQ(reader.everything().at(4), "  item Sound effect = Off");
+    EXPECT_EQ(reader.everything().at(4), "  item Sound effect = Off [off]");
 
     EXPECT_TRUE(reader.press("Theme    :    Blue"));
     EXPECT_TRUE(reader.press("Mixed"));

@@ -47,7 +47,7 @@ TEST_F(AccessibilityTest, ReadsTheListFromTopToBottom)
     EXPECT_EQ(reader.everything(),
         (Lines{"list Notes", "  item One = Nov 22, 2026 (Edit, Complete, Delete, Move down)",
             "  item Two = Nov 21, 2026, Completed (Reopen, Delete, Move up, Move down)",
-            "  item Three (Edit, Complete, Delete, Move up)", "button Reorder notes", "button Add note",
+            "  item Three (Edit, Complete, Delete, Move up)", "button Reorder notes [off]", "button Add note",
             "button Information"}));
     EXPECT_EQ(reader.find("Two").frame, CGRectMake(0, 60, 320, 60));
     EXPECT_EQ(reader.find("Two").index, 1);
@@ -89,7 +89,7 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
     start({"One", "Two"});
     reader.perform("One", "Edit");
     EXPECT_EQ(reader.everything(),
-        (Lines{"list Notes", "  item One", "  item Two", "button Reorder notes", "button Add note",
+        (Lines{"list Notes", "  item One", "  item Two", "button Reorder notes [off]", "button Add note",
             "button Information"}));
     EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
     EXPECT_FALSE(reader.press("Two"));
@@ -161,7 +161,7 @@ TEST_F(AccessibilityTest, SaysWhichModeItIsInAndSpeaksTheUsersLanguage)
     EXPECT_TRUE(reader.press("Notizen sortieren"));
     EXPECT_EQ(reader.everything(),
         (Lines{"list Notizen", "  item Eins = Erledigt (Wieder öffnen, Löschen, Nach unten)",
-            "  item Zwei (Bearbeiten, Erledigen, Löschen, Nach oben)", "button Notizen sortieren *",
+            "  item Zwei (Bearbeiten, Erledigen, Löschen, Nach oben)", "button Notizen sortieren [on]",
             "button Notiz hinzufügen", "button Informationen"}));
     EXPECT_FALSE(reader.press("Eins")) << "rows are not opened while they are sorted";
     EXPECT_TRUE(reader.press("Notizen sortieren"));

@@ -49,7 +49,7 @@ public:
     }
 
     /// What the screen says, in reading order, with two blanks before what is in something else:
-    /// "role label = value (actions)".
+    /// "role label = value (actions)". A star is after a chosen option, and [on] or [off] after a toggle.
     Lines everything()
     {
         Lines lines;
@@ -95,7 +95,9 @@ private:
         std::string line = indent + name(element.role) + " " + element.label;
         if (!element.value.empty())
             line += " = " + element.value;
-        if (element.isSelected)
+        if (element.isToggle)
+            line += element.isSelected ? " [on]" : " [off]";
+        else if (element.isSelected)
             line += " *";
         std::string separator = " (";
         for (const std::string& action : element.actions)

@@ -4,16 +4,6 @@
 
 namespace velmorath {
 
-namespace {
-
-/// Whether keys can be pointed at it, as far as can be told from here.
-bool isFocusable(const AccessibilityElement& element)
-{
-    return element.isPressable || element.isFocused;
-}
-
-} // namespace
-
 AccessibleElement::AccessibleElement(AccessibleMirror& mirror, std::int64_t identifier)
     : m_mirror(mirror)
     , m_identifier(identifier)
@@ -128,16 +118,13 @@ QAccessible::Role AccessibleElement::role() const
 QAccessible::State AccessibleElement::state(const AccessibilityElement& element)
 {
     QAccessible::State state;
-    state.focusable = isFocusable(element);
+    state.focusable = element.isFocusable || element.isFocused;
     state.focused = element.isFocused;
     state.modal = element.role == AccessibilityRole::dialog;
     state.busy = element.role == AccessibilityRole::progress;
     state.multiLine = element.role == AccessibilityRole::textArea;
-    const bool isItem = element.role == AccessibilityRole::listItem;
-    state.selectable = isItem;
-    state.selected = isItem && element.isSelected;
-    state.checkable = element.role == AccessibilityRole::option || (!isItem && element.isSelected);
-    state.checked = !isItem && element.isSelected;
+    state.checkable = element.isToggle || element.role == AccessibilityRole::option;
+    state.checked = element.isSelected;
     return state;
 }
 
@@ -158,7 +145,7 @@ QStringList AccessibleElement::actionNames() const
     QStringList names;
     if (element().isPressable)
         names.append(pressAction());
-    if (isFocusable(element()))
+    if (element().isFocusable)
         names.append(setFocusAction());
     for (const std::string& action : element().actions)
         names.append(QString::fromStdString(action));

@@ -171,9 +171,8 @@ void AccessibleMirror::reportStates(const Place& place, const AccessibilityEleme
     const QAccessible::State was = AccessibleElement::state(before);
     const QAccessible::State is = AccessibleElement::state(*place.element);
     QAccessible::State changed;
-    changed.selected = was.selected != is.selected;
     changed.checked = was.checked != is.checked;
-    if (!changed.selected && !changed.checked)
+    if (!changed.checked)
         return;
     QAccessibleStateChangeEvent event(place.interface, changed);
     m_report(&event);

@@ -71,8 +71,12 @@ void append(std::string& json, const AccessibilityElement& element)
     }
     if (element.isFocused)
         json += ",\"focused\":true";
+    if (element.isFocusable)
+        json += ",\"focusable\":true";
     if (element.isSelected)
         json += ",\"selected\":true";
+    if (element.isToggle)
+        json += ",\"toggle\":true";
     if (element.isPressable)
         json += ",\"pressable\":true";
     if (element.index >= 0)

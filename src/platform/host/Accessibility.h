@@ -36,12 +36,17 @@ struct AccessibilityElement {
     std::string label{};
     /// What it holds now, as a field its text.
     std::string value{};
-    /// The part of the screen, in points, where it can be seen; empty for something out of sight.
+    /// The part of the screen, in points, where it can be seen. What is out of sight is not told.
     CGRect frame{};
     /// Keys go there: to one element at most, and to none while a text is edited. A dialog has them when
     /// nothing in it has.
     bool isFocused = false;
+    /// Keys can be pointed at it.
+    bool isFocusable = false;
+    /// Of options it is the chosen one; a toggle is on. Never for others.
     bool isSelected = false;
+    /// Each press turns it on or off.
+    bool isToggle = false;
     /// What a tap would do can be done.
     bool isPressable = false;
     /// For an item its place in the whole list, counted from 0, and for the list how many there are, those

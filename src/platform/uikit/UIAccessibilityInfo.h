@@ -18,7 +18,9 @@ struct UIAccessibilityInfo {
     AccessibilityRole role = AccessibilityRole::group;
     std::string label{};
     std::string value{};
+    /// Of options the chosen one, and a toggle that is on.
     bool isSelected = false;
+    bool isToggle = false;
     /// A place in a list, and how many a list has; -1 for all others.
     std::int64_t index = -1;
     std::int64_t count = -1;

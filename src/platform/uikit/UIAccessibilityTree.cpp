@@ -36,6 +36,7 @@ AccessibilityElement element(const UIAccessibilityInfo& info)
         .label = info.label,
         .value = info.value,
         .isSelected = info.isSelected,
+        .isToggle = info.isToggle,
         .isPressable = static_cast<bool>(info.press),
         .index = info.index,
         .count = info.count};
@@ -78,6 +79,7 @@ void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<Ac
     AccessibilityElement told = element(*info);
     told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
     told.frame = frame;
+    told.isFocusable = view.canBecomeFocused();
     // Without a view of their own, keys are the dialog's: whoever listens is to hear of it.
     told.isFocused = reading.focused ? &view == reading.focused : info->role == AccessibilityRole::dialog;
     if (holdsOthers(info->role)) {

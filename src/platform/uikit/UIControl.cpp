@@ -29,6 +29,7 @@ std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
     return UIAccessibilityInfo{.role = AccessibilityRole::button,
         .label = accessibilityLabel(),
         .isSelected = m_selected,
+        .isToggle = m_isToggle,
         .press = [this] { press(); }};
 }
 

@@ -18,8 +18,9 @@ public:
     bool keyPressed(const HostKeyPress&) override;
 
     bool isHighlighted() const { return m_highlighted; }
-    /// Switched on. Not shown; told to those who do not see the control.
-    bool isSelected() const { return m_selected; }
+    /// Each press turns a toggle on or off, as whoever listens to it then sets. Not shown; told to those who
+    /// do not see the control.
+    void setToggle(bool isToggle) { m_isToggle = isToggle; }
     void setSelected(bool selected) { m_selected = selected; }
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
@@ -39,6 +40,7 @@ private:
     std::vector<std::function<void(UIControl&)>> m_actions;
     bool m_highlighted = false;
     bool m_selected = false;
+    bool m_isToggle = false;
 };
 
 } // namespace velmorath

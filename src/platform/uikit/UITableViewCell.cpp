@@ -92,7 +92,8 @@ std::optional<UIAccessibilityInfo> UITableViewCell::accessibilityInfo()
     UIAccessibilityInfo info{.role = m_accessibilityRole,
         .label = m_textLabel->text(),
         .value = m_accessibilityValue,
-        .isSelected = m_accessoryType == UITableViewCellAccessoryType::checkmark};
+        .isSelected = m_accessoryType == UITableViewCellAccessoryType::checkmark,
+        .isToggle = m_isAccessibilityToggle};
     UITableView* const around = table();
     const std::optional<std::int64_t> place = around ? around->placeOf(*this) : std::nullopt;
     if (!place)

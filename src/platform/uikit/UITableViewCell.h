@@ -35,6 +35,8 @@ public:
 
     /// What the row is to those who do not see it: an item of the list, unless it is set.
     void setAccessibilityRole(AccessibilityRole role) { m_accessibilityRole = role; }
+    /// The checkmark says that the row is on, and its absence that it is off.
+    void setAccessibilityToggle(bool isToggle) { m_isAccessibilityToggle = isToggle; }
     /// What it holds or how it stands, where the text does not say it.
     void setAccessibilityValue(std::string value) { m_accessibilityValue = std::move(value); }
 
@@ -68,6 +70,7 @@ private:
     UITableViewCellAccessoryType m_accessoryType = UITableViewCellAccessoryType::none;
     AccessibilityRole m_accessibilityRole = AccessibilityRole::listItem;
     std::string m_accessibilityValue;
+    bool m_isAccessibilityToggle = false;
     bool m_highlighted = false;
     bool m_selected = false;
 };

@@ -27,6 +27,7 @@ AccessibilityElement button(std::int64_t identifier, const std::string& label, C
         .role = AccessibilityRole::button,
         .label = label,
         .frame = frame,
+        .isFocusable = true,
         .isPressable = true};
 }
 
@@ -39,6 +40,7 @@ protected:
             .label = "One",
             .value = "Completed",
             .frame = CGRectMake(0, 0.5, 375, 60),
+            .isFocusable = true,
             .isPressable = true,
             .index = 0,
             .actions = {"Reopen", "Delete"}};
@@ -143,13 +145,16 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(reportsOfAFrame(), QStringList()) << "nothing changed";
     listElement().children[0].label = "Uno";
     listElement().children[0].value = "";
+    listElement().children[0].isToggle = true;
     listElement().children[0].isSelected = true;
     listElement().children[1].isFocused = true;
     EXPECT_EQ(reportsOfAFrame(),
         QStringList({QStringLiteral("name Uno"), QStringLiteral("value Uno"), QStringLiteral("state Uno"),
             QStringLiteral("focus Two")}));
     QAccessibleInterface* const second = mirror.interface(4);
-    EXPECT_TRUE(mirror.interface(3)->state().selected);
+    EXPECT_TRUE(mirror.interface(3)->state().checkable);
+    EXPECT_TRUE(mirror.interface(3)->state().checked);
+    EXPECT_FALSE(second->state().checkable);
     EXPECT_TRUE(second->state().focused);
     s_reports.clear();
     mirror.keysCame();
