@@ -16,6 +16,7 @@ export class List {
         const list = new List();
         list.tab = await phone.open();
         list.page = list.tab.page;
+        list.page.setDefaultTimeout(10000);
         list.address = address;
         list.page.on("console", (message) => list.lines.push(message.text()));
         await list.page.addInitScript(countFrames);
