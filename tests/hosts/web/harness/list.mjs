@@ -228,7 +228,7 @@ export class List {
 
 /** Runs in the page, before everything. */
 function countFrames() {
-    const frames = { count: 0, waiting: 0, last: performance.now() };
+    const frames = { count: 0, waiting: 0, last: performance.now(), onFrame() {} };
     const request = globalThis.requestAnimationFrame.bind(globalThis);
     globalThis.frames = frames;
     globalThis.requestAnimationFrame = (handler) => {
@@ -238,6 +238,7 @@ function countFrames() {
             ++frames.count;
             frames.last = performance.now();
             handler(time);
+            frames.onFrame();
         });
     };
 }
