@@ -58,8 +58,7 @@ test("everything is there after a reload, without a server too", async () => {
     const before = await list.kept(paths.notes);
     await server.pause();
     await list.reload();
-    assert.deepEqual((await list.said()).slice(0, 3).map((said) => said.replace(/, \w+ \d+, \d+/, "")),
-        ["Three\u{1F33B}", "One, Completed", "Two"]);
+    assert.deepEqual((await list.said()).slice(0, 3), ["Three\u{1F33B}", "One, Completed", "Two"]);
     await list.swipe(1, 60, 350);
     await list.untilKept("Three\u{1F33B}", "One", "Two");
     assert.notDeepEqual(await list.kept(paths.notes), before);

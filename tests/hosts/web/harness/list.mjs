@@ -185,14 +185,15 @@ export class List {
             .or(this.page.locator(`#mirror [aria-label=${JSON.stringify(name)}]`)).first();
     }
 
-    /** All that is said of the screen, in its order. */
+    /** All that is said of the screen, in its order, but for dates. */
     async said() {
         await this.atRest();
-        return this.page.evaluate(() =>
+        const texts = await this.page.evaluate(() =>
             Array.from(document.querySelectorAll("#mirror *"))
-                .filter((element) => !element.querySelector("*") && element.parentElement.role !== "listitem"
-                    || element.role === "listitem")
-                .map((element) => (element.ariaLabel ?? (element.role === "listitem" ? element.firstChild : element).textContent)));
+                .filter((element) => element.childElementCount === 0)
+                .filter((element) => !element.matches("[role=listitem] > :not(:first-child)"))
+                .map((element) => element.ariaLabel ?? element.textContent));
+        return texts.map(withoutDate);
     }
 
     /** Presses what has this name, as a screen reader does. */
@@ -205,7 +206,8 @@ export class List {
     /** Where the keys are, in words. */
     async focused() {
         await this.atRest();
-        return this.page.evaluate(() => document.activeElement.ariaLabel ?? document.activeElement.textContent);
+        return withoutDate(await this.page.evaluate(() =>
+            document.activeElement.ariaLabel ?? document.activeElement.textContent));
     }
 
     async key(name) {
@@ -224,6 +226,10 @@ export class List {
     tab = null;
     page = null;
     address = "";
+}
+
+function withoutDate(text) {
+    return text.replace(/, [A-Z][a-z]+ \d+, \d{4}/, "");
 }
 
 /** Runs in the page, before everything. */

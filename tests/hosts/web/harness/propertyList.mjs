@@ -59,7 +59,11 @@ export function read(file) {
 /** The bytes for a value. */
 export function write(root) {
     const objects = [];
+    const texts = new Map();
     const flatten = (value) => {
+        if (texts.has(value)) {
+            return texts.get(value);
+        }
         const index = objects.push(null) - 1;
         if (Array.isArray(value)) {
             objects[index] = { kind: kinds.array, places: value.map(flatten) };
@@ -68,6 +72,9 @@ export function write(root) {
             objects[index] = { kind: kinds.dictionary, places };
         } else {
             objects[index] = scalar(value);
+        }
+        if (typeof value === "string") {
+            texts.set(value, index);
         }
         return index;
     };
