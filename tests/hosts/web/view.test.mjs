@@ -150,7 +150,7 @@ for (const scale of [1, 2]) {
         assertSamePlace(drawn, await list.tab.picture(`edited-at-${scale}`), area(5, 10, 200, 40));
         await list.key("Enter");
         const drawnFromRight = await list.tab.picture();
-        await list.key("Tab");
+        await list.key("Home");
         await list.key("ArrowDown");
         await list.key("F2");
         await list.editing();
