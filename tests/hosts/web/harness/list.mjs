@@ -58,7 +58,7 @@ export class List {
     /** Nothing moves, and the mirror shows what the screen does. */
     async atRest() {
         await this.tab.until("nothing moves", () =>
-            frames.waiting === 0 && performance.now() - frames.last > 300);
+            frames.waiting === 0 && frames.writes === 0 && performance.now() - frames.last > 200);
     }
 
     // What is kept.
@@ -232,11 +232,11 @@ function withoutDate(text) {
     return text.replace(/, [A-Z][a-z]+ \d+, \d{4}/, "");
 }
 
-/** Runs in the page, before everything. */
+/** Runs in the page, before everything. Frames wait for writes, so those are counted, too. */
 function countFrames() {
-    const frames = { count: 0, waiting: 0, last: performance.now(), onFrame() {} };
-    const request = globalThis.requestAnimationFrame.bind(globalThis);
+    const frames = { count: 0, waiting: 0, writes: 0, last: performance.now(), onFrame() {} };
     globalThis.frames = frames;
+    const request = globalThis.requestAnimationFrame.bind(globalThis);
     globalThis.requestAnimationFrame = (handler) => {
         ++frames.waiting;
         return request((time) => {
@@ -246,6 +246,18 @@ function countFrames() {
             handler(time);
             frames.onFrame();
         });
+    };
+    const { transaction } = IDBDatabase.prototype;
+    IDBDatabase.prototype.transaction = function begin(...how) {
+        const begun = transaction.apply(this, how);
+        ++frames.writes;
+        const end = () => {
+            --frames.writes;
+            frames.last = performance.now();
+        };
+        begun.addEventListener("complete", end);
+        begun.addEventListener("abort", end);
+        return begun;
     };
 }
 
