@@ -70,7 +70,12 @@ test("pulling the list down makes a note, if it goes deep enough", async () => {
     await list.tab.press([[200, 100]]);
     await list.tab.move([[200, 330]]);
     await list.tab.picture("release-to-add");
+    // A phone shows its keyboard only for what gets the focus inside the touch.
+    await list.page.evaluate(() => addEventListener("pointerup", () => {
+        globalThis.focusedInTouch = document.activeElement.localName;
+    }, { once: true }));
     await list.untilSaid("textFieldDidBeginEditing", () => list.tab.release());
+    assert.equal(await list.page.evaluate(() => globalThis.focusedInTouch), "input");
     assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
     await list.atRest();
     await list.type("Buy <b>milk</b> & 🥛");
