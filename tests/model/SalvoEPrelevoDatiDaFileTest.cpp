@@ -3,6 +3,8 @@
 #include "ListTest.h"
 #include "ReplaceFile.h"
 #include "ToDoItem.h"
+#include <fstream>
+#include <iterator>
 
 namespace velmorath {
 namespace {
@@ -121,6 +123,20 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, ALateAnswerIsLoggedBeforeTheNextFrame)
     SalvoEPrelevoDatiDaFile().ArchiveResults({});
     host.files().answer();
     EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
+}
+
+TEST_F(SalvoEPrelevoDatiDaFileTest, TheSameNotesAreTheSameBytesOnEveryMachine)
+{
+    // The page in a browser has to write this file, too.
+    std::ifstream file(VELMORATH_TEST_TOOLS "/../model/many-notes.archive", std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    put(bytes);
+    const auto notes = load();
+    ASSERT_EQ(notes.size(), 260u);
+    SalvoEPrelevoDatiDaFile().ArchiveResults({});
+    SalvoEPrelevoDatiDaFile().ArchiveResults(notes);
+    const Result<std::string> written = host.files().read(archivePath());
+    EXPECT_TRUE(written && *written == bytes);
 }
 
 using SalvoEPrelevoDatiDaFileDeathTest = SalvoEPrelevoDatiDaFileTest;

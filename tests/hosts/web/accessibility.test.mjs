@@ -1,0 +1,156 @@
+import assert from "node:assert/strict";
+import { after, afterEach, before, test } from "node:test";
+import { List } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+let list;
+
+before(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(() => list.page.close());
+
+after(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+const barButtons = ["Reorder notes", "Add note", "Information"];
+
+test("no screen keeps anybody out", async () => {
+    list = await List.first(phone, server.address);
+    await list.shown("Yes").waitFor({ state: "attached" });
+    const steps = ["Yes", "next", "close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
+        "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
+    for (const step of ["", ...steps]) {
+        if (step) {
+            await list.press(step);
+        }
+        await list.atRest();
+        assert.deepEqual(await list.tab.obstacles(), [], `after "${step}"`);
+    }
+});
+
+test("a screen reader does everything", async () => {
+    list = await List.with(phone, server.address, ["One", { text: "Two", completed: true }]);
+    await list.press("Add note");
+    await list.editing();
+    assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
+    await list.type("New");
+    await list.key("Enter");
+    await list.untilKept("New", "One", "x Two");
+
+    await list.press("Edit: One");
+    await list.editing();
+    await list.type("!");
+    await list.key("Enter");
+    await list.press("Complete: New");
+    await list.press("Reopen: Two");
+    await list.untilKept("x New", "One!", "Two");
+    await list.press("Move down: New");
+    await list.press("Move up: Two");
+    await list.untilKept("One!", "Two", "x New");
+    await list.press("Delete: New");
+    await list.untilKept("One!", "Two");
+    assert.deepEqual(await list.said(), ["One!", "Two", ...barButtons]);
+
+    await list.press("Two");
+    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    assert.equal(await list.shown("Note").textContent(), "Two");
+    await list.press("Note");
+    await list.editing();
+    assert.deepEqual(await list.edited(), { kind: "textarea", label: "Note", value: "Two" });
+    await list.type(" halves");
+    await list.press("Save");
+    await list.untilKept("One!", "Two halves");
+
+    await list.press("Information");
+    await list.press("Settings");
+    await list.press("Sound effect, On");
+    await list.press("Theme    :    Blue");
+    await list.press("Green");
+    assert.equal(await list.shown("Green").getAttribute("aria-checked"), "true");
+    assert.equal(await list.shown("Blue").getAttribute("aria-checked"), "false");
+    for (let screens = 0; screens < 3; ++screens) {
+        await list.press("Close");
+    }
+    const { theme, soundEffect } = await list.settings();
+    assert.deepEqual([theme, soundEffect], ["Green", "false"]);
+});
+
+test("the mirror lies over what it stands for", async () => {
+    list = await List.with(phone, server.address, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
+    const item = (name) => list.page.locator("#mirror [role=listitem]", { has: list.page.getByText(name, { exact: true }) });
+    assert.deepEqual(await item("Note 2").boundingBox(), { x: 0, y: 120, width: 375, height: 60 });
+    const place = (name) => item(name).evaluate((element) => [element.ariaPosInSet, element.ariaSetSize]);
+    assert.deepEqual(await place("Note 2"), ["3", "50"]);
+    await list.tab.drag([200, 500], [200, 80]);
+    await list.atRest();
+    await list.tab.until("it scrolled", () => document.querySelector("#mirror").textContent.includes("Note 15"));
+    assert.deepEqual(await place("Note 12"), ["13", "50"]);
+    assert.equal(await list.page.evaluate(() => document.querySelectorAll("#mirror [role=listitem]").length < 14), true);
+    await list.press("Scroll down: Notes");
+    await list.tab.until("it scrolled further", () => document.querySelector("#mirror").textContent.includes("Note 24"));
+});
+
+test("everything can be done with the keys, and the focus tells where they are", async () => {
+    list = await List.with(phone, server.address, ["One", "Two", "Three"]);
+    await list.key("Tab");
+    assert.equal(await list.focused(), "One");
+    await list.key("ArrowDown");
+    assert.equal(await list.focused(), "Two");
+    await list.tab.picture("focus-ring");
+    await list.key(" ");
+    await list.untilKept("One", "x Two", "Three");
+    assert.equal(await list.focused(), "Two, Completed");
+    await list.key(" ");
+    await list.key("Alt+ArrowDown");
+    await list.untilKept("One", "Three", "Two");
+    assert.equal(await list.focused(), "Two");
+    await list.key("Delete");
+    await list.untilKept("One", "Three");
+    assert.equal(await list.focused(), "Three");
+
+    await list.key("n");
+    await list.editing();
+    await list.type("new, and Delete");
+    await list.key("Backspace");
+    await list.key("Enter");
+    await list.untilKept("new, and Delet", "One", "Three");
+    await list.key("ArrowDown");
+    assert.equal(await list.focused(), "One");
+    await list.key("F2");
+    await list.editing();
+    await list.type("s");
+    await list.key("Escape");
+    await list.untilKept("new, and Delet", "Ones", "Three");
+
+    await list.key("Enter");
+    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    await list.key("Escape");
+    assert.equal(await list.focused(), "Ones");
+
+    for (let presses = 0; (await list.focused()) !== "Information" && presses < 10; ++presses) {
+        await list.key("Tab");
+    }
+    await list.key("Enter");
+    for (const name of ["Settings", "Theme    :    Blue", "Violet"]) {
+        for (let presses = 0; (await list.focused()) !== name && presses < 20; ++presses) {
+            await list.key(presses % 2 ? "ArrowDown" : "Tab");
+        }
+        await list.key("Enter");
+    }
+    for (let screens = 0; screens < 3; ++screens) {
+        await list.key("Escape");
+    }
+    assert.deepEqual((await list.said()).slice(-3), barButtons);
+    assert.equal((await list.settings()).theme, "Violet");
+});

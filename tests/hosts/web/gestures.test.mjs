@@ -1,0 +1,202 @@
+import assert from "node:assert/strict";
+import { after, afterEach, before, test } from "node:test";
+import { List, rowMiddle } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+const handle = 350;
+
+let server;
+let phone;
+let list;
+
+before(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(() => list.page.close());
+
+after(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+async function begin(...notes) {
+    list = await List.with(phone, server.address, notes);
+}
+
+const isGreen = ([red, green, blue]) => green > 1.5 * red && green > 1.5 * blue;
+
+test("the first launch asks once, shows the tutorial, and has a note to try things on", async () => {
+    list = await List.first(phone, server.address);
+    await list.shown("Yes").waitFor({ state: "attached" });
+    await list.atRest();
+    assert.deepEqual(await list.said(), ["Watch tutorial", "No", "Yes"]);
+    await list.tab.picture("first-launch");
+    await list.tapOn("Yes");
+    await list.tab.picture("tutorial-first-page");
+    await list.tab.flick([300, 300], [80, 300]);
+    await list.atRest();
+    assert.ok((await list.said()).includes("Page 2 of 2"));
+    await list.tab.flick([80, 300], [300, 300]);
+    await list.atRest();
+    assert.ok((await list.said()).includes("Page 1 of 2"));
+    await list.tapOn("next");
+    assert.ok((await list.said()).includes("Page 2 of 2"));
+    await list.tab.picture("tutorial-last-page");
+    await list.tapOn("close");
+    assert.deepEqual(await list.said(), ["Hello!", "Reorder notes", "Add note", "Information"]);
+
+    await list.swipe(0, 60, 350);
+    await list.untilKept("x Hello!");
+    await list.untilSaid("☢️☢️☢️☢️☢️☢️☢️ mostroPubblicità", () => list.reload());
+    await assert.rejects(list.shown("Yes").waitFor({ state: "attached", timeout: 1500 }));
+    assert.equal((await list.said())[0], "Hello!, Completed");
+});
+
+test("pulling the list down makes a note, if it goes deep enough", async () => {
+    await begin("One");
+    await list.tab.press([[200, 100]]);
+    await list.tab.move([[200, 170]]);
+    await list.tab.picture("pull-to-add");
+    await list.tab.release();
+    await list.atRest();
+    assert.equal((await list.said())[0], "One");
+
+    await list.tab.press([[200, 100]]);
+    await list.tab.move([[200, 330]]);
+    await list.tab.picture("release-to-add");
+    // A phone shows its keyboard only for what gets the focus inside the touch.
+    await list.page.evaluate(() => addEventListener("pointerup", () => {
+        globalThis.focusedInTouch = document.activeElement.localName;
+    }, { once: true }));
+    await list.untilSaid("textFieldDidBeginEditing", () => list.tab.release());
+    assert.equal(await list.page.evaluate(() => globalThis.focusedInTouch), "input");
+    assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
+    await list.atRest();
+    await list.type("Buy <b>milk</b> & 🥛");
+    await list.tab.picture("typing");
+    await list.page.keyboard.press("Enter");
+    await list.untilKept("Buy <b>milk</b> & 🥛", "One");
+    const today = new Intl.DateTimeFormat("en-US", { dateStyle: "medium", timeZone: "UTC" }).format();
+    assert.deepEqual((await list.notes()).map(({ date }) => date), [today, null]);
+    assert.equal(await list.page.$("#mirror b"), null);
+
+    await list.pull();
+    await list.page.keyboard.press("Escape");
+    await list.atRest();
+    assert.equal((await list.said()).length, 5);
+});
+
+test("a note is edited where it stands, and ends when another is touched", async () => {
+    await begin("One\nwith two lines", "Two");
+    await list.tab.tap([30, rowMiddle(0)]);
+    await list.editing();
+    await list.type("!");
+    await list.tab.tap([30, rowMiddle(1)]);
+    await list.untilKept("One\nwith two lines!", "Two");
+    await list.editing();
+    await list.type("?");
+    await list.key("Enter");
+    await list.untilKept("One\nwith two lines!", "Two?");
+});
+
+test("what an input method still holds is kept when the editing ends", async () => {
+    await begin("One");
+    await list.pull();
+    await list.tab.command("Input.imeSetComposition", { text: "にほん", selectionStart: 3, selectionEnd: 3 });
+    await list.tab.tap([30, rowMiddle(1)]);
+    await list.untilKept("にほん", "One");
+    await list.editing();
+    await list.key("Enter");
+
+    await list.pull();
+    await list.type("a");
+    await list.tab.command("Input.imeSetComposition", { text: "ね", selectionStart: 1, selectionEnd: 1 });
+    // The keyboard is put away.
+    await list.page.evaluate(() => document.activeElement.blur());
+    await list.untilKept("aね", "にほん", "One");
+});
+
+test("swiping completes, reopens and deletes, and only a long way does", async () => {
+    await begin("One", "Two", "Three");
+    const open = await list.rowColor(1);
+    await list.tab.press([[60, rowMiddle(1)]]);
+    await list.tab.move([[350, rowMiddle(1)]]);
+    await list.tab.picture("swipe-right");
+    await list.tab.release();
+    await list.untilKept("One", "x Two", "Three");
+    assert.ok(isGreen(await list.rowColor(1, "completed")));
+    await list.swipe(1, 60, 350);
+    await list.untilKept("One", "Two", "Three");
+    assert.deepEqual(await list.rowColor(1), open);
+
+    const lines = list.lines.length;
+    await list.swipe(0, 200, 80);
+    await list.swipe(0, 100, 240);
+    await list.tab.drag([100, rowMiddle(0)], [220, rowMiddle(2)]);
+    await list.atRest();
+    assert.ok(!list.lines.slice(lines).includes("ArchiveResults"));
+    assert.deepEqual(await list.texts(), ["One", "Two", "Three"]);
+
+    await list.tab.press([[330, rowMiddle(0)]]);
+    await list.tab.move([[60, rowMiddle(0)]]);
+    await list.tab.picture("swipe-left");
+    await list.tab.release();
+    await list.untilKept("Two", "Three");
+});
+
+test("pinching two rows apart makes a note between them, unless the fingers come back", async () => {
+    await begin("One", "Two");
+    const rows = [[180, rowMiddle(0)], [180, rowMiddle(1)]];
+    await list.tab.press(rows);
+    await list.tab.move([[180, 10], [180, rowMiddle(1) + 60]]);
+    await list.tab.picture("pinch");
+    await list.tab.move([[180, rowMiddle(0) - 20], [180, rowMiddle(1) + 20]]);
+    await list.tab.release();
+    await list.atRest();
+    assert.deepEqual(await list.said(), ["One", "Two", "Reorder notes", "Add note", "Information"]);
+
+    await list.tab.pinch(rows, [[180, 2], [180, 200]]);
+    await list.editing();
+    await list.type("Between");
+    await list.key("Enter");
+    await list.untilKept("One", "Between", "Two");
+});
+
+test("rows are put into another order by their handles", async () => {
+    await begin("One", "Two", "Three");
+    await list.tapOn("Reorder notes");
+    await list.tab.press([[handle, rowMiddle(0)]]);
+    await list.tab.move([[handle, rowMiddle(2)]]);
+    await list.tab.picture("reordering");
+    await list.tab.release();
+    await list.untilKept("Two", "Three", "One");
+    await list.tapOn("Reorder notes");
+    assert.deepEqual((await list.said()).slice(0, 3), ["Two", "Three", "One"]);
+});
+
+test("a note is read and written on a screen of its own", async () => {
+    await begin("One", "Two");
+    await list.tap([240, rowMiddle(1)]);
+    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    await list.tab.tap([100, 200]);
+    await list.editing();
+    assert.deepEqual(await list.edited(), { kind: "textarea", label: "Note", value: "Two" });
+    await list.type(" and\n\nmore");
+    await list.tab.picture("detail");
+    await list.tapOn("Save");
+    await list.untilKept("One", "Two and\n\nmore");
+
+    await list.tap([240, rowMiddle(0)]);
+    await list.tab.tap([100, 200]);
+    await list.editing();
+    await list.type(" not to be kept");
+    await list.tapOn("Close");
+    assert.equal((await list.said())[0], "One");
+    assert.deepEqual(await list.texts(), ["One", "Two and\n\nmore"]);
+});

@@ -1,0 +1,286 @@
+import { setTimeout as sleep } from "node:timers/promises";
+import { archiveOf, notesIn, paths, settingsIn, settingsOf } from "./archive.mjs";
+
+const rowHeight = 60;
+const blank = { contentType: "text/html", body: "<!doctype html><link rel=icon href=data:,>" };
+
+/** The middle of a row's height, of those in sight. */
+export function rowMiddle(row) {
+    return row * rowHeight + rowHeight / 2;
+}
+
+/** The program in a tab of the phone: what it shows, what it says, what it keeps. */
+export class List {
+    /** A tab with nothing in it yet. */
+    static async inNewTab(phone, address) {
+        const list = new List();
+        list.tab = await phone.open();
+        list.page = list.tab.page;
+        list.page.setDefaultTimeout(10000);
+        list.address = address;
+        list.page.on("console", (message) => list.lines.push(message.text()));
+        await list.page.addInitScript(countFrames);
+        return list;
+    }
+
+    /** Opens the page for somebody who has it for the first time. */
+    static async first(phone, address) {
+        const list = await List.inNewTab(phone, address);
+        await list.open();
+        return list;
+    }
+
+    /** Opens the page for somebody who has these notes and settings; see archive.mjs. */
+    static async with(phone, address, notes, settings) {
+        const list = await List.inNewTab(phone, address);
+        await list.put({ [paths.notes]: archiveOf(notes), [paths.settings]: settingsOf(settings) });
+        await list.open();
+        return list;
+    }
+
+    /** Opens the page for somebody who had it open before. */
+    async open() {
+        await this.page.goto(this.address);
+        await this.ready();
+    }
+
+    async reload() {
+        await this.page.reload();
+        await this.ready();
+    }
+
+    async ready() {
+        await this.tab.until("there is something on the screen", () =>
+            document.querySelector("#mirror *") !== null || !document.getElementById("notice").hidden);
+        await this.atRest();
+    }
+
+    /** Nothing moves, and the mirror shows what the screen does. */
+    async atRest() {
+        await this.tab.until("nothing moves", () =>
+            frames.waiting === 0 && frames.writes === 0 && performance.now() - frames.last > 200);
+    }
+
+    // What is kept.
+
+    /** Puts files where the page will find them, while it is not open. */
+    async put(files) {
+        await this.page.context().route("**/blank", (route) => route.fulfill(blank));
+        await this.page.goto(`${this.address}blank`);
+        const texts = Object.entries(files).map(([path, bytes]) => [path, Buffer.from(bytes).toString("base64")]);
+        await this.page.evaluate(async (encoded) => {
+            const { openStorage } = await import("./storage.js");
+            const storage = await openStorage();
+            await Promise.all(encoded.map(async ([path, text]) => {
+                const bytes = await (await fetch(`data:;base64,${text}`)).arrayBuffer();
+                return storage.replace(path, new Uint8Array(bytes));
+            }));
+            storage.close();
+        }, texts);
+    }
+
+    /** What is in the database under a path; null when there is nothing. */
+    async kept(path) {
+        const text = await this.page.evaluate(readFile, path);
+        return text === null ? null : Buffer.from(text, "base64");
+    }
+
+    async notes() {
+        const bytes = await this.kept(paths.notes);
+        return bytes ? notesIn(bytes) : [];
+    }
+
+    /** In short: a completed note has an x before it. */
+    async texts() {
+        return (await this.notes()).map(({ text, completed }) => (completed ? "x " : "") + text);
+    }
+
+    async settings() {
+        return settingsIn(await this.kept(paths.settings));
+    }
+
+    /** Waits until exactly these notes are kept, and everything has come to rest. */
+    async untilKept(...wanted) {
+        const end = Date.now() + 10000;
+        let found = await this.texts();
+        while (JSON.stringify(found) !== JSON.stringify(wanted)) {
+            if (Date.now() > end) {
+                throw new Error(`Kept is ${JSON.stringify(found)} instead of ${JSON.stringify(wanted)}`);
+            }
+            await sleep(50);
+            found = await this.texts();
+        }
+        await this.atRest();
+    }
+
+    /** Does something, and waits until the program has said this once more. */
+    async untilSaid(line, action) {
+        const count = () => this.lines.filter((said) => said === line).length;
+        const before = count();
+        await action();
+        for (const end = Date.now() + 10000; count() === before; ) {
+            if (Date.now() > end) {
+                throw new Error(`Never said: ${line}`);
+            }
+            await sleep(20);
+        }
+    }
+
+    // Fingers.
+
+    /** Touches a place and waits for what comes of it. */
+    async tap(place) {
+        await this.tab.tap(place);
+        await this.atRest();
+    }
+
+    /** Touches what stands on the screen under this name. */
+    async tapOn(name) {
+        const { x, y, width, height } = await this.shown(name).boundingBox();
+        await this.tap([x + width / 2, y + height / 2]);
+    }
+
+    async swipe(row, from, to) {
+        await this.tab.drag([from, rowMiddle(row)], [to, rowMiddle(row)]);
+    }
+
+    /** Pulls the list down for a new note, whose text can be typed then. */
+    async pull() {
+        await this.tab.drag([200, 100], [200, 330]);
+        await this.editing();
+    }
+
+    async add(text) {
+        await this.pull();
+        await this.type(text);
+        await this.page.keyboard.press("Enter");
+        await this.atRest();
+    }
+
+    // The editor.
+
+    /** Waits until a text is being edited. */
+    async editing() {
+        await this.tab.until("a text is edited", () => document.activeElement.parentElement?.parentElement?.id === "editors");
+        await this.atRest();
+    }
+
+    async type(text) {
+        await this.page.keyboard.type(text);
+    }
+
+    /** What is edited, as the browser knows it. */
+    edited() {
+        return this.page.evaluate(() => {
+            const field = document.activeElement;
+            return { kind: field.localName, label: field.ariaLabel, value: field.value };
+        });
+    }
+
+    // What a screen reader finds.
+
+    /** What can be pressed or read under this name. */
+    shown(name) {
+        return this.page.locator("#mirror").getByText(name, { exact: true })
+            .or(this.page.locator(`#mirror [aria-label=${JSON.stringify(name)}]`)).first();
+    }
+
+    /** All that is said of the screen, in its order, but for dates. */
+    async said() {
+        await this.atRest();
+        const texts = await this.page.evaluate(() =>
+            Array.from(document.querySelectorAll("#mirror *"))
+                .filter((element) => element.childElementCount === 0)
+                .filter((element) => !element.matches("[role=listitem] > :not(:first-child)"))
+                .map((element) => element.ariaLabel ?? element.textContent));
+        return texts.map(withoutDate);
+    }
+
+    /** Presses what has this name, as a screen reader does. */
+    async press(name) {
+        await this.shown(name).waitFor({ state: "attached" });
+        await this.shown(name).evaluate((element) => element.click());
+        await this.atRest();
+    }
+
+    /** Where the keys are, in words. */
+    async focused() {
+        await this.atRest();
+        return withoutDate(await this.page.evaluate(() =>
+            document.activeElement.ariaLabel ?? document.activeElement.textContent));
+    }
+
+    async key(name) {
+        await this.page.keyboard.press(name);
+        await this.atRest();
+    }
+
+    /** The colour in the middle of a row, beside its text. */
+    async rowColor(row, name) {
+        const picture = await this.tab.picture(name);
+        const scale = picture.width / this.page.viewportSize().width;
+        return picture.pixel(300 * scale, rowMiddle(row) * scale);
+    }
+
+    lines = [];
+    tab = null;
+    page = null;
+    address = "";
+}
+
+function withoutDate(text) {
+    return text.replace(/, [A-Z][a-z]+ \d+, \d{4}/, "");
+}
+
+/** Runs in the page, before everything. Frames wait for writes, so those are counted, too. */
+function countFrames() {
+    const frames = { count: 0, waiting: 0, writes: 0, last: performance.now(), onFrame() {} };
+    globalThis.frames = frames;
+    const request = globalThis.requestAnimationFrame.bind(globalThis);
+    globalThis.requestAnimationFrame = (handler) => {
+        ++frames.waiting;
+        return request((time) => {
+            --frames.waiting;
+            ++frames.count;
+            frames.last = performance.now();
+            handler(time);
+            frames.onFrame();
+        });
+    };
+    const { transaction } = IDBDatabase.prototype;
+    IDBDatabase.prototype.transaction = function begin(...how) {
+        const begun = transaction.apply(this, how);
+        ++frames.writes;
+        const end = () => {
+            --frames.writes;
+            frames.last = performance.now();
+        };
+        begun.addEventListener("complete", end);
+        begun.addEventListener("abort", end);
+        return begun;
+    };
+}
+
+/** Runs in the page. */
+function readFile(path) {
+    return new Promise((resolve, reject) => {
+        const opening = indexedDB.open("velmorath");
+        opening.onupgradeneeded = () => opening.transaction.abort();
+        opening.onerror = () => resolve(null);
+        opening.onsuccess = () => {
+            const database = opening.result;
+            const found = database.transaction("files").objectStore("files").get(path);
+            found.onerror = () => reject(found.error);
+            found.onsuccess = () => {
+                database.close();
+                if (!found.result) {
+                    resolve(null);
+                    return;
+                }
+                const reader = new FileReader();
+                reader.onload = () => resolve(reader.result.slice(reader.result.indexOf(",") + 1));
+                reader.readAsDataURL(new Blob([found.result]));
+            };
+        };
+    });
+}

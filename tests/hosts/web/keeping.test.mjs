@@ -1,0 +1,220 @@
+import assert from "node:assert/strict";
+import { afterEach, beforeEach, test } from "node:test";
+import { paths, settingsOf } from "./harness/archive.mjs";
+import { List, rowMiddle } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Reference, write } from "./harness/propertyList.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+const begin = (...notes) => List.with(phone, server.address, notes);
+
+async function openAgain() {
+    const list = await List.inNewTab(phone, server.address);
+    await list.open();
+    return list;
+}
+
+async function killAndOpen() {
+    await phone.kill();
+    await phone.startAgain();
+    return openAgain();
+}
+
+// Another page is in front for a moment.
+async function hide(list) {
+    for (const hidden of [true, false]) {
+        await list.page.evaluate((value) => {
+            Object.defineProperty(document, "hidden", { value, configurable: true });
+            document.dispatchEvent(new Event("visibilitychange"));
+        }, hidden);
+    }
+}
+
+const notice = (list) => list.page.textContent("#notice");
+const hasNotice = () => !document.getElementById("notice").hidden;
+
+test("everything is there after a reload, without a server too", async () => {
+    const list = await begin("One", "Two");
+    await list.tab.until("the worker has the page", () => navigator.serviceWorker.controller !== null);
+    await list.add("Three\u{1F33B}");
+    await list.swipe(1, 60, 350);
+    await list.untilKept("Three\u{1F33B}", "x One", "Two");
+    const before = await list.kept(paths.notes);
+    await server.pause();
+    await list.reload();
+    assert.deepEqual((await list.said()).slice(0, 3), ["Three\u{1F33B}", "One, Completed", "Two"]);
+    await list.swipe(1, 60, 350);
+    await list.untilKept("Three\u{1F33B}", "One", "Two");
+    assert.notDeepEqual(await list.kept(paths.notes), before);
+    await server.resume();
+});
+
+// Waits for the frame in which a place of the canvas gets another colour, one that passes a test, and no longer.
+async function untilPainted(list, [x, y], test, action) {
+    await list.page.evaluate(([across, down, source]) => {
+        const passes = new Function("color", `return (${source})(color)`);
+        const context = document.getElementById("screen").getContext("2d");
+        const look = () => Array.from(
+            context.getImageData(across * devicePixelRatio, down * devicePixelRatio, 1, 1).data.slice(0, 3));
+        const before = look().join();
+        frames.onFrame = () => {
+            const color = look();
+            if (color.join() !== before && passes(color)) {
+                console.log("It is painted");
+                frames.onFrame = () => {};
+            }
+        };
+    }, [x, y, test.toString()]);
+    await list.untilSaid("It is painted", action);
+}
+
+// As if the disk were slow: whatever is written, much more is written with it.
+function slowDown() {
+    const { put } = IDBObjectStore.prototype;
+    IDBObjectStore.prototype.put = function putWithBallast(...what) {
+        if (this.name === "files") {
+            const ballast = new Uint32Array(6e6).map((_, place) => Math.imul(place, 2654435761));
+            put.call(this, new Uint8Array(ballast.buffer), "/ballast");
+        }
+        return put.apply(this, what);
+    };
+}
+
+test("what a frame has shown is there after the browser was killed", async () => {
+    const isGreen = ([red, green, blue]) => green > 2 * red && green > 2 * blue;
+    const isBlack = ([red, green, blue]) => red + green + blue === 0;
+    let list = await begin("One", "Two");
+    await list.page.evaluate(slowDown);
+    await list.tab.press([[60, rowMiddle(0)]]);
+    await list.tab.move([[350, rowMiddle(0)]]);
+    await untilPainted(list, [300, 30], isGreen, () => list.tab.release());
+    list = await killAndOpen();
+    assert.deepEqual((await list.said()).slice(0, 2), ["One, Completed", "Two"]);
+
+    await list.page.evaluate(slowDown);
+    await list.tab.press([[350, rowMiddle(0)]]);
+    await list.tab.move([[60, rowMiddle(0)]]);
+    await untilPainted(list, [300, 90], isBlack, () => list.tab.release());
+    list = await killAndOpen();
+    assert.equal((await list.said())[0], "Two");
+
+    await list.page.evaluate(slowDown);
+    await list.pull();
+    await list.type("Three");
+    await list.atRest();
+    // The other row lights up again.
+    await untilPainted(list, [300, 90], () => true, () => list.page.keyboard.press("Enter"));
+    list = await killAndOpen();
+    assert.deepEqual(await list.texts(), ["Three", "Two"]);
+});
+
+test("what is typed is kept when the page goes out of sight", async () => {
+    let list = await begin("One");
+    await list.pull();
+    await list.type("Half a tho");
+    await hide(list);
+    await list.untilKept("Half a tho", "One");
+    await list.pull();
+    await list.tab.command("Input.imeSetComposition", { text: "はん", selectionStart: 2, selectionEnd: 2 });
+    await hide(list);
+    await list.untilKept("はん", "Half a tho", "One");
+    list = await killAndOpen();
+    assert.equal((await list.texts())[0], "はん");
+});
+
+test("a storage that is full for a while loses nothing that is on the screen", async () => {
+    const list = await begin("One", "Two");
+    await list.page.evaluate(() => {
+        const { put } = IDBObjectStore.prototype;
+        IDBObjectStore.prototype.put = () => {
+            throw new DOMException("full", "QuotaExceededError");
+        };
+        globalThis.makeRoom = () => {
+            IDBObjectStore.prototype.put = put;
+        };
+    });
+    await list.untilSaid("Unable to write to file!", () => list.swipe(0, 60, 350));
+    await list.atRest();
+    assert.deepEqual((await list.said()).slice(0, 2), ["One, Completed", "Two"]);
+    assert.deepEqual(await list.texts(), ["One", "Two"]);
+    await list.page.evaluate(() => globalThis.makeRoom());
+    await list.swipe(1, 60, 350);
+    await list.untilKept("x One", "x Two");
+});
+
+test("a storage that cannot be opened is not an empty list", async () => {
+    await phone.context.addInitScript(() => {
+        IDBFactory.prototype.open = () => {
+            throw new DOMException("denied", "SecurityError");
+        };
+    });
+    const list = await List.first(phone, server.address);
+    await list.tab.until("it is said", hasNotice);
+    assert.match(await notice(list), /denied/);
+    assert.equal(await list.page.$("#mirror *"), null);
+    assert.deepEqual(await list.tab.obstacles(), []);
+    await list.tab.picture("no-storage");
+});
+
+test("a second tab takes the list over, with what was typed in the first", async () => {
+    const first = await begin("One");
+    await first.pull();
+    await first.type("Two");
+    const second = await openAgain();
+    await second.tab.until("it is said", hasNotice);
+    await second.tab.picture("open-elsewhere");
+    await second.page.locator("#notice button").click();
+    await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
+    await second.atRest();
+    assert.deepEqual(await second.texts(), ["Two", "One"]);
+    await first.tab.until("it is said there", hasNotice);
+
+    await first.page.bringToFront();
+    await first.tab.drag([60, rowMiddle(0)], [350, rowMiddle(0)]);
+    await first.page.keyboard.press("n");
+    await second.page.bringToFront();
+    await second.swipe(1, 60, 350);
+    await second.untilKept("Two", "x One");
+    await second.page.close();
+
+    await first.page.bringToFront();
+    await first.page.locator("#notice button").click();
+    await first.tab.until("the list is back", () => document.querySelector("#mirror [role=listitem]") !== null);
+    assert.equal((await first.said())[1], "One, Completed");
+});
+
+test("a list that the program does not understand is left alone, and the page says so", async () => {
+    const strange = write({
+        $version: 100000,
+        $archiver: "NSKeyedArchiver",
+        $top: { root: new Reference(1) },
+        $objects: ["$null", "no list"],
+    });
+    const list = await List.inNewTab(phone, server.address);
+    await list.put({ [paths.notes]: strange, [paths.settings]: settingsOf() });
+    await list.page.goto(server.address);
+    await list.tab.until("it is said", hasNotice);
+    assert.match(await notice(list), /root/);
+    await list.tab.picture("stopped");
+    assert.deepEqual(await list.tab.obstacles(), []);
+    await list.tab.tap([100, 100]);
+    await list.page.keyboard.press("n");
+    assert.deepEqual(await list.kept(paths.notes), strange);
+    phone.faults.length = 0;
+});

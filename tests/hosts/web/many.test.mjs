@@ -1,0 +1,60 @@
+import assert from "node:assert/strict";
+import { readFile } from "node:fs/promises";
+import { afterEach, beforeEach, test } from "node:test";
+import { notesIn, paths, settingsOf } from "./harness/archive.mjs";
+import { List } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+test("the same notes are the same bytes as on every other machine", async () => {
+    const bytes = await readFile(new URL("../../model/many-notes.archive", import.meta.url));
+    const notes = notesIn(bytes);
+    assert.equal(notes.length, 260);
+    const list = await List.inNewTab(phone, server.address);
+    await list.put({ [paths.notes]: bytes, [paths.settings]: settingsOf() });
+    await list.open();
+    for (const completed of [true, false]) {
+        await list.untilSaid("Success writing to file!", () => list.swipe(0, 60, 350));
+        assert.equal((await list.notes())[0].completed, completed);
+        await list.atRest();
+    }
+    assert.ok(bytes.equals(await list.kept(paths.notes)));
+});
+
+test("a hundred thousand notes are opened, scrolled, and changed in their middle", async () => {
+    const count = 100000;
+    const notes = Array.from({ length: count }, (_, number) => `Note ${number}`);
+    const list = await List.with(phone, server.address, notes);
+    await list.tab.flick([200, 560], [200, 100]);
+    await list.atRest();
+    assert.notEqual((await list.said())[0], "Note 0");
+    // Far away from both ends, as with a wheel that turns very fast.
+    await list.page.mouse.move(200, 300);
+    await list.page.mouse.wheel(0, count / 2 * 60);
+    await list.atRest();
+    const place = await list.page.locator("#mirror [role=listitem]").nth(3).evaluate((item) => item.ariaPosInSet);
+    assert.ok(place > 1000 && place < count - 1000);
+    const { y, height } = await list.page.locator("#mirror [role=listitem]").nth(3).boundingBox();
+    await list.untilSaid("Success writing to file!", () =>
+        list.tab.drag([60, y + height / 2], [350, y + height / 2]));
+    await list.atRest();
+    const kept = await list.notes();
+    assert.equal(kept.length, count);
+    assert.deepEqual(kept.filter(({ completed }) => completed).map(({ text }) => text), [`Note ${place - 1}`]);
+});

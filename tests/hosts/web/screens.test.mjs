@@ -1,0 +1,201 @@
+import assert from "node:assert/strict";
+import { afterEach, beforeEach, test } from "node:test";
+import { List } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+    phone = await Phone.start();
+});
+
+afterEach(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+// Keeps in `calls` what the page asks of the machine, and answers for it.
+function watchMachine() {
+    globalThis.calls = [];
+    AudioBufferSourceNode.prototype.start = function start() {
+        calls.push(this.buffer.duration > 0 ? "sound" : "silence");
+    };
+    navigator.vibrate = (time) => calls.push(time > 0 ? "vibration" : "stillness");
+    navigator.setAppBadge = async (number) => calls.push(`badge ${number}`);
+    navigator.clearAppBadge = async () => calls.push("badge 0");
+    Object.defineProperty(Notification, "permission", { get: () => "default" });
+    Notification.requestPermission = async () => {
+        calls.push(`may it notify? ${navigator.userActivation.isActive}`);
+        return "granted";
+    };
+    const { click } = HTMLAnchorElement.prototype;
+    HTMLAnchorElement.prototype.click = function press() {
+        if (this.protocol === "mailto:") {
+            calls.push(this.href);
+        } else {
+            click.call(this);
+        }
+    };
+}
+
+// As a browser that has none of it.
+function withoutMachine() {
+    for (const name of ["AudioContext", "Notification", "visualViewport"]) {
+        Object.defineProperty(globalThis, name, { value: undefined });
+    }
+    for (const name of ["vibrate", "setAppBadge", "clearAppBadge", "storage", "serviceWorker", "userAgentData"]) {
+        Object.defineProperty(navigator, name, { value: undefined });
+    }
+}
+
+async function takeCalls(list, wanted) {
+    await list.tab.until(`${wanted} was called`, (count) => calls.length >= count, wanted.length);
+    const found = await list.page.evaluate(() => calls.splice(0));
+    assert.deepEqual(found.sort(), wanted.sort());
+}
+
+async function openSettings(list) {
+    await list.tapOn("Information");
+    await list.tapOn("Settings");
+}
+
+test("the machine is asked for what is switched on", async () => {
+    await phone.context.addInitScript(watchMachine);
+    const list = await List.with(phone, server.address, ["One", "Two", { text: "Three", completed: true }]);
+    await takeCalls(list, ["badge 2"]);
+    await list.tapOn("Information");
+    await takeCalls(list, ["may it notify? true"]);
+    await list.tapOn("Settings");
+    await takeCalls(list, ["sound", "vibration"]);
+    await list.tapOn("Icon badge, On");
+    await takeCalls(list, ["sound", "vibration", "badge 0"]);
+    await list.tapOn("Icon badge, Off");
+    await takeCalls(list, ["sound", "vibration", "badge 2"]);
+    await list.tapOn("Sound effect, On");
+    await takeCalls(list, ["sound", "vibration"]);
+    await list.tapOn("Vibration, On");
+    await takeCalls(list, ["vibration"]);
+    await list.tapOn("Icon badge, On");
+    await takeCalls(list, ["badge 0"]);
+    await list.tab.picture("settings-off");
+
+    await list.tapOn("Close");
+    await list.tapOn("Close");
+    await list.swipe(0, 60, 350);
+    await list.untilKept("x One", "Two", "x Three");
+    await list.reload();
+    await openSettings(list);
+    const said = await list.said();
+    assert.deepEqual(said.slice(2, 5), ["Icon badge, Off", "Sound effect, Off", "Vibration, Off"]);
+    await takeCalls(list, ["may it notify? true"]);
+});
+
+// At the end of a list, where the ramp is at 0.6. Each choice makes the rows a little lighter.
+const colors = {
+    Black: [153, 153, 153],
+    Yellow: [222, 194, 153],
+    Mixed: [153, 51, 153],
+    Red: [255, 153, 0],
+    Green: [0, 128, 153],
+    Violet: [255, 153, 255],
+    Blue: [0, 153, 255],
+};
+
+// The theme that has the colour which is nearest to this one.
+function themeOf(color) {
+    const distance = (name) => Math.hypot(...color.map((part, place) => part - colors[name][place]));
+    return Object.keys(colors).sort((one, other) => distance(one) - distance(other))[0];
+}
+
+test("every theme is painted, and stays", async () => {
+    const list = await List.with(phone, server.address, ["One", "Two", "Three"]);
+    assert.equal(themeOf(await list.rowColor(2)), "Blue");
+    await openSettings(list);
+    await list.tapOn("Theme    :    Blue");
+    for (const name of Object.keys(colors)) {
+        await list.tapOn(name);
+        const picture = await list.tab.picture(`theme-${name}`);
+        assert.equal(themeOf(picture.pixel(2 * 300, 2 * (56 + 6.5 * 60))), name);
+        assert.equal(await list.shown(name).getAttribute("aria-checked"), "true");
+    }
+    await list.tapOn("Violet");
+    for (let screens = 0; screens < 3; ++screens) {
+        await list.tapOn("Close");
+    }
+    assert.equal(themeOf(await list.rowColor(2)), "Violet");
+    await list.reload();
+    assert.equal(themeOf(await list.rowColor(2)), "Violet");
+    assert.equal((await list.settings()).theme, "Violet");
+});
+
+test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
+    await phone.context.addInitScript(watchMachine);
+    await phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
+        contentType: "text/html",
+        body: "<!doctype html><link rel=icon href=data:,><p>Privacy",
+    }));
+    const list = await List.with(phone, server.address, ["One"]);
+    await list.tapOn("Information");
+    await list.tab.picture("information");
+    const [opened] = await Promise.all([phone.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
+    await opened.waitForLoadState();
+    assert.match(opened.url(), /^https:\/\/.*privacy/);
+    assert.deepEqual(await opened.evaluate(() => [opener, document.referrer]), [null, ""]);
+    await opened.close();
+    await list.page.bringToFront();
+
+    await list.tapOn("Contact Us");
+    await list.tapOn("Message");
+    await list.editing();
+    await list.type(" Hello & co?\nI mean it");
+    await list.tab.picture("mail");
+    await list.tapOn("Send");
+    const calls = await list.page.evaluate(() => globalThis.calls);
+    const mail = new URL(calls.find((call) => call.startsWith("mailto:")));
+    assert.equal(mail.pathname, "hello@velmorath.example");
+    assert.match(mail.searchParams.get("body"), /Velmorath.*Hello & co\?\r?\nI mean it$/s);
+
+    await list.tapOn("Rate App");
+    assert.equal((await list.said())[1], "Velmorath");
+    await list.tapOn("Watch tutorial");
+    await list.tapOn("next");
+    await list.tapOn("close");
+    assert.equal((await list.said())[1], "Velmorath");
+});
+
+test("without any of the machine's services everything else works", async () => {
+    await phone.context.addInitScript(withoutMachine);
+    const list = await List.with(phone, server.address, ["One"]);
+    await list.add("Two");
+    await list.swipe(0, 60, 350);
+    await list.untilKept("x Two", "One");
+    await openSettings(list);
+    for (const name of ["Icon badge, On", "Sound effect, On", "Vibration, On", "Icon badge, Off"]) {
+        await list.tapOn(name);
+    }
+    assert.equal((await list.settings()).soundEffect, "false");
+    await list.tapOn("Close");
+    await list.tapOn("Contact Us");
+    await list.tapOn("Cancel");
+    assert.equal((await list.said())[1], "Velmorath");
+});
+
+test("people read it in their language", async () => {
+    await phone.stop();
+    phone = await Phone.start({ locale: "it-IT" });
+    const list = await List.with(phone, server.address, [{ text: "Uno", completed: true }]);
+    assert.equal(await list.page.evaluate(() => document.documentElement.lang), "it");
+    assert.deepEqual(await list.said(),
+        ["Uno, Completata", "Riordina le note", "Aggiungi nota", "Informazioni"]);
+    await list.add("Due");
+    const today = new Intl.DateTimeFormat("it-IT", { dateStyle: "medium", timeZone: "UTC" }).format();
+    assert.equal((await list.notes())[0].date, today);
+    await list.tapOn("Informazioni");
+    await list.tab.picture("information-in-italian");
+});

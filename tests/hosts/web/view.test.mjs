@@ -1,0 +1,171 @@
+import assert from "node:assert/strict";
+import { afterEach, beforeEach, test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
+import { List, rowMiddle } from "./harness/list.mjs";
+import { Phone } from "./harness/phone.mjs";
+import { Server } from "./harness/server.mjs";
+
+let server;
+let phone;
+
+beforeEach(async () => {
+    server = await Server.start();
+});
+
+afterEach(async () => {
+    try {
+        await phone.stop();
+    } finally {
+        await server.stop();
+    }
+});
+
+const upright = { width: 375, height: 667 };
+const lying = { width: 667, height: 375 };
+
+async function turn(list, size) {
+    await list.page.setViewportSize(size);
+    await list.tab.until("the canvas has the size", ({ width, height }) => {
+        const canvas = document.getElementById("screen");
+        return canvas.width === Math.round(width * devicePixelRatio)
+            && canvas.height === Math.round(height * devicePixelRatio);
+    }, size);
+    await list.atRest();
+}
+
+// Everything that can be pressed, but for actions that have no place, lies on the screen.
+async function assertInSight(list) {
+    await list.tab.until("everything is in sight", () =>
+        Array.from(document.querySelectorAll("#mirror > *, #mirror [role=alertdialog] > button")).every((element) => {
+            const { left, top, right, bottom } = element.getBoundingClientRect();
+            return left >= 0 && top >= 0 && right < innerWidth + 1 && bottom < innerHeight + 1 && right > left;
+        }));
+}
+
+for (const scale of [1, 2, 2.625]) {
+    test(`with ${scale} pixels to the point, every size is filled, and sharp`, async () => {
+        phone = await Phone.start({ deviceScaleFactor: scale });
+        const list = await List.with(phone, server.address, ["One", "Two"]);
+        const assertFilled = async ({ width }, y, name) => {
+            const picture = await list.tab.picture(`${name}-at-${scale}`);
+            const [left, right] = [60, 1].map((distance) => picture.pixel((width - distance) * scale, y * scale));
+            // One of them may lie under a light that is dithered.
+            assert.ok(left.every((part, place) => Math.abs(part - right[place]) < 3), `${left} and ${right}`);
+            assert.ok(Math.max(...left) > 100);
+        };
+        const assertSharp = async (y) => {
+            // From the lower edge of a row to the black below it there is no pixel of another colour.
+            const picture = await list.tab.picture();
+            const colors = [-1, 0].map((pixel) => picture.pixel(20 * scale, Math.round(y * scale) + pixel));
+            assert.ok(Math.max(...colors[0]) > 100 && Math.max(...colors[1]) === 0, `${colors}`);
+        };
+        for (const size of [lying, upright]) {
+            await turn(list, size);
+            await assertInSight(list);
+            await assertFilled(size, 45, `list-${size.width}`);
+            if (Number.isInteger(scale)) {
+                await assertSharp(120);
+            }
+        }
+        await list.tap([240, rowMiddle(0)]);
+        for (const size of [lying, upright]) {
+            await turn(list, size);
+            await assertInSight(list);
+            await assertFilled(size, 5, `detail-${size.width}`);
+        }
+    });
+}
+
+test("an alert stays in the middle when the phone is turned, and the tutorial on its page", async () => {
+    phone = await Phone.start();
+    const list = await List.first(phone, server.address);
+    await list.shown("Yes").waitFor({ state: "attached" });
+    await list.atRest();
+    for (const size of [lying, upright]) {
+        await turn(list, size);
+        await assertInSight(list);
+        const { x, y, width, height } = await list.page.locator("#mirror [role=alertdialog]").boundingBox();
+        assert.ok(Math.abs(x + width / 2 - size.width / 2) <= 1 && Math.abs(y + height / 2 - size.height / 2) <= 1);
+        await list.tab.picture(`alert-${size.width}`);
+    }
+    await list.tapOn("Yes");
+    await list.tapOn("next");
+    await turn(list, lying);
+    await list.tab.picture("tutorial-lying");
+    assert.ok((await list.said()).includes("Page 2 of 2"));
+    await list.tapOn("close");
+    assert.equal((await list.said())[0], "Hello!");
+});
+
+test("nothing is drawn while nothing changes", async () => {
+    phone = await Phone.start();
+    const list = await List.with(phone, server.address, ["One", "Two"]);
+    const assertIdle = async () => {
+        await list.atRest();
+        const before = await list.page.evaluate(() => frames.count);
+        await sleep(2000);
+        assert.equal(await list.page.evaluate(() => frames.count), before);
+    };
+    await assertIdle();
+    await list.pull();
+    await assertIdle();
+});
+
+// By how much two pictures differ inside a rectangle, when the second is moved by some pixels.
+function difference(one, other, { x, y, width, height }, dx, dy) {
+    let sum = 0;
+    for (let row = y; row < y + height; ++row) {
+        for (let column = x; column < x + width; ++column) {
+            const [red] = one.pixel(column, row);
+            const [otherRed] = other.pixel(column + dx, row + dy);
+            sum += Math.abs(red - otherRed);
+        }
+    }
+    return sum / (width * height);
+}
+
+// That a text which is drawn in one picture is at the same pixels in the other, or so many below.
+function assertSamePlace(one, other, area, below = 0) {
+    const unmoved = difference(one, other, area, 0, below);
+    for (const [dx, dy] of [[0, 1], [0, -1], [1, 0], [-1, 0]]) {
+        const moved = difference(one, other, area, dx, below + dy);
+        assert.ok(unmoved < moved / 2, `${unmoved}, and ${moved} when moved by ${dx}, ${dy}`);
+    }
+}
+
+for (const scale of [1, 2]) {
+    test(`with ${scale} pixels to the point, a text does not move when it is edited`, async () => {
+        phone = await Phone.start({ deviceScaleFactor: scale });
+        const long = `One\ntwo lines that go\n\n${"on and ".repeat(20)}`;
+        const list = await List.with(phone, server.address, ["Quick fjord, 12", "שלום עולם", long]);
+        const area = (x, y, width, height) =>
+            ({ x: x * scale, y: y * scale, width: width * scale, height: height * scale });
+        const hideCaret = () => list.page.evaluate(() => {
+            document.activeElement.style.caretColor = "transparent";
+        });
+        const drawn = await list.tab.picture(`drawn-at-${scale}`);
+        await list.tab.tap([30, rowMiddle(0)]);
+        await list.editing();
+        await hideCaret();
+        assertSamePlace(drawn, await list.tab.picture(`edited-at-${scale}`), area(5, 10, 200, 40));
+        await list.key("Enter");
+        const drawnFromRight = await list.tab.picture();
+        await list.key("Home");
+        await list.key("ArrowDown");
+        await list.key("F2");
+        await list.editing();
+        await hideCaret();
+        // Its row has slid to the top.
+        const editedFromRight = await list.tab.picture(`edited-from-right-at-${scale}`);
+        assertSamePlace(drawnFromRight, editedFromRight, area(170, 75, 200, 35), -60 * scale);
+        await list.key("Enter");
+
+        await list.key("End");
+        await list.key("Enter");
+        const drawnBelow = await list.tab.picture(`drawn-below-at-${scale}`);
+        await list.tab.tap([100, 100]);
+        await list.editing();
+        await hideCaret();
+        assertSamePlace(drawnBelow, await list.tab.picture(`edited-below-at-${scale}`), area(10, 66, 340, 110));
+    });
+}
