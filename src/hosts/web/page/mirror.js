@@ -91,8 +91,10 @@ class Mirrored {
         });
         element.addEventListener("keydown", (event) => {
             // Where the program's keys cannot go, Enter and Space are the browser's and press the element.
+            // What holds the element that was meant has no say in it.
+            const isMeant = event.target === element;
             const hasKeys = action < 0 && this.isFocusable;
-            if (!hasKeys && (event.key === "Enter" || event.key === " ")) {
+            if (isMeant && !hasKeys && (event.key === "Enter" || event.key === " ")) {
                 event.stopPropagation();
             }
         });
