@@ -17,8 +17,8 @@ std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
 {
     const CGRect middle = CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight);
     auto button = std::make_shared<UIAccessibilityButton>(
-        middle, Bundle::main().localizedString("Add note"), [&list] { return !list.tastieraAttiva; },
-        [&list] { list.nuovaNota(); });
+        middle, Bundle::main().localizedString("Add note"), [&list] { return list.canAddNote(); },
+        [&list] { return list.nuovaNota(); });
     button->setAutoresizingMask(fillsWidth);
     return button;
 }

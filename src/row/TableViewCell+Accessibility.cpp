@@ -24,11 +24,7 @@ std::string dateAndState(const ToDoItem2& note)
 
 std::optional<UIAccessibilityInfo> TableViewCell::accessibilityInfo()
 {
-    if (!m_toDoItem)
-        return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = label->text()};
     std::optional<UIAccessibilityInfo> info = UITableViewCell::accessibilityInfo();
-    if (!info)
-        return {};
     info->subject = m_toDoItem;
     info->label = label->text().empty() ? words("Empty note") : label->text();
     info->value = dateAndState(*m_toDoItem);
