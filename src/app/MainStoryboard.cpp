@@ -55,6 +55,13 @@ void fillNote(UIViewController& controller, UIView& view)
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
     bar->addSubview(leftBarButton("chiudi", "Close", [&note] { note.chiudi(); }));
+    // What the bar's colour tells.
+    const auto heading =
+        std::make_shared<UILabel>(CGRectMake(barHeight, 0, size.width - 2 * barHeight, barHeight));
+    heading->setAutoresizingMask(fillsWidth);
+    heading->setHeading(true);
+    bar->addSubview(heading);
+    note.intestazione = heading;
     bar->addSubview(rightBarButton(size.width, "ok", "Save", [&note] { note.ok(); }));
 
     const auto text = std::make_shared<UITextView>(CGRect{});

@@ -58,6 +58,7 @@ public:
     void toDoItemRiaperto(const std::shared_ptr<ToDoItem2>&) override;
     void toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>&) override;
     void toDoItemDeleted(const std::shared_ptr<ToDoItem2>&) override;
+    void toDoItemAddedBelow(const std::shared_ptr<ToDoItem2>&) override;
     bool tableViewCanEditRowAtIndexPath(UITableView&, IndexPath) override;
     bool tableViewShouldIndentWhileEditingRowAtIndexPath(UITableView&, IndexPath) override;
     UITableViewCellEditingStyle tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath) override;
