@@ -85,6 +85,11 @@ TEST_F(KeysTest, AHiddenRingProtectsItsRow)
     EXPECT_EQ(marked(), 1);
     press(HostKey::remove);
     EXPECT_EQ(saved(), (Lines{"One"}));
+
+    swipe(0, 60);
+    host.advance(0.5);
+    press(HostKey::remove);
+    EXPECT_EQ(saved(), (Lines{"One"})) << "a finger took the ring away again";
 }
 
 TEST_F(KeysTest, LongListsScrollToTheFocusAndScreensGiveItBack)
@@ -109,6 +114,8 @@ TEST_F(KeysTest, NoKeyActsOnARowThatNobodySees)
 {
     start(Lines(100, "note"));
     press(HostKey::tab);
+    for (int row = 0; row < 7; ++row)
+        press(HostKey::down);
     host.wheel({100, 100}, -60.0 * 50);
     EXPECT_TRUE(host.press(HostKey::remove));
     host.advance(0.7);
