@@ -17,8 +17,8 @@ std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
 {
     const CGRect middle = CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight);
     auto button = std::make_shared<UIAccessibilityButton>(
-        middle, Bundle::main().localizedString("Add note"), [&list] { return !list.tastieraAttiva; },
-        [&list] { list.nuovaNota(); });
+        middle, Bundle::main().localizedString("Add note"), [&list] { return list.canAddNote(); },
+        [&list] { return list.nuovaNota(); });
     button->setAutoresizingMask(fillsWidth);
     return button;
 }
@@ -55,6 +55,13 @@ void fillNote(UIViewController& controller, UIView& view)
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
     bar->addSubview(leftBarButton("chiudi", "Close", [&note] { note.chiudi(); }));
+    // What the bar's colour tells.
+    const auto heading =
+        std::make_shared<UILabel>(CGRectMake(barHeight, 0, size.width - 2 * barHeight, barHeight));
+    heading->setAutoresizingMask(fillsWidth);
+    heading->setHeading(true);
+    bar->addSubview(heading);
+    note.intestazione = heading;
     bar->addSubview(rightBarButton(size.width, "ok", "Save", [&note] { note.ok(); }));
 
     const auto text = std::make_shared<UITextView>(CGRect{});

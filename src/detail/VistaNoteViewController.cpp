@@ -1,4 +1,5 @@
 #include "VistaNoteViewController.h"
+#include "Bundle.h"
 #include "FatalError.h"
 #include "HostKey.h"
 #include "Print.h"
@@ -31,6 +32,10 @@ void VistaNoteViewController::viewWillAppear(bool)
     if (!bar)
         fatalError("The note's colour bar is not connected");
     bar->setBackgroundColor(coloreNota.value_or(UIColor::clear()));
+    if (const std::shared_ptr<UILabel> heading = intestazione.lock()) {
+        heading->setAccessibilityLabel(
+            Bundle::main().localizedString(shown.completed ? "Completed note" : "Open note"));
+    }
     textView()->setText(shown.text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "CGColor.h"
 #include "ToDoItem2.h"
+#include "UILabel.h"
 #include "UITextView.h"
 #include "UIViewController.h"
 #include "delegatoRicaricaNote.h"
@@ -29,6 +30,8 @@ public:
     delegatoRicaricaNote* delegate = nullptr;
     std::weak_ptr<UITextView> testo;
     std::weak_ptr<UIView> barra;
+    /// Shows nothing; tells those who do not see the bar what its colour says.
+    std::weak_ptr<UILabel> intestazione;
     std::vector<std::shared_ptr<ToDoItem2>> arrayNotePortato;
     std::optional<std::int64_t> indirizzoNotaDaVisualizzare;
     std::optional<CGColor> coloreNota;

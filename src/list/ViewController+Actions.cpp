@@ -132,6 +132,17 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     list->endUpdates();
 }
 
+void ViewController::toDoItemAddedBelow(const std::shared_ptr<ToDoItem2>& note)
+{
+    const std::int64_t index = indexOf(*note) + 1;
+    // Only a row in sight can be typed into. The list may scroll past its end: it is about to grow.
+    const CGFloat bottom = static_cast<CGFloat>(index + 1) * table()->rowHeight();
+    const CGFloat lowest = bottom - table()->bounds().size.height;
+    if (table()->contentOffset().y < lowest)
+        table()->setContentOffset({0, lowest});
+    toDoItemAddedAtIndex(index);
+}
+
 void ViewController::closeGapOf(
     const ToDoItem2& note, const std::vector<std::shared_ptr<TableViewCell>>& rows)
 {

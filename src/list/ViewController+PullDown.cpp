@@ -46,16 +46,16 @@ void ViewController::scrollViewDidEndDragging(UIScrollView& scrollView, bool)
 
 bool ViewController::keyPressed(const HostKeyPress& press)
 {
-    if (press.key != HostKey::insert || tastieraAttiva)
-        return false;
-    nuovaNota();
-    return true;
+    return press.key == HostKey::insert && nuovaNota();
 }
 
-void ViewController::nuovaNota()
+bool ViewController::nuovaNota()
 {
+    if (!canAddNote())
+        return false;
     table()->setContentOffset({0, 0});
     toDoItemAddedAtIndex(0);
+    return true;
 }
 
 void ViewController::toDoItemAddedAtIndex(std::int64_t index)

@@ -32,8 +32,10 @@ public:
     void Info();
     /// The reorder button: into the mode in which rows are dragged to other places, and back.
     void settaggi();
-    /// Adds a note at the top and starts to type it. Not while another text is typed.
-    void nuovaNota();
+    /// Not while a text is typed.
+    bool canAddNote() const { return !tastieraAttiva; }
+    /// Adds a note at the top and starts to type it. False when none can be added now.
+    bool nuovaNota();
     void tutorialPrimaVolta();
 
     void prepareForSegue(UIStoryboardSegue&, const std::any& sender) override;
@@ -56,6 +58,7 @@ public:
     void toDoItemRiaperto(const std::shared_ptr<ToDoItem2>&) override;
     void toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>&) override;
     void toDoItemDeleted(const std::shared_ptr<ToDoItem2>&) override;
+    void toDoItemAddedBelow(const std::shared_ptr<ToDoItem2>&) override;
     bool tableViewCanEditRowAtIndexPath(UITableView&, IndexPath) override;
     bool tableViewShouldIndentWhileEditingRowAtIndexPath(UITableView&, IndexPath) override;
     UITableViewCellEditingStyle tableViewEditingStyleForRowAtIndexPath(UITableView&, IndexPath) override;

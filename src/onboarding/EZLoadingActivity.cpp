@@ -109,10 +109,7 @@ std::shared_ptr<UIView> EZLoadingActivity::topMostView()
 {
     if (!hasScreen())
         fatalError("There is no screen to show the activity on");
-    std::shared_ptr<UIViewController> top = UIApplication::shared().keyWindow()->rootViewController();
-    while (top->presentedViewController())
-        top = top->presentedViewController();
-    return top->view();
+    return UIApplication::shared().keyWindow()->topViewController().view();
 }
 
 bool EZLoadingActivity::show(const std::string& text, bool disableUI)

@@ -99,12 +99,18 @@ void NFXIntroViewController::makeButton(std::shared_ptr<UIImage> highlightImage)
     _button = std::make_shared<UIButton>(CGRectMake(0, 0, 250, 50));
     _button->addTarget([this](UIControl&) { ButtonPushed(); });
     _button->setTitleColor(CGColor::gray(0.4));
-    _button->setTitle(nextText);
+    setButtonText(nextText);
     _button->setHighlightedBackgroundImage(std::move(highlightImage));
     _button->setClipsToBounds(true);
     _button->layer().setCornerRadius(4);
     _button->layer().setBorder(0.5, CGColor::gray(0.8));
     view()->addSubview(_button);
+}
+
+void NFXIntroViewController::setButtonText(const std::string& text)
+{
+    _button->setTitle(text);
+    _button->setAccessibilityLabel(Bundle::main().localizedString(text));
 }
 
 void NFXIntroViewController::makePages()
@@ -171,7 +177,7 @@ std::int64_t NFXIntroViewController::currentPage(const UIScrollView& scrollView)
 void NFXIntroViewController::scrollViewDidScroll(UIScrollView& scrollView)
 {
     const std::int64_t page = currentPage(scrollView);
-    _button->setTitle(page == lastPage() ? startText : nextText);
+    setButtonText(page == lastPage() ? startText : nextText);
     _pgcontrol->setCurrentPage(page);
 }
 

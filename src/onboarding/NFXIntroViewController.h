@@ -43,6 +43,8 @@ private:
     void makeStrip();
     void makePageControl();
     void makeButton(std::shared_ptr<UIImage> highlightImage);
+    /// It shows the text itself, and tells it in the user's language.
+    void setButtonText(const std::string&);
     void makePages();
     void placeViews();
     void placePages();

@@ -1,4 +1,5 @@
 #include "PubblicitaNib.h"
+#include "Bundle.h"
 #include "PubblicitaView.h"
 #include "UINib.h"
 
@@ -29,14 +30,14 @@ std::shared_ptr<UILabel> makeHeader()
 }
 
 std::shared_ptr<UIButton> makeIcon(
-    PubblicitaView& banner, CGFloat x, int tag, std::string_view picture, std::string name)
+    PubblicitaView& banner, CGFloat x, int tag, std::string_view picture, std::string_view name)
 {
     auto icon = std::make_shared<UIButton>(CGRectMake(x, margin + headerHeight + 8, iconSize, iconSize));
     icon->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
         | UIViewAutoresizing::flexibleBottomMargin);
     icon->setTag(tag);
     icon->setImage(UIImage::named(picture, "png", pictureScale));
-    icon->setAccessibilityLabel(std::move(name));
+    icon->setAccessibilityLabel(Bundle::main().localizedString(name));
     icon->addTarget([&banner](UIControl& sender) { banner.iconaCliccata(sender); });
     return icon;
 }

@@ -24,11 +24,7 @@ std::string dateAndState(const ToDoItem2& note)
 
 std::optional<UIAccessibilityInfo> TableViewCell::accessibilityInfo()
 {
-    if (!m_toDoItem)
-        return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = label->text()};
     std::optional<UIAccessibilityInfo> info = UITableViewCell::accessibilityInfo();
-    if (!info)
-        return {};
     info->subject = m_toDoItem;
     info->label = label->text().empty() ? words("Empty note") : label->text();
     info->value = dateAndState(*m_toDoItem);
@@ -42,12 +38,19 @@ std::optional<UIAccessibilityInfo> TableViewCell::accessibilityInfo()
 std::vector<UIAccessibilityAction> TableViewCell::accessibilityActions()
 {
     std::vector<UIAccessibilityAction> actions;
-    if (!m_toDoItem->completed)
+    if (!m_toDoItem->completed) {
         actions.push_back({words("Edit"), [this] { label->becomeFirstResponder(); }});
+        if (!labelData->text().empty())
+            actions.push_back({words("Edit date"), [this] { labelData->becomeFirstResponder(); }});
+    }
     actions.push_back({words(m_toDoItem->completed ? "Reopen" : "Complete"), [this] { completeOrReopen(); }});
     actions.push_back({words("Delete"), [this] {
                            if (delegate)
                                delegate->toDoItemDeleted(m_toDoItem);
+                       }});
+    actions.push_back({words("Insert below"), [this] {
+                           if (delegate)
+                               delegate->toDoItemAddedBelow(m_toDoItem);
                        }});
     UITableView* const list = table();
     const std::int64_t place = *list->placeOf(*this);

@@ -49,16 +49,20 @@ TEST_F(AccessibilityWalkTest, ANoteIsReadAndEdited)
 {
     start({"One", "Two"});
     ASSERT_TRUE(reader.press("Two"));
-    expectScreen({"button Close", "button Save", "area Note = Two"});
+    expectScreen({"button Close", "heading Open note", "button Save", "area Note = Two"});
     EXPECT_TRUE(reader.press("Note"));
     EXPECT_EQ(host.textInput().traits().label, "Note");
-    expectScreen({"button Close", "button Save"});
+    expectScreen({"button Close", "heading Open note", "button Save"});
     host.textInput().replaceText("Deux");
     EXPECT_TRUE(reader.press("Save"));
     EXPECT_EQ(saved(), (Lines{"One", "Deux"}));
     EXPECT_TRUE(reader.press("Deux"));
     EXPECT_TRUE(reader.press("Close"));
-    EXPECT_EQ(reader.find("Deux").identifier, 0) << "the note's screen was read last";
+    EXPECT_NE((reader.read(), reader.find("Deux").identifier), 0);
+    EXPECT_EQ(reader.find("Save").identifier, 0) << "the note's screen has gone";
+    EXPECT_TRUE(reader.perform("Deux", "Complete"));
+    EXPECT_TRUE(reader.press("Deux"));
+    EXPECT_EQ(reader.everything().at(1), "heading Completed note");
 }
 
 TEST_F(AccessibilityWalkTest, SettingsMailAndLinks)

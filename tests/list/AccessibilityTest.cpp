@@ -45,10 +45,11 @@ TEST_F(AccessibilityTest, ReadsTheListFromTopToBottom)
     table().reloadData();
     host.advance(0.1);
     EXPECT_EQ(reader.everything(),
-        (Lines{"list Notes", "  item One = Nov 22, 2026 (Edit, Complete, Delete, Move down)",
-            "  item Two = Nov 21, 2026, Completed (Reopen, Delete, Move up, Move down)",
-            "  item Three (Edit, Complete, Delete, Move up)", "button Reorder notes [off]", "button Add note",
-            "button Information"}));
+        (Lines{"list Notes",
+            "  item One = Nov 22, 2026 (Edit, Edit date, Complete, Delete, Insert below, Move down)",
+            "  item Two = Nov 21, 2026, Completed (Reopen, Delete, Insert below, Move up, Move down)",
+            "  item Three (Edit, Complete, Delete, Insert below, Move up)", "button Reorder notes [off]",
+            "button Add note", "button Information"}));
     EXPECT_EQ(reader.find("Two").frame, CGRectMake(0, 60, 320, 60));
     EXPECT_EQ(reader.find("Two").index, 1);
     EXPECT_EQ(reader.find("Notes").count, 3);
@@ -63,8 +64,51 @@ TEST_F(AccessibilityTest, ReadsTheListFromTopToBottom)
     EXPECT_EQ(saved(), (Lines{"One", "x Two", "x Three"}));
 }
 
+TEST_F(AccessibilityTest, KeysActWhereTheReaderPointsThem)
+{
+    start({"One", "Two", "Three"});
+    reader.read();
+    ASSERT_TRUE(host.client().focusElement(reader.find("Two").identifier));
+    host.press(HostKey::space);
+    EXPECT_EQ(saved(), (Lines{"One", "x Two", "Three"}));
+    ASSERT_TRUE(host.client().focusElement(reader.find("Three").identifier));
+    host.advance(0.5);
+    host.press(HostKey::remove);
+    EXPECT_EQ(saved(), (Lines{"One", "x Two"}));
+}
+
+TEST_F(AccessibilityTest, RowsAreWholeAtAnyMoment)
+{
+    start({"One", "Two", "Three"});
+    const Lines before = reader.everything();
+    table().reloadData();
+    EXPECT_EQ(reader.everything(), before) << "no frame was made since";
+    EXPECT_TRUE(reader.performKnown("Two", "Delete"));
+    Lines left = before;
+    left.erase(left.begin() + 2);
+    EXPECT_EQ(reader.everything().size(), left.size()) << "what fades away is not there any more";
+
+    host.advance(1);
+    TwoFingers fingers(host, {100, 30}, {100, 90});
+    fingers.spread(40, 40);
+    reader.read();
+    EXPECT_EQ(reader.find("Notes").children.size(), 2u);
+    for (const AccessibilityElement& child : reader.find("Notes").children)
+        EXPECT_EQ(child.role, AccessibilityRole::listItem) << child.label;
+    fingers.cancel();
+}
+
 TEST_F(AccessibilityTest, DoesWhatKeysAndFingersDo)
 {
+    // The lines tell of the finger's way, too.
+    const std::pair<std::string, CGFloat> swipes[] = {{"Complete", 200}, {"Delete", -200}};
+    for (const auto& deed : swipes) {
+        Effect byFinger = effectOf([&] { swipe(1, deed.second); });
+        Effect byReader = effectOf([&] { EXPECT_TRUE(reader.perform("Two", deed.first)); });
+        byFinger.lines.clear();
+        byReader.lines.clear();
+        EXPECT_EQ(byReader, byFinger) << deed.first;
+    }
     const std::pair<std::string, HostKeyPress> deeds[] = {{"Complete", {HostKey::space}},
         {"Delete", {HostKey::remove}}, {"Edit", {HostKey::edit}}, {"Move up", {HostKey::up, false, true}},
         {"Move down", {HostKey::down, false, true}}};
@@ -77,11 +121,40 @@ TEST_F(AccessibilityTest, DoesWhatKeysAndFingersDo)
     EXPECT_EQ(byKey.edited, "Note: ");
     EXPECT_EQ(effectOf([&] { EXPECT_TRUE(reader.press("Add note")); }), byKey);
 
+    start({"One", "Two"});
+    list().arrayNote[1]->data = "Nov 22, 2026";
+    table().reloadData();
+    EXPECT_TRUE(reader.perform("Two", "Edit date"));
+    EXPECT_EQ(host.textInput().traits().label + ": " + host.textInput().text(), "Date: Nov 22, 2026");
+    host.textInput().pressReturn();
+    host.advance(0.5);
+
     start({"x One"});
     reader.perform("One", "Reopen");
     EXPECT_EQ(saved(), (Lines{"One"}));
     ASSERT_TRUE(reader.press("One"));
     EXPECT_TRUE(dynamic_cast<VistaNoteViewController*>(presented().get()));
+}
+
+TEST_F(AccessibilityTest, InsertsBelowARowEvenOutOfSight)
+{
+    Lines texts;
+    for (int i = 0; i < 20; ++i)
+        texts.push_back("note " + std::to_string(i));
+    start(texts);
+    const auto insertBelow = [&](const std::string& note) {
+        reader.perform(note, "Insert below");
+        EXPECT_TRUE(host.textInput().isEditing()) << note;
+        type("below " + note);
+        host.advance(0.5);
+        texts.insert(std::find(texts.begin(), texts.end(), note) + 1, "below " + note);
+    };
+    insertBelow("note 0");
+    insertBelow("note 6");
+    host.wheel({100, 100}, -10000);
+    host.advance(0.1);
+    insertBelow("note 19");
+    EXPECT_EQ(saved(), texts);
 }
 
 TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
@@ -152,21 +225,32 @@ TEST_F(AccessibilityTest, LongListsAreReadPageByPage)
     EXPECT_EQ(reader.find("Notes").children.back().index, 19);
     EXPECT_EQ(reader.find("Notes").actions, (Lines{"Scroll up"}));
     EXPECT_EQ(reader.faults(), Lines{});
+
+    ASSERT_TRUE(host.client().focusElement(reader.find("Notes").children.back().identifier));
+    reader.perform("Notes", "Scroll up");
+    reader.read();
+    EXPECT_TRUE(reader.find("Notes").children.front().isFocused) << "reading goes on at the new page's top";
+    host.wheel({100, 100}, -600);
+    host.advance(0.1);
+    reader.read();
+    EXPECT_TRUE(reader.find("Notes").children.front().isFocused);
 }
 
 TEST_F(AccessibilityTest, SaysWhichModeItIsInAndSpeaksTheUsersLanguage)
 {
     host.locale().setPreferredLanguages({"de-AT"});
     start({"x Eins", "Zwei"});
-    EXPECT_TRUE(reader.press("Notizen sortieren"));
+    EXPECT_TRUE(reader.press("Notizen neu anordnen"));
     EXPECT_EQ(reader.everything(),
-        (Lines{"list Notizen", "  item Eins = Erledigt (Wieder öffnen, Löschen, Nach unten)",
-            "  item Zwei (Bearbeiten, Erledigen, Löschen, Nach oben)", "button Notizen sortieren [on]",
-            "button Notiz hinzufügen", "button Informationen"}));
+        (Lines{"list Notizen",
+            "  item Eins = Erledigt (Als offen markieren, Löschen, Darunter einfügen, Nach unten "
+            "verschieben)",
+            "  item Zwei (Bearbeiten, Erledigen, Löschen, Darunter einfügen, Nach oben verschieben)",
+            "button Notizen neu anordnen [on]", "button Notiz hinzufügen", "button Informationen"}));
     EXPECT_FALSE(reader.press("Eins")) << "rows are not opened while they are sorted";
-    EXPECT_TRUE(reader.press("Notizen sortieren"));
+    EXPECT_TRUE(reader.press("Notizen neu anordnen"));
     reader.read();
-    EXPECT_FALSE(reader.find("Notizen sortieren").isSelected);
+    EXPECT_FALSE(reader.find("Notizen neu anordnen").isSelected);
     EXPECT_TRUE(reader.press("Eins"));
 }
 

@@ -85,6 +85,11 @@ TEST_F(KeysTest, AHiddenRingProtectsItsRow)
     EXPECT_EQ(marked(), 1);
     press(HostKey::remove);
     EXPECT_EQ(saved(), (Lines{"One"}));
+
+    swipe(0, 60);
+    host.advance(0.5);
+    press(HostKey::remove);
+    EXPECT_EQ(saved(), (Lines{"One"})) << "a finger took the ring away again";
 }
 
 TEST_F(KeysTest, LongListsScrollToTheFocusAndScreensGiveItBack)
@@ -103,13 +108,28 @@ TEST_F(KeysTest, LongListsScrollToTheFocusAndScreensGiveItBack)
     EXPECT_EQ(marked(), 0);
     press(HostKey::home);
     EXPECT_EQ(table().contentOffset().y, 0);
+}
 
+TEST_F(KeysTest, NoKeyActsOnARowThatNobodySees)
+{
+    start(Lines(100, "note"));
+    press(HostKey::tab);
+    for (int row = 0; row < 7; ++row)
+        press(HostKey::down);
     host.wheel({100, 100}, -60.0 * 50);
-    host.advance(0.1);
-    EXPECT_EQ(marked(), -1);
-    press(HostKey::down);
-    EXPECT_EQ(table().contentOffset().y, 60) << "the keys go on where they were";
+    EXPECT_TRUE(host.press(HostKey::remove));
+    host.advance(0.7);
+    EXPECT_EQ(notes().size(), 100u) << "it was not to be seen yet where keys go now";
+    EXPECT_EQ(table().contentOffset().y, 60 * 50) << "the keys go to what is in sight";
     EXPECT_EQ(marked(), 0);
+    press(HostKey::down);
+    press(HostKey::space);
+    EXPECT_EQ(saved().at(51), "x note");
+
+    host.wheel({100, 100}, 60.0 * 20 - 20);
+    host.advance(0.1);
+    press(HostKey::space);
+    EXPECT_EQ(saved().at(37), "x note") << "of the row below only a third is in sight";
 }
 
 TEST_F(KeysTest, NothingMovesUnderAFinger)

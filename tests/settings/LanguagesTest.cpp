@@ -13,7 +13,8 @@ TEST_F(SettingsTest, EveryLanguageTranslatesEveryText)
         "Theme", "Select theme", "Notes", "Note", "Date", "Empty note", "Completed", "Add note",
         "Reorder notes", "Information", "Close", "Save", "Edit", "Complete", "Reopen", "Delete", "Move up",
         "Move down", "Scroll up", "Scroll down", "Previous page", "Next page", "Page %1 of %2", "In progress",
-        "Message", "On", "Off", "Tutorial",
+        "Message", "On", "Off", "Tutorial", "Edit date", "Insert below", "Open note", "Completed note",
+        "Hourglass", "Diary", "next", "close", "Cancel", "Send",
         "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete "
         "it.",
         "Pull two notes apart to insert a note between them."};

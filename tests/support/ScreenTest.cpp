@@ -1,4 +1,5 @@
 #include "ScreenTest.h"
+#include "Bundle.h"
 #include "CATimeline.h"
 #include "Class.h"
 #include "UIStoryboard.h"
@@ -38,6 +39,7 @@ ScreenTest::ScreenTest(std::string resourceDirectory)
 ScreenTest::~ScreenTest()
 {
     host.quit();
+    Bundle::main().reset();
     CATimeline::main().reset();
 }
 

@@ -70,11 +70,55 @@ QString AccessibleElement::text(QAccessible::Text kind) const
     case QAccessible::Name:
         return QString::fromStdString(element().label);
     case QAccessible::Description:
+        return isText() ? QString() : descriptionWithPlace();
     case QAccessible::Value:
-        return QString::fromStdString(element().value);
+        return value();
     default:
         return {};
     }
+}
+
+QString AccessibleElement::descriptionWithPlace() const
+{
+    const AccessibilityElement* const list = m_mirror.around(m_identifier);
+    if (!list || element().index < 0)
+        return value();
+    // Qt has no other means to say which of a list's items this is: those out of sight have no interface.
+    const QString place = QStringLiteral("%1/%2").arg(element().index + 1).arg(list->count);
+    return value().isEmpty() ? place : value() + QStringLiteral(", ") + place;
+}
+
+bool AccessibleElement::isText() const
+{
+    return element().role == AccessibilityRole::textField || element().role == AccessibilityRole::textArea;
+}
+
+QString AccessibleElement::value() const
+{
+    return QString::fromStdString(element().value);
+}
+
+QString AccessibleElement::text(int startOffset, int endOffset) const
+{
+    return value().mid(startOffset, endOffset - startOffset);
+}
+
+int AccessibleElement::characterCount() const
+{
+    return static_cast<int>(value().size());
+}
+
+void AccessibleElement::selection(int, int* startOffset, int* endOffset) const
+{
+    *startOffset = 0;
+    *endOffset = 0;
+}
+
+QString AccessibleElement::attributes(int, int* startOffset, int* endOffset) const
+{
+    *startOffset = 0;
+    *endOffset = characterCount();
+    return {};
 }
 
 QRect AccessibleElement::rect() const
@@ -123,6 +167,7 @@ QAccessible::State AccessibleElement::state(const AccessibilityElement& element)
     state.modal = element.role == AccessibilityRole::dialog;
     state.busy = element.role == AccessibilityRole::progress;
     state.multiLine = element.role == AccessibilityRole::textArea;
+    state.readOnly = state.multiLine || element.role == AccessibilityRole::textField;
     state.checkable = element.isToggle || element.role == AccessibilityRole::option;
     state.checked = element.isSelected;
     return state;
@@ -137,7 +182,11 @@ QAccessible::State AccessibleElement::state() const
 
 void* AccessibleElement::interface_cast(QAccessible::InterfaceType type)
 {
-    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+    if (type == QAccessible::ActionInterface)
+        return static_cast<QAccessibleActionInterface*>(this);
+    if (type == QAccessible::TextInterface && isText())
+        return static_cast<QAccessibleTextInterface*>(this);
+    return nullptr;
 }
 
 QStringList AccessibleElement::actionNames() const

@@ -8,7 +8,9 @@ namespace velmorath {
 class AccessibleMirror;
 
 /// One element of the screen as screen readers know it. Not valid any more when the element has gone.
-class AccessibleElement final : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleElement final : public QAccessibleInterface,
+                                public QAccessibleActionInterface,
+                                public QAccessibleTextInterface {
 public:
     /// The mirror outlives this.
     AccessibleElement(AccessibleMirror&, std::int64_t identifier);
@@ -36,7 +38,25 @@ public:
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
+    /// The text of a field or an area, to be read: it is selected and changed in the editor.
+    QString text(int startOffset, int endOffset) const override;
+    int characterCount() const override;
+    int selectionCount() const override { return 0; }
+    void selection(int index, int* startOffset, int* endOffset) const override;
+    void addSelection(int, int) override { }
+    void removeSelection(int) override { }
+    void setSelection(int, int, int) override { }
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override { }
+    QRect characterRect(int) const override { return rect(); }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override { }
+    QString attributes(int offset, int* startOffset, int* endOffset) const override;
+
 private:
+    bool isText() const;
+    QString value() const;
+    QString descriptionWithPlace() const;
     /// An empty one when it has gone.
     const AccessibilityElement& element() const;
 

@@ -9,14 +9,6 @@ namespace {
 /// Seconds. What moves longer than this is told while it moves.
 constexpr double longMotion = 0.5;
 
-void collectIdentifiers(const AccessibilityElement& around, std::set<std::int64_t>& identifiers)
-{
-    for (const AccessibilityElement& child : around.children) {
-        identifiers.insert(child.identifier);
-        collectIdentifiers(child, identifiers);
-    }
-}
-
 } // namespace
 
 AccessibleMirror::AccessibleMirror(QWidget& screen, Report listener)
@@ -89,7 +81,7 @@ void AccessibleMirror::show(AccessibilityElement root)
     if (root == m_root)
         return;
     std::set<std::int64_t> staying;
-    collectIdentifiers(root, staying);
+    collectStaying(root, staying);
     reportGone(staying);
 
     // What was there is kept until all is reported: places point into it.
@@ -98,9 +90,10 @@ void AccessibleMirror::show(AccessibilityElement root)
     const std::int64_t focusedBefore = std::exchange(m_focused, 0);
     collect(m_root, before);
     forgetGone(before);
-    reportNew(before);
+    reportNew(staying);
     reportChanges(before);
-    if (m_focused != focusedBefore && m_screen.hasFocus())
+    const bool wasMoved = m_focused != 0 && !staying.contains(m_focused);
+    if ((wasMoved || m_focused != focusedBefore) && m_screen.hasFocus())
         reportFocus();
 }
 
@@ -117,6 +110,24 @@ void AccessibleMirror::collect(const AccessibilityElement& around, const Places&
         if (child.isFocused)
             m_focused = child.identifier;
         collect(child, before);
+    }
+}
+
+void AccessibleMirror::collectStaying(
+    const AccessibilityElement& around, std::set<std::int64_t>& staying) const
+{
+    std::ptrdiff_t last = -1;
+    for (const AccessibilityElement& child : around.children) {
+        const auto known = m_places.find(child.identifier);
+        if (known != m_places.end()) {
+            const AccessibilityElement& before = known->second.around ? *known->second.around : m_root;
+            const std::ptrdiff_t index = known->second.element - before.children.data();
+            if (before.identifier == around.identifier && index > last) {
+                last = index;
+                staying.insert(child.identifier);
+            }
+        }
+        collectStaying(child, staying);
     }
 }
 
@@ -137,13 +148,13 @@ void AccessibleMirror::forgetGone(const Places& before) const
     }
 }
 
-void AccessibleMirror::reportNew(const Places& before) const
+void AccessibleMirror::reportNew(const std::set<std::int64_t>& staying) const
 {
     for (const auto& [identifier, place] : m_places) {
-        const bool comesAlone = !place.around || before.contains(place.around->identifier);
-        if (comesAlone && !before.contains(identifier))
+        const bool comesAlone = !place.around || staying.contains(place.around->identifier);
+        if (comesAlone && !staying.contains(identifier))
             report(place.interface, QAccessible::ObjectCreated);
-        if (place.element->role == AccessibilityRole::dialog && !before.contains(identifier))
+        if (place.element->role == AccessibilityRole::dialog && !staying.contains(identifier))
             report(place.interface, QAccessible::DialogStart);
     }
 }

@@ -54,9 +54,12 @@ private:
     void accessibilityActiveChanged(bool active) override;
     void show(AccessibilityElement root);
     void collect(const AccessibilityElement& around, const Places& before);
+    /// Those of these elements that are where they were: in the same one, in the same order. What was moved
+    /// is reported as gone and come again.
+    void collectStaying(const AccessibilityElement& around, std::set<std::int64_t>& staying) const;
     void reportGone(const std::set<std::int64_t>& staying) const;
     void forgetGone(const Places& before) const;
-    void reportNew(const Places& before) const;
+    void reportNew(const std::set<std::int64_t>& staying) const;
     void reportChanges(const Places& before) const;
 
     void report(QAccessibleInterface*, QAccessible::Event) const;

@@ -176,7 +176,12 @@ void ScreenWidget::showEvent(QShowEvent*)
 void ScreenWidget::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
-    m_mirror.keysCame();
+    // Qt itself reports that the window has the focus, after this: what is on it comes last.
+    const auto tellWhere = [this] {
+        if (hasFocus())
+            m_mirror.keysCame();
+    };
+    QMetaObject::invokeMethod(this, tellWhere, Qt::QueuedConnection);
 }
 
 void ScreenWidget::hideEvent(QHideEvent*)

@@ -89,6 +89,12 @@ struct CGRect {
     bool operator==(const CGRect&) const = default;
 };
 
+/// Of two corners: one reads from top to bottom, and from left to right.
+inline bool isReadBefore(CGPoint a, CGPoint b)
+{
+    return a.y != b.y ? a.y < b.y : a.x < b.x;
+}
+
 inline CGRect CGRectMake(CGFloat x, CGFloat y, CGFloat width, CGFloat height)
 {
     return {{x, y}, {width, height}};

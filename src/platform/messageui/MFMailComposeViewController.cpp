@@ -73,6 +73,7 @@ std::shared_ptr<UIButton> MFMailComposeViewController::addButton(
 {
     auto button = std::make_shared<UIButton>();
     button->setTitle(title);
+    button->setAccessibilityLabel(Bundle::main().localizedString(title));
     button->addTarget([action = std::move(action)](UIControl&) { action(); });
     view()->addSubview(button);
     return button;

@@ -3,7 +3,7 @@
 namespace velmorath {
 
 UIAccessibilityButton::UIAccessibilityButton(
-    const CGRect& frame, std::string label, std::function<bool()> isPossible, std::function<void()> action)
+    const CGRect& frame, std::string label, std::function<bool()> isPossible, std::function<bool()> action)
     : UIView(frame)
     , m_isPossible(std::move(isPossible))
     , m_action(std::move(action))

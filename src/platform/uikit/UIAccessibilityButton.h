@@ -8,15 +8,15 @@ namespace velmorath {
 /// touches go through it, but it has a place, where a finger that explores the screen comes upon it.
 class UIAccessibilityButton : public UIView {
 public:
-    /// It can be pressed while `isPossible` says so.
+    /// It can be pressed while `isPossible` says so. The action returns false when it refused.
     UIAccessibilityButton(const CGRect& frame, std::string label, std::function<bool()> isPossible,
-        std::function<void()> action);
+        std::function<bool()> action);
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
 private:
     std::function<bool()> m_isPossible;
-    std::function<void()> m_action;
+    std::function<bool()> m_action;
 };
 
 } // namespace velmorath

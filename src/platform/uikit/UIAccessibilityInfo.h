@@ -24,8 +24,8 @@ struct UIAccessibilityInfo {
     /// A place in a list, and how many a list has; -1 for all others.
     std::int64_t index = -1;
     std::int64_t count = -1;
-    /// What a tap would do; empty when that is nothing.
-    std::function<void()> press{};
+    /// What a tap would do; empty when that is nothing. False when it was refused.
+    std::function<bool()> press{};
     std::vector<UIAccessibilityAction> actions{};
     /// What the view shows just now, where one view shows different things in turn: a thing is the same to
     /// the reader whichever view shows it. Nothing when the view is the thing.

@@ -16,18 +16,15 @@ bool holdsOthers(AccessibilityRole role)
         || role == AccessibilityRole::list;
 }
 
-bool isInvisible(const UIView& view)
+bool isUntold(const UIView& view)
 {
-    return view.isHidden() || view.alpha() < 0.01;
+    return view.isHidden() || view.alpha() < 0.01 || view.isHiddenFromAccessibility();
 }
 
 void putInReadingOrder(std::vector<AccessibilityElement>& elements)
 {
-    std::stable_sort(elements.begin(), elements.end(), [](const auto& a, const auto& b) {
-        const CGPoint left = a.frame.origin;
-        const CGPoint right = b.frame.origin;
-        return left.y != right.y ? left.y < right.y : left.x < right.x;
-    });
+    std::stable_sort(elements.begin(), elements.end(),
+        [](const auto& a, const auto& b) { return isReadBefore(a.frame.origin, b.frame.origin); });
 }
 
 AccessibilityElement element(const UIAccessibilityInfo& info)
@@ -66,7 +63,7 @@ std::int64_t UIAccessibilityTree::identifier(const std::shared_ptr<const void>& 
 
 void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<AccessibilityElement>& siblings)
 {
-    if (isInvisible(view))
+    if (isUntold(view))
         return;
     std::optional<UIAccessibilityInfo> info = view.accessibilityInfo();
     if (!info) {
@@ -80,8 +77,9 @@ void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<Ac
     told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
     told.frame = frame;
     told.isFocusable = view.canBecomeFocused();
-    // Without a view of their own, keys are the dialog's: whoever listens is to hear of it.
-    told.isFocused = reading.focused ? &view == reading.focused : info->role == AccessibilityRole::dialog;
+    // Keys that no view has and no editor are the dialog's: whoever listens is to hear of it.
+    const bool isDialog = info->role == AccessibilityRole::dialog;
+    told.isFocused = reading.focused ? &view == reading.focused : isDialog && !UIResponder::current();
     if (holdsOthers(info->role)) {
         collectSubviews(view, reading, told.children);
         putInReadingOrder(told.children);
@@ -99,6 +97,7 @@ void UIAccessibilityTree::collectSubviews(
 
 UIAccessibilityTree::Reading UIAccessibilityTree::read(UIWindow& window, const UIView* focused)
 {
+    window.layoutIfNeeded();
     std::erase_if(m_identifiers, [](const auto& entry) { return entry.first.expired(); });
     Reading reading;
     reading.focused = focused;
@@ -134,8 +133,7 @@ bool UIAccessibilityTree::press(UIWindow& window, std::int64_t identifier)
     const std::optional<Entry> entry = entryAsTold(window, identifier);
     if (!entry || !entry->info.press)
         return false;
-    entry->info.press();
-    return true;
+    return entry->info.press();
 }
 
 bool UIAccessibilityTree::perform(UIWindow& window, std::int64_t identifier, std::size_t action)

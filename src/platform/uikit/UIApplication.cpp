@@ -183,7 +183,7 @@ bool UIApplication::focusElement(std::int64_t identifier)
     if (!view || !view->canBecomeFocused())
         return false;
     Host::current().screen().requestFrame();
-    m_focusSystem.focus(view);
+    m_focusSystem.focusByUser(*keyWindow(), view);
     return true;
 }
 

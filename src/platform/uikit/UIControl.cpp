@@ -30,7 +30,10 @@ std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
         .label = accessibilityLabel(),
         .isSelected = m_selected,
         .isToggle = m_isToggle,
-        .press = [this] { press(); }};
+        .press = [this] {
+            press();
+            return true;
+        }};
 }
 
 void UIControl::touchesBegan(const UITouches&)

@@ -3,7 +3,6 @@
 #include "UIViewController.h"
 #include "UIWindow.h"
 #include <algorithm>
-#include <utility>
 
 namespace velmorath {
 
@@ -23,15 +22,13 @@ void collectFocusable(const std::shared_ptr<UIView>& view, std::vector<std::shar
         collectFocusable(subview, found);
 }
 
-/// As one reads: from top to bottom, and from left to right.
+/// In reading order.
 std::vector<std::shared_ptr<UIView>> focusableViews(UIView& screen)
 {
     std::vector<std::shared_ptr<UIView>> views;
     collectFocusable(screen.shared_from_this(), views);
     std::stable_sort(views.begin(), views.end(), [](const auto& a, const auto& b) {
-        const CGPoint left = a->convertToWindow(a->bounds().origin);
-        const CGPoint right = b->convertToWindow(b->bounds().origin);
-        return left.y != right.y ? left.y < right.y : left.x < right.x;
+        return isReadBefore(a->convertToWindow(a->bounds().origin), b->convertToWindow(b->bounds().origin));
     });
     return views;
 }
@@ -53,13 +50,28 @@ UIFocusSystem::UIFocusSystem()
 void UIFocusSystem::focus(std::shared_ptr<UIView> view)
 {
     m_focused = std::move(view);
+    m_known.reset();
+}
+
+void UIFocusSystem::focusByUser(UIWindow& window, std::shared_ptr<UIView> view)
+{
+    replaceLostFocus(*window.topViewController().view());
+    m_focused = std::move(view);
+    m_known = m_focused;
+    m_ringIsWanted = true;
+}
+
+void UIFocusSystem::hideRing()
+{
+    m_ringIsWanted = false;
+    m_known.reset();
 }
 
 void UIFocusSystem::focusAround(UIView& view)
 {
     for (UIView* around = &view; around; around = around->superview()) {
         if (around->canBecomeFocused()) {
-            m_focused = around->shared_from_this();
+            focus(around->shared_from_this());
             return;
         }
     }
@@ -72,12 +84,16 @@ bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
     const std::shared_ptr<UIView> screen = controller.view();
     const auto keepAlive = controller.shared_from_this();
     replaceLostFocus(*screen);
-    const bool wasSeen = std::exchange(m_ringIsWanted, true);
+    m_ringIsWanted = true;
     const bool isFinal = press.key == HostKey::remove || press.key == HostKey::space;
-    if (isFinal && m_focused && !wasSeen)
-        return true;
+    const bool onlyMarks = isFinal && m_focused && m_known.lock() != m_focused;
+    const bool isUsed = onlyMarks || useKey(window, press, m_focused ? m_focused : screen);
+    m_known = m_focused;
+    return isUsed;
+}
 
-    const std::shared_ptr<UIView> start = m_focused ? m_focused : screen;
+bool UIFocusSystem::useKey(UIWindow& window, const HostKeyPress& press, const std::shared_ptr<UIView>& start)
+{
     for (UIView* view = start.get(); view && view != &window; view = view->superview()) {
         if (view->keyPressed(press) || (view->viewController() && view->viewController()->keyPressed(press)))
             return true;
@@ -165,6 +181,7 @@ void UIFocusSystem::placeRing(UIWindow& window)
     m_place = m_focused->shownInWindow(m_focused->bounds()).intersected(m_focused->clipInWindow());
     if (!isSeen)
         return;
+    m_known = m_focused;
     if (window.layer().sublayers().back() != m_ring)
         window.layer().addSublayer(m_ring);
     m_ring->setFrame(m_place);

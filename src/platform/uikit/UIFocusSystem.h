@@ -20,22 +20,27 @@ public:
 
     const std::shared_ptr<UIView>& focusedView() const { return m_focused; }
     void focus(std::shared_ptr<UIView>);
+    /// As the user does it: the next key acts there.
+    void focusByUser(UIWindow&, std::shared_ptr<UIView>);
     /// Points the keys at the innermost view around this one that they can be pointed at.
     void focusAround(UIView&);
     /// A finger came down: nothing is marked until the next key. A key that cannot be taken back only
-    /// marks what it would act on then.
-    void hideRing() { m_ringIsWanted = false; }
+    /// marks what it would act on, as long as the user cannot know where keys go.
+    void hideRing();
     /// Keeps the ring where its view is shown. Called with each frame. A view that has gone leaves the
     /// focus to its neighbour.
     void update(UIWindow&);
 
 private:
+    bool useKey(UIWindow&, const HostKeyPress&, const std::shared_ptr<UIView>& start);
     void moveFocus(UIWindow&, bool forward);
     void replaceLostFocus(UIView& screen);
     void focusNearestTo(CGPoint, UIView& screen);
     void placeRing(UIWindow&);
 
     std::shared_ptr<UIView> m_focused;
+    /// Where the user knows the keys to go: what was pointed at, or had the ring in a frame.
+    std::weak_ptr<UIView> m_known;
     /// Where the focused view was last, in the window.
     CGRect m_place = CGRect::null();
     /// Where the focus was on screens that another one covers.

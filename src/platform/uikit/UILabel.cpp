@@ -39,10 +39,11 @@ void UILabel::setWraps(bool wraps)
 
 std::optional<UIAccessibilityInfo> UILabel::accessibilityInfo()
 {
-    if (m_text.empty())
+    const std::string& words = accessibilityLabel().empty() ? m_text : accessibilityLabel();
+    if (words.empty())
         return {};
     return UIAccessibilityInfo{
-        .role = m_heading ? AccessibilityRole::heading : AccessibilityRole::text, .label = m_text};
+        .role = m_heading ? AccessibilityRole::heading : AccessibilityRole::text, .label = words};
 }
 
 CGFloat UILabel::heightFitting(CGFloat width) const

@@ -1,6 +1,8 @@
 #include "HostKey.h"
 #include "UIApplication.h"
 #include "UITableView.h"
+#include <algorithm>
+#include <cmath>
 
 namespace velmorath {
 
@@ -57,6 +59,34 @@ void UITableView::focusRow(std::int64_t row)
 {
     scrollRectToVisible(rectForRow(row), false);
     UIApplication::shared().focusSystem().focus(cellForRow({0, row}));
+}
+
+std::int64_t UITableView::nearestInSight(std::int64_t row) const
+{
+    const CGFloat top = contentOffset().y / m_rowHeight;
+    const std::int64_t first = std::lround(top);
+    const std::int64_t last = std::lround(top + bounds().size.height / m_rowHeight) - 1;
+    return std::clamp<std::int64_t>(std::clamp(row, first, std::max(first, last)), 0, m_count - 1);
+}
+
+void UITableView::keepFocusInSight(std::int64_t row)
+{
+    const auto known = m_rows.find(row);
+    const bool isHeld = known != m_rows.end() && mustStay(*known->second);
+    if (isHeld || m_count == 0)
+        return;
+    const auto nearest = m_rows.find(nearestInSight(row));
+    if (nearest != m_rows.end() && nearest->first != row)
+        UIApplication::shared().focusSystem().focus(nearest->second);
+}
+
+void UITableView::scrollByReader(CGPoint offset)
+{
+    const bool hadKeys = focusedRow().has_value();
+    setContentOffset(offset);
+    layoutIfNeeded();
+    if (hadKeys)
+        UIApplication::shared().focusSystem().focus(cellForRow({0, nearestInSight(0)}));
 }
 
 void UITableView::moveByUser(std::int64_t from, std::int64_t to)

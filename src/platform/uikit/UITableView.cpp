@@ -136,12 +136,11 @@ void UITableView::layoutSubviews()
     if (m_laidOutWidth != bounds().size.width)
         placeAllRows();
 
+    const std::optional<std::int64_t> focused = focusedRow();
     const Rows rows = rowsInSight();
     for (auto entry = m_rows.begin(); entry != m_rows.end();) {
         const bool isInSight = entry->first >= rows.first && entry->first < rows.end;
-        // The keys go on from the focused row, even when a finger scrolled it away.
-        const bool isFocused = UIApplication::shared().focusSystem().focusedView() == entry->second;
-        if (isInSight || isFocused || mustStay(*entry->second)) {
+        if (isInSight || mustStay(*entry->second)) {
             ++entry;
             continue;
         }
@@ -152,6 +151,8 @@ void UITableView::layoutSubviews()
         if (!m_rows.contains(place))
             m_rows.emplace(place, makeRow(place));
     }
+    if (focused)
+        keepFocusInSight(*focused);
     for (auto& [place, cell] : m_reusable) {
         place = nowhere;
         cell->removeFromSuperview();
@@ -244,7 +245,7 @@ std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
         const CGPoint target = inside({0, contentOffset().y + way});
         if (step * (target.y - contentOffset().y) > 0)
             info.actions.push_back(
-                {Bundle::main().localizedString(name), [this, target] { setContentOffset(target); }});
+                {Bundle::main().localizedString(name), [this, target] { scrollByReader(target); }});
     };
     addScroll("Scroll down", 1);
     addScroll("Scroll up", -1);

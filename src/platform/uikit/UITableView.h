@@ -147,6 +147,12 @@ private:
     std::int64_t rowsOfAPage() const;
     std::optional<std::int64_t> focusedRow() const;
     void focusRow(std::int64_t);
+    /// The nearest row that is in sight for the most part. There must be rows.
+    std::int64_t nearestInSight(std::int64_t row) const;
+    /// Takes the keys from this row when nobody sees it: they would act on it.
+    void keepFocusInSight(std::int64_t row);
+    /// Keys that a row of the table has go to the first one of the new page.
+    void scrollByReader(CGPoint offset);
     void select(std::int64_t row);
     void applyDeletions();
     void moveDraggedRowTo(std::int64_t place);

@@ -87,20 +87,27 @@ UITableView* UITableViewCell::table() const
     return dynamic_cast<UITableView*>(superview());
 }
 
+bool UITableViewCell::isHiddenFromAccessibility() const
+{
+    return !table() || !table()->placeOf(*this);
+}
+
 std::optional<UIAccessibilityInfo> UITableViewCell::accessibilityInfo()
 {
+    UITableView* const around = table();
+    const std::int64_t place = *around->placeOf(*this);
     UIAccessibilityInfo info{.role = m_accessibilityRole,
         .label = m_textLabel->text(),
         .value = m_accessibilityValue,
         .isSelected = m_accessoryType == UITableViewCellAccessoryType::checkmark,
-        .isToggle = m_isAccessibilityToggle};
-    UITableView* const around = table();
-    const std::optional<std::int64_t> place = around ? around->placeOf(*this) : std::nullopt;
-    if (!place)
-        return {};
-    info.index = *place;
-    if (!around->isEditing())
-        info.press = [around, row = *place] { around->selectByUser(row); };
+        .isToggle = m_isAccessibilityToggle,
+        .index = place};
+    if (!around->isEditing()) {
+        info.press = [around, place] {
+            around->selectByUser(place);
+            return true;
+        };
+    }
     return info;
 }
 

@@ -45,7 +45,13 @@ public:
     /// How much of the row's right end that handle takes; nothing when it is not there.
     CGFloat reorderControlWidth() const;
 
+    /// The table that the row is in; nothing outside any.
+    UITableView* table() const;
+
     bool canBecomeFocused() const override { return true; }
+    /// What is in a table without being one of its rows just now: it is on its way out, or only looks like
+    /// one.
+    bool isHiddenFromAccessibility() const override;
     /// The built-in text as an item of the table; a checkmark counts as selected.
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
     void layoutSubviews() override;
@@ -55,8 +61,6 @@ public:
     void touchesCancelled(const UITouches&) override { setHighlighted(false); }
 
 protected:
-    /// The table that the row is in; nothing outside any.
-    UITableView* table() const;
     void draw(CGContext&) const override;
 
 private:

@@ -6,34 +6,27 @@ namespace velmorath {
 
 namespace {
 
-UITableView* tableAround(const UIView& control)
-{
-    for (UIView* view = control.superview(); view; view = view->superview()) {
-        if (auto* table = dynamic_cast<UITableView*>(view))
-            return table;
-    }
-    return nullptr;
-}
-
+/// Nothing when the handle was taken away under the finger.
 UITableViewCell* cellAround(const UIView& control)
 {
-    return dynamic_cast<UITableViewCell*>(control.superview());
+    return static_cast<UITableViewCell*>(control.superview());
 }
 
 /// Nothing while the table drags another row, or none.
 UITableView* tableDraggingRowOf(const UIView& control)
 {
-    UITableView* table = tableAround(control);
-    return table && table->isReordering(*cellAround(control)) ? table : nullptr;
+    const UITableViewCell* cell = cellAround(control);
+    UITableView* table = cell ? cell->table() : nullptr;
+    return table && table->isReordering(*cell) ? table : nullptr;
 }
 
 } // namespace
 
 void UITableViewReorderControl::touchesBegan(const UITouches& touches)
 {
-    UITableView* table = tableAround(*this);
-    if (table)
-        table->beginReordering(*cellAround(*this), touches.front()->location().y);
+    UITableViewCell* cell = cellAround(*this);
+    if (UITableView* table = cell ? cell->table() : nullptr)
+        table->beginReordering(*cell, touches.front()->location().y);
 }
 
 void UITableViewReorderControl::touchesMoved(const UITouches& touches)

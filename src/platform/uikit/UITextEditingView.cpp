@@ -115,7 +115,7 @@ std::optional<UIAccessibilityInfo> UITextEditingView::accessibilityInfo()
         .role = m_traits.multiline ? AccessibilityRole::textArea : AccessibilityRole::textField,
         .label = accessibilityLabel(),
         .value = m_text,
-        .press = [this] { becomeFirstResponder(); }};
+        .press = [this] { return becomeFirstResponder(); }};
 }
 
 void UITextEditingView::placeEditor()

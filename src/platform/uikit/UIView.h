@@ -111,6 +111,8 @@ public:
 
     /// What this is to those who do not see it; nothing when only what is in it counts.
     virtual std::optional<UIAccessibilityInfo> accessibilityInfo() { return {}; }
+    /// Neither this nor anything in it counts for them.
+    virtual bool isHiddenFromAccessibility() const { return false; }
     /// Its name for them, in the user's language, where what it shows does not say it.
     const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
     void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }

@@ -52,7 +52,7 @@ protected:
             .role = AccessibilityRole::list,
             .label = "Notes",
             .frame = CGRectMake(0, 0, 375, 600),
-            .count = 2,
+            .count = 20,
             .children = {one, two}};
         client.tree = {.identifier = 1, .children = {list, button(5, "Add", CGRectMake(0, 600, 375, 60))}};
     }
@@ -105,7 +105,7 @@ TEST_F(Accessibility, ShowsTheTreeWithWhatCanBeDone)
     EXPECT_EQ(screen()->indexOfChild(list), 0);
     EXPECT_EQ(row(0)->role(), QAccessible::ListItem);
     EXPECT_EQ(row(0)->text(QAccessible::Name), QStringLiteral("One"));
-    EXPECT_EQ(row(0)->text(QAccessible::Description), QStringLiteral("Completed"));
+    EXPECT_EQ(row(0)->text(QAccessible::Description), QStringLiteral("Completed, 1/20"));
     EXPECT_TRUE(row(0)->state().focusable);
 
     const QPoint corner = host.widget().mapToGlobal(QPoint(0, 0));
@@ -167,6 +167,13 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(mirror.interface(3), nullptr);
     EXPECT_EQ(mirror.interface(2)->child(0), second) << "an element keeps its interface";
 
+    listElement().children.push_back(listElement().children[0]);
+    listElement().children.erase(listElement().children.begin());
+    EXPECT_EQ(reportsOfAFrame(),
+        QStringList(
+            {QStringLiteral("destroyed Two"), QStringLiteral("created Two"), QStringLiteral("focus Two")}));
+    EXPECT_EQ(mirror.interface(2)->child(1), second) << "it is the same one at its new place";
+
     AccessibilityElement dialog{.identifier = 7, .role = AccessibilityRole::dialog, .label = "Sure?"};
     dialog.children.push_back(button(8, "Yes", CGRectMake(100, 300, 100, 40)));
     client.tree.children = {dialog};
@@ -176,6 +183,28 @@ TEST_F(Accessibility, ReportsWhatChanged)
             QStringLiteral("focus Velmorath")}));
     EXPECT_TRUE(mirror.interface(7)->state().modal);
     EXPECT_EQ(mirror.focusedInterface(), nullptr);
+}
+
+TEST_F(Accessibility, ALongTextIsReadWithoutBeingEdited)
+{
+    client.tree.children = {{.identifier = 6,
+        .role = AccessibilityRole::textArea,
+        .label = "Note",
+        .value = "Caf\u00e9 au lait\nand more",
+        .isPressable = true}};
+    listen();
+    QAccessibleInterface* const area = screen()->child(0);
+    QAccessibleTextInterface* const text = area->textInterface();
+    ASSERT_TRUE(text);
+    EXPECT_EQ(text->text(0, text->characterCount()), QStringLiteral("Caf\u00e9 au lait\nand more"));
+    int start = 0;
+    int end = 0;
+    EXPECT_EQ(text->textAtOffset(6, QAccessible::WordBoundary, &start, &end), QStringLiteral("au"));
+    EXPECT_EQ(start, 5);
+    EXPECT_TRUE(area->state().readOnly);
+    client.tree.children = {button(5, "Add", CGRectMake(0, 600, 375, 60))};
+    makeFrame();
+    EXPECT_FALSE(screen()->child(0)->textInterface());
 }
 
 TEST_F(Accessibility, ShortMotionsAreWaitedForAndLongOnesNot)
