@@ -63,7 +63,7 @@ test("a screen reader does everything", async () => {
     assert.deepEqual(await list.said(), ["One!", "Two", ...barButtons]);
 
     await list.press("Two");
-    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    assert.deepEqual(await list.said(), ["Close", "Open note", "Save", "Note"]);
     assert.equal(await list.shown("Note").textContent(), "Two");
     await list.press("Note");
     await list.editing();
@@ -134,7 +134,7 @@ test("everything can be done with the keys, and the focus tells where they are",
     await list.untilKept("new, and Delet", "Ones", "Three");
 
     await list.key("Enter");
-    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    assert.deepEqual(await list.said(), ["Close", "Open note", "Save", "Note"]);
     await list.key("Escape");
     assert.equal(await list.focused(), "Ones");
 

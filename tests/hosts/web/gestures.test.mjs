@@ -183,7 +183,7 @@ test("rows are put into another order by their handles", async () => {
 test("a note is read and written on a screen of its own", async () => {
     await begin("One", "Two");
     await list.tap([240, rowMiddle(1)]);
-    assert.deepEqual(await list.said(), ["Close", "Save", "Note"]);
+    assert.deepEqual(await list.said(), ["Close", "Open note", "Save", "Note"]);
     await list.tab.tap([100, 200]);
     await list.editing();
     assert.deepEqual(await list.edited(), { kind: "textarea", label: "Note", value: "Two" });

@@ -265,7 +265,8 @@ export class Mirror {
             if (role === "heading") {
                 setAttribute(target, "aria-level", "1");
             } else if (role !== "text") {
-                setAttribute(target, "aria-pressed", toggle ? String(selected === true) : null);
+                // Where there is a value, it says whether it is on.
+                setAttribute(target, "aria-pressed", toggle && !value ? String(selected === true) : null);
                 setAttribute(target, "aria-current", selected && !toggle);
             }
             mirrored.say(said);
