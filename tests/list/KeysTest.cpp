@@ -73,6 +73,21 @@ TEST_F(KeysTest, AKeyThatIsHeldDownMovesOnButDeletesOnlyOnce)
     EXPECT_EQ(saved(), (Lines{"One", "Three"}));
 }
 
+TEST_F(KeysTest, TabLeavesTheScreenAndComesBack)
+{
+    start({"One"});
+    EXPECT_TRUE(press(HostKey::tab));
+    int presses = 1;
+    while (press(HostKey::tab) && presses < 10)
+        ++presses;
+    EXPECT_EQ(presses, 3) << "the note, two buttons, and out";
+    EXPECT_EQ(marked(), -1);
+    EXPECT_TRUE(press(HostKey::tab));
+    EXPECT_EQ(marked(), 0);
+    EXPECT_FALSE(host.press(HostKey::tab, true));
+    EXPECT_TRUE(press(HostKey::down)) << "arrows go round";
+}
+
 TEST_F(KeysTest, AHiddenRingProtectsItsRow)
 {
     start({"One", "Two"});

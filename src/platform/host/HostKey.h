@@ -12,7 +12,7 @@ enum class HostKey {
     end,
     pageUp,
     pageDown,
-    /// To the next thing that keys can act on; with shift to the one before.
+    /// To the next thing that keys can act on; with shift to the one before. Means nothing past the last one.
     tab,
     enter,
     space,

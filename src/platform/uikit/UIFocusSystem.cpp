@@ -100,8 +100,7 @@ bool UIFocusSystem::useKey(UIWindow& window, const HostKeyPress& press, const st
     }
     switch (press.key) {
     case HostKey::tab:
-        moveFocus(window, !press.shift);
-        return true;
+        return moveFocusByTab(window, !press.shift);
     case HostKey::down:
     case HostKey::right:
         moveFocus(window, true);
@@ -113,6 +112,17 @@ bool UIFocusSystem::useKey(UIWindow& window, const HostKeyPress& press, const st
     default:
         return false;
     }
+}
+
+bool UIFocusSystem::moveFocusByTab(UIWindow& window, bool forward)
+{
+    const auto views = focusableViews(*window.topViewController().view());
+    if (views.empty() || m_focused == (forward ? views.back() : views.front())) {
+        m_focused.reset();
+        return false;
+    }
+    moveFocus(window, forward);
+    return true;
 }
 
 void UIFocusSystem::moveFocus(UIWindow& window, bool forward)
