@@ -1,6 +1,6 @@
 /**
  * What is on the canvas, once more as elements for those who do not see it. A screen reader walks over them
- * and presses them; eyes and fingers do not meet them.
+ * and presses them; nobody sees them, and fingers and mice on them are those on the canvas.
  */
 
 /** The element that stands for a thing of this kind, and its ARIA role where the element has none. */
@@ -18,6 +18,12 @@ const kinds = {
     textArea: ["div", "textbox"],
     progress: ["div", "progressbar"],
 };
+
+/**
+ * What is read and pressed in those that are not that themselves. An item that can be pressed holds a button. A list
+ * owns nothing but its items: the buttons of its own actions stand beside it.
+ */
+const inner = { listItem: "button", list: "div" };
 
 /** Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change. */
 function setAttribute(element, name, value) {
@@ -63,23 +69,10 @@ class Mirrored {
         const [tag, ariaRole] = kinds[role];
         this.role = role;
         this.element = document.createElement(tag);
-        this.target = this.element;
+        this.target = Object.hasOwn(inner, role) ? document.createElement(inner[role]) : this.element;
+        this.target.classList.toggle("whole", role === "list");
         this.#perform = perform;
-        if (role === "listItem") {
-            // An item that can be pressed holds a button, for an item itself is none.
-            setAttribute(this.element, "role", ariaRole);
-            this.target = document.createElement("button");
-        } else if (role === "list") {
-            // A list owns nothing but its items: the buttons of its actions stand beside it.
-            this.target = document.createElement("div");
-            this.target.className = "whole";
-        }
-        if (this.target !== this.element) {
-            this.element.append(this.target);
-        }
-        if (role !== "listItem") {
-            setAttribute(this.target, "role", ariaRole);
-        }
+        setAttribute(role === "list" ? this.target : this.element, "role", ariaRole);
         this.target.append(this.#words);
         this.#onPress(this.target, -1);
     }
