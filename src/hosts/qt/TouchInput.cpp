@@ -120,7 +120,9 @@ void TouchInput::buttonReleased(QPointF point)
 
 std::vector<CGPoint> TouchInput::pinchPoints() const
 {
-    constexpr double startDistance = 120;
+    // A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, wherever the
+    // cursor is, by the time that they are known to pinch.
+    constexpr double startDistance = 48;
     const double reach = startDistance / 2 * m_pinchScale;
     const CGPoint center = toCGPoint(m_pinchCenter);
     return {{center.x, center.y + reach}, {center.x, center.y - reach}};
