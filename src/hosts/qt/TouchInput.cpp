@@ -120,7 +120,7 @@ void TouchInput::buttonReleased(QPointF point)
 
 std::vector<CGPoint> TouchInput::pinchPoints() const
 {
-    // A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, wherever the
+    // A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, nearly wherever the
     // cursor is, by the time that they are known to pinch.
     constexpr double startDistance = 48;
     const double reach = startDistance / 2 * m_pinchScale;

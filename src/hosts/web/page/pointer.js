@@ -9,8 +9,8 @@ const phases = { began: 0, moved: 1, ended: 2, cancelled: 3 };
 
 const pixelsPerLine = 20;
 /**
- * A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, wherever the cursor is, by
- * the time that they are known to pinch.
+ * A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, nearly wherever the
+ * cursor is, by the time that they are known to pinch.
  */
 const pinchStartDistance = 48;
 /** A touchpad does not say when its pinch is over. */
