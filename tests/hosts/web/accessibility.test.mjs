@@ -1,32 +1,17 @@
 import assert from "node:assert/strict";
-import { after, afterEach, before, test } from "node:test";
+import { afterEach, test } from "node:test";
 import { List } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
+const site = Site.forAllTests();
 let list;
 
-before(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
 afterEach(() => list.page.close());
-
-after(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
 
 const barButtons = ["Reorder notes", "Add note", "Information"];
 
 test("no screen keeps anybody out", async () => {
-    list = await List.first(phone, server.address);
+    list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
     const steps = ["Yes", "next", "close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
         "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
@@ -40,7 +25,7 @@ test("no screen keeps anybody out", async () => {
 });
 
 test("a screen reader does everything", async () => {
-    list = await List.with(phone, server.address, ["One", { text: "Two", completed: true }]);
+    list = await List.with(site, ["One", { text: "Two", completed: true }]);
     await list.press("Add note");
     await list.editing();
     assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
@@ -87,7 +72,7 @@ test("a screen reader does everything", async () => {
 });
 
 test("the mirror lies over what it stands for", async () => {
-    list = await List.with(phone, server.address, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
+    list = await List.with(site, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
     const item = (name) => list.page.locator("#mirror [role=listitem]", { has: list.page.getByText(name, { exact: true }) });
     assert.deepEqual(await item("Note 2").boundingBox(), { x: 0, y: 120, width: 375, height: 60 });
     const place = (name) => item(name).evaluate((element) => [element.ariaPosInSet, element.ariaSetSize]);
@@ -102,7 +87,7 @@ test("the mirror lies over what it stands for", async () => {
 });
 
 test("everything can be done with the keys, and the focus tells where they are", async () => {
-    list = await List.with(phone, server.address, ["One", "Two", "Three"]);
+    list = await List.with(site, ["One", "Two", "Three"]);
     await list.key("Tab");
     assert.equal(await list.focused(), "One");
     await list.key("ArrowDown");

@@ -1,38 +1,23 @@
 import assert from "node:assert/strict";
-import { after, afterEach, before, test } from "node:test";
+import { afterEach, test } from "node:test";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
 const handle = 350;
 
-let server;
-let phone;
+const site = Site.forAllTests();
 let list;
-
-before(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
 
 afterEach(() => list.page.close());
 
-after(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
-
 async function begin(...notes) {
-    list = await List.with(phone, server.address, notes);
+    list = await List.with(site, notes);
 }
 
 const isGreen = ([red, green, blue]) => green > 1.5 * red && green > 1.5 * blue;
 
 test("the first launch asks once, shows the tutorial, and has a note to try things on", async () => {
-    list = await List.first(phone, server.address);
+    list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
     await list.atRest();
     assert.deepEqual(await list.said(), ["Watch tutorial", "No", "Yes"]);

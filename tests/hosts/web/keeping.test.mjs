@@ -1,38 +1,23 @@
 import assert from "node:assert/strict";
-import { afterEach, beforeEach, test } from "node:test";
+import { test } from "node:test";
 import { paths, settingsOf } from "./harness/archive.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
 import { Reference, write } from "./harness/propertyList.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
+const site = Site.forEachTest();
 
-beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
-
-const begin = (...notes) => List.with(phone, server.address, notes);
+const begin = (...notes) => List.with(site, notes);
 
 async function openAgain() {
-    const list = await List.inNewTab(phone, server.address);
+    const list = await List.inNewTab(site);
     await list.open();
     return list;
 }
 
 async function killAndOpen() {
-    await phone.kill();
-    await phone.startAgain();
+    await site.phone.kill();
+    await site.phone.startAgain();
     return openAgain();
 }
 
@@ -56,13 +41,13 @@ test("everything is there after a reload, without a server too", async () => {
     await list.swipe(1, 60, 350);
     await list.untilKept("Three\u{1F33B}", "x One", "Two");
     const before = await list.kept(paths.notes);
-    await server.pause();
+    await site.server.pause();
     await list.reload();
     assert.deepEqual((await list.said()).slice(0, 3), ["Three\u{1F33B}", "One, Completed", "Two"]);
     await list.swipe(1, 60, 350);
     await list.untilKept("Three\u{1F33B}", "One", "Two");
     assert.notDeepEqual(await list.kept(paths.notes), before);
-    await server.resume();
+    await site.server.resume();
 });
 
 // Waits for the frame in which a place of the canvas gets another colour, one that passes a test, and no longer.
@@ -159,12 +144,12 @@ test("a storage that is full for a while loses nothing that is on the screen", a
 });
 
 test("a storage that cannot be opened is not an empty list", async () => {
-    await phone.context.addInitScript(() => {
+    await site.phone.context.addInitScript(() => {
         IDBFactory.prototype.open = () => {
             throw new DOMException("denied", "SecurityError");
         };
     });
-    const list = await List.first(phone, server.address);
+    const list = await List.first(site);
     await list.tab.until("it is said", hasNotice);
     assert.match(await notice(list), /denied/);
     assert.equal(await list.page.$("#mirror *"), null);
@@ -206,9 +191,9 @@ test("a list that the program does not understand is left alone, and the page sa
         $top: { root: new Reference(1) },
         $objects: ["$null", "no list"],
     });
-    const list = await List.inNewTab(phone, server.address);
+    const list = await List.inNewTab(site);
     await list.put({ [paths.notes]: strange, [paths.settings]: settingsOf() });
-    await list.page.goto(server.address);
+    await list.page.goto(site.address);
     await list.tab.until("it is said", hasNotice);
     assert.match(await notice(list), /root/);
     await list.tab.picture("stopped");
@@ -216,5 +201,5 @@ test("a list that the program does not understand is left alone, and the page sa
     await list.tab.tap([100, 100]);
     await list.page.keyboard.press("n");
     assert.deepEqual(await list.kept(paths.notes), strange);
-    phone.faults.length = 0;
+    site.phone.faults.length = 0;
 });

@@ -1,32 +1,17 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
-import { afterEach, beforeEach, test } from "node:test";
+import { test } from "node:test";
 import { notesIn, paths, settingsOf } from "./harness/archive.mjs";
 import { List } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
-
-beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
+const site = Site.forEachTest();
 
 test("the same notes are the same bytes as on every other machine", async () => {
     const bytes = await readFile(new URL("../../model/many-notes.archive", import.meta.url));
     const notes = notesIn(bytes);
     assert.equal(notes.length, 260);
-    const list = await List.inNewTab(phone, server.address);
+    const list = await List.inNewTab(site);
     await list.put({ [paths.notes]: bytes, [paths.settings]: settingsOf() });
     await list.open();
     for (const completed of [true, false]) {
@@ -40,7 +25,7 @@ test("the same notes are the same bytes as on every other machine", async () => 
 test("a hundred thousand notes are opened, scrolled, and changed in their middle", async () => {
     const count = 100000;
     const notes = Array.from({ length: count }, (_, number) => `Note ${number}`);
-    const list = await List.with(phone, server.address, notes);
+    const list = await List.with(site, notes);
     await list.tab.flick([200, 560], [200, 100]);
     await list.atRest();
     assert.notEqual((await list.said())[0], "Note 0");

@@ -1,29 +1,17 @@
 import assert from "node:assert/strict";
-import { afterEach, beforeEach, test } from "node:test";
+import { beforeEach, test } from "node:test";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
 const desktop = { viewport: { width: 1200, height: 800 }, deviceScaleFactor: 1, isMobile: false, hasTouch: false };
 
-let server;
-let phone;
+const site = Site.forEachTest(desktop);
 let list;
 let mouse;
 
 beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start(desktop);
-    list = await List.with(phone, server.address, ["One", "Two", "Three"]);
+    list = await List.with(site, ["One", "Two", "Three"]);
     mouse = list.page.mouse;
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
 });
 
 async function drag([fromX, fromY], [toX, toY]) {

@@ -1,21 +1,12 @@
 import assert from "node:assert/strict";
-import { after, before, test } from "node:test";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { beforeEach, test } from "node:test";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
+const site = Site.forEachTest();
 let tab;
 
-before(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-    tab = await phone.open(server.address);
-});
-
-after(async () => {
-    await phone.stop();
-    await server.stop();
+beforeEach(async () => {
+    tab = await site.phone.open(site.address);
 });
 
 const names = ["save", "restore", "transform", "clip", "fill", "fillGradient", "stroke", "shadow", "text", "image"];

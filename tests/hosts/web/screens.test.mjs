@@ -1,24 +1,9 @@
 import assert from "node:assert/strict";
-import { afterEach, beforeEach, test } from "node:test";
+import { test } from "node:test";
 import { List } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
-
-beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
+const site = Site.forEachTest();
 
 // Keeps in `calls` what the page asks of the machine, and answers for it.
 function watchMachine() {
@@ -66,8 +51,8 @@ async function openSettings(list) {
 }
 
 test("the machine is asked for what is switched on", async () => {
-    await phone.context.addInitScript(watchMachine);
-    const list = await List.with(phone, server.address, ["One", "Two", { text: "Three", completed: true }]);
+    await site.phone.context.addInitScript(watchMachine);
+    const list = await List.with(site, ["One", "Two", { text: "Three", completed: true }]);
     await takeCalls(list, ["badge 2"]);
     await list.tapOn("Information");
     await takeCalls(list, ["may it notify? true"]);
@@ -114,7 +99,7 @@ function themeOf(color) {
 }
 
 test("every theme is painted, and stays", async () => {
-    const list = await List.with(phone, server.address, ["One", "Two", "Three"]);
+    const list = await List.with(site, ["One", "Two", "Three"]);
     assert.equal(themeOf(await list.rowColor(2)), "Blue");
     await openSettings(list);
     await list.tapOn("Theme    :    Blue");
@@ -135,15 +120,15 @@ test("every theme is painted, and stays", async () => {
 });
 
 test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
-    await phone.context.addInitScript(watchMachine);
-    await phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
+    await site.phone.context.addInitScript(watchMachine);
+    await site.phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
         contentType: "text/html",
         body: "<!doctype html><link rel=icon href=data:,><p>Privacy",
     }));
-    const list = await List.with(phone, server.address, ["One"]);
+    const list = await List.with(site, ["One"]);
     await list.tapOn("Information");
     await list.tab.picture("information");
-    const [opened] = await Promise.all([phone.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
+    const [opened] = await Promise.all([site.phone.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
     await opened.waitForLoadState();
     assert.match(opened.url(), /^https:\/\/.*privacy/);
     assert.deepEqual(await opened.evaluate(() => [opener, document.referrer]), [null, ""]);
@@ -170,8 +155,8 @@ test("mail is handed over, pages open in a tab that knows nothing of this one", 
 });
 
 test("without any of the machine's services everything else works", async () => {
-    await phone.context.addInitScript(withoutMachine);
-    const list = await List.with(phone, server.address, ["One"]);
+    await site.phone.context.addInitScript(withoutMachine);
+    const list = await List.with(site, ["One"]);
     await list.add("Two");
     await list.swipe(0, 60, 350);
     await list.untilKept("x Two", "One");
@@ -187,9 +172,8 @@ test("without any of the machine's services everything else works", async () => 
 });
 
 test("people read it in their language", async () => {
-    await phone.stop();
-    phone = await Phone.start({ locale: "it-IT" });
-    const list = await List.with(phone, server.address, [{ text: "Uno", completed: true }]);
+    await site.changePhone({ locale: "it-IT" });
+    const list = await List.with(site, [{ text: "Uno", completed: true }]);
     assert.equal(await list.page.evaluate(() => document.documentElement.lang), "it");
     assert.deepEqual(await list.said(),
         ["Uno, Completata", "Riordina le note", "Aggiungi nota", "Informazioni"]);

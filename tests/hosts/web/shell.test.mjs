@@ -2,36 +2,21 @@ import assert from "node:assert/strict";
 import { createHash } from "node:crypto";
 import { appendFile, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
-import { afterEach, beforeEach, test } from "node:test";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { test } from "node:test";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
-
-beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
+const site = Site.forEachTest();
 
 async function openInstalled() {
-    const tab = await phone.open(server.address);
+    const tab = await site.phone.open(site.address);
     await tab.until("the worker has the page", () => navigator.serviceWorker.controller !== null);
     return tab;
 }
 
 // Another version, which differs in its style. Not a whole one while the style is still the old one.
 async function deployNext({ whole }) {
-    const style = join(server.folder, "style.css");
-    const worker = join(server.folder, "sw.js");
+    const style = join(site.server.folder, "style.css");
+    const worker = join(site.server.folder, "sw.js");
     const digest = async () => createHash("sha256").update(await readFile(style)).digest("hex");
     const old = await readFile(style);
     const oldDigest = await digest();
@@ -63,9 +48,9 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
     assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
     assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
 
-    await server.pause();
+    await site.server.pause();
     await tab.page.reload({ waitUntil: "networkidle" });
-    await tab.page.goto(`${server.address}index.html?from=elsewhere`, { waitUntil: "networkidle" });
+    await tab.page.goto(`${site.address}index.html?from=elsewhere`, { waitUntil: "networkidle" });
     const missing = await tab.page.evaluate(async () => {
         const names = await (await fetch("resources/index.json")).json();
         const files = ["velmorath.wasm", ...names.map((name) => `resources/${name}`)];
@@ -73,8 +58,8 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
         return answers.filter(({ ok }) => !ok).map(({ url }) => url);
     });
     assert.deepEqual(missing, []);
-    await server.resume();
-    assert.deepEqual(phone.requests.filter((address) => !address.startsWith(server.address)), []);
+    await site.server.resume();
+    assert.deepEqual(site.phone.requests.filter((address) => !address.startsWith(site.address)), []);
 });
 
 test("a newer version comes whole, with a reload of the only page, and clears up after its own kind", async () => {
@@ -85,7 +70,7 @@ test("a newer version comes whole, with a reload of the only page, and clears up
     await tab.until("the newer version waits", async () =>
         (await navigator.serviceWorker.getRegistration()).waiting !== null);
 
-    const second = await phone.open(server.address);
+    const second = await site.phone.open(site.address);
     await second.page.reload({ waitUntil: "networkidle" });
     for (const page of [tab, second]) {
         assert.deepEqual([await startedVersion(page), await version(page)], ["first", "first"]);
@@ -99,7 +84,7 @@ test("a newer version comes whole, with a reload of the only page, and clears up
     });
     assert.deepEqual([await startedVersion(tab), await version(tab)], ["next", "next"]);
     const names = await tab.page.evaluate(() => caches.keys());
-    assert.deepEqual(names.sort(), [`velmorath ${server.address} next`, "velmorath of another folder"].sort());
+    assert.deepEqual(names.sort(), [`velmorath ${site.address} next`, "velmorath of another folder"].sort());
 });
 
 test("a server that is still being updated changes nothing", async () => {

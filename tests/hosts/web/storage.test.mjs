@@ -1,30 +1,18 @@
 import assert from "node:assert/strict";
-import { afterEach, beforeEach, test } from "node:test";
+import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
 const megabyte = 1 << 20;
 
-let server;
-let phone;
-
-beforeEach(async () => {
-    server = await Server.start();
-    phone = await Phone.start();
-});
-
-afterEach(async () => {
-    await server.stop();
-    await phone.stop();
-});
+const site = Site.forEachTest();
 
 const blank = { contentType: "text/html", body: "<!doctype html><link rel=icon href=data:,>" };
 
 // A page of the list's address that runs nothing by itself.
 async function openTab() {
-    await phone.context.route("**/blank", (route) => route.fulfill(blank));
-    const tab = await phone.open(`${server.address}blank`);
+    await site.phone.context.route("**/blank", (route) => route.fulfill(blank));
+    const tab = await site.phone.open(`${site.address}blank`);
     await tab.page.evaluate(async () => {
         globalThis.openStorage = async () => {
             const { openStorage } = await import("./storage.js");
@@ -130,8 +118,8 @@ test("what was answered is there after page or browser died", async () => {
     const next = await openFiles();
     assert.equal(await next.page.evaluate(() => textOf("/note")), "one");
     assert.equal(await replace(next, "/note", "two"), null);
-    await phone.kill();
-    await phone.startAgain();
+    await site.phone.kill();
+    await site.phone.startAgain();
     assert.deepEqual(await stored("/note"), ["two"]);
 });
 
@@ -149,8 +137,8 @@ test("a write that is cut off leaves all the old files or all the new ones", asy
         if (round % 2) {
             await crash(tab);
         } else {
-            await phone.kill();
-            await phone.startAgain();
+            await site.phone.kill();
+            await site.phone.startAgain();
         }
         const next = await openFiles();
         const [notes, settings] = await next.page.evaluate((count) =>
@@ -199,7 +187,7 @@ test("a page that others have replaced writes nothing more and is told so once",
 
 test("a write for which there is no room leaves the old files, and the next one may succeed", async () => {
     const tab = await openTab();
-    const { origin } = new URL(server.address);
+    const { origin } = new URL(site.address);
     await tab.command("Storage.overrideQuotaForOrigin", { origin, quotaSize: 4 * megabyte });
     await tab.page.evaluate(() => openStorage());
     await replace(tab, "/note", "old");
@@ -235,7 +223,7 @@ test("a write carries along what an earlier one that failed should have written"
 });
 
 test("a database that is deleted under a page is filled again, unless another page was first", async () => {
-    const { origin } = new URL(server.address);
+    const { origin } = new URL(site.address);
     const clear = (tab) => tab.command("Storage.clearDataForOrigin", { origin, storageTypes: "indexeddb" });
     const tab = await openFiles();
     await replace(tab, "/note", "one");
@@ -354,6 +342,6 @@ test("a page that does not settle, or is frozen, loses the list all the same", a
 });
 
 test("where the browser cannot tell who holds the list, every page does", async () => {
-    await phone.context.addInitScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
+    await site.phone.context.addInitScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
     assert.deepEqual([await isHeld(await openHolding()), await isHeld(await openHolding())], [true, true]);
 });

@@ -1,24 +1,10 @@
 import assert from "node:assert/strict";
-import { afterEach, beforeEach, test } from "node:test";
+import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { Phone } from "./harness/phone.mjs";
-import { Server } from "./harness/server.mjs";
+import { Site } from "./harness/site.mjs";
 
-let server;
-let phone;
-
-beforeEach(async () => {
-    server = await Server.start();
-});
-
-afterEach(async () => {
-    try {
-        await phone.stop();
-    } finally {
-        await server.stop();
-    }
-});
+const site = Site.forEachTest();
 
 const upright = { width: 375, height: 667 };
 const lying = { width: 667, height: 375 };
@@ -44,8 +30,8 @@ async function assertInSight(list) {
 
 for (const scale of [1, 2, 2.625]) {
     test(`with ${scale} pixels to the point, every size is filled, and sharp`, async () => {
-        phone = await Phone.start({ deviceScaleFactor: scale });
-        const list = await List.with(phone, server.address, ["One", "Two"]);
+        await site.changePhone({ deviceScaleFactor: scale });
+        const list = await List.with(site, ["One", "Two"]);
         const assertFilled = async ({ width }, y, name) => {
             const picture = await list.tab.picture(`${name}-at-${scale}`);
             const [left, right] = [60, 1].map((distance) => picture.pixel((width - distance) * scale, y * scale));
@@ -77,8 +63,7 @@ for (const scale of [1, 2, 2.625]) {
 }
 
 test("an alert stays in the middle when the phone is turned, and the tutorial on its page", async () => {
-    phone = await Phone.start();
-    const list = await List.first(phone, server.address);
+    const list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
     await list.atRest();
     for (const size of [lying, upright]) {
@@ -98,8 +83,7 @@ test("an alert stays in the middle when the phone is turned, and the tutorial on
 });
 
 test("nothing is drawn while nothing changes", async () => {
-    phone = await Phone.start();
-    const list = await List.with(phone, server.address, ["One", "Two"]);
+    const list = await List.with(site, ["One", "Two"]);
     const assertIdle = async () => {
         await list.atRest();
         const before = await list.page.evaluate(() => frames.count);
@@ -135,9 +119,9 @@ function assertSamePlace(one, other, area, below = 0) {
 
 for (const scale of [1, 2]) {
     test(`with ${scale} pixels to the point, a text does not move when it is edited`, async () => {
-        phone = await Phone.start({ deviceScaleFactor: scale });
+        await site.changePhone({ deviceScaleFactor: scale });
         const long = `One\ntwo lines that go\n\n${"on and ".repeat(20)}`;
-        const list = await List.with(phone, server.address, ["Quick fjord, 12", "שלום עולם", long]);
+        const list = await List.with(site, ["Quick fjord, 12", "שלום עולם", long]);
         const area = (x, y, width, height) =>
             ({ x: x * scale, y: y * scale, width: width * scale, height: height * scale });
         const hideCaret = () => list.page.evaluate(() => {

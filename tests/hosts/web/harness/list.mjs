@@ -12,27 +12,27 @@ export function rowMiddle(row) {
 /** The program in a tab of the phone: what it shows, what it says, what it keeps. */
 export class List {
     /** A tab with nothing in it yet. */
-    static async inNewTab(phone, address) {
+    static async inNewTab(site) {
         const list = new List();
-        list.tab = await phone.open();
+        list.tab = await site.phone.open();
         list.page = list.tab.page;
         list.page.setDefaultTimeout(10000);
-        list.address = address;
+        list.address = site.address;
         list.page.on("console", (message) => list.lines.push(message.text()));
         await list.page.addInitScript(countFrames);
         return list;
     }
 
     /** Opens the page for somebody who has it for the first time. */
-    static async first(phone, address) {
-        const list = await List.inNewTab(phone, address);
+    static async first(site) {
+        const list = await List.inNewTab(site);
         await list.open();
         return list;
     }
 
     /** Opens the page for somebody who has these notes and settings; see archive.mjs. */
-    static async with(phone, address, notes, settings) {
-        const list = await List.inNewTab(phone, address);
+    static async with(site, notes, settings) {
+        const list = await List.inNewTab(site);
         await list.put({ [paths.notes]: archiveOf(notes), [paths.settings]: settingsOf(settings) });
         await list.open();
         return list;
