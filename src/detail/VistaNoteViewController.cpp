@@ -1,7 +1,6 @@
 #include "VistaNoteViewController.h"
 #include "Bundle.h"
 #include "FatalError.h"
-#include "HostKey.h"
 #include "Print.h"
 #include "UIColor.h"
 
@@ -39,10 +38,8 @@ void VistaNoteViewController::viewWillAppear(bool)
     textView()->setText(shown.text);
 }
 
-bool VistaNoteViewController::keyPressed(const HostKeyPress& press)
+bool VistaNoteViewController::escapePressed()
 {
-    if (press.key != HostKey::escape)
-        return false;
     chiudi();
     return true;
 }

@@ -17,8 +17,8 @@ namespace velmorath {
 class VistaNoteViewController : public UIViewController {
 public:
     void viewWillAppear(bool animated) override;
-    /// Escape closes without saving.
-    bool keyPressed(const HostKeyPress&) override;
+    /// Closes without saving.
+    bool escapePressed() override;
     void viewDidLayoutSubviews() override { }
 
     /// The close button.

@@ -3,7 +3,6 @@
 #include "CAGradientLayer.h"
 #include "FatalError.h"
 #include "Feedback.h"
-#include "HostKey.h"
 #include "Print.h"
 #include "RowLook.h"
 #include "UIStoryboard.h"
@@ -28,10 +27,8 @@ void SettingsScreen::viewWillAppear(bool animated)
     table()->reloadData();
 }
 
-bool SettingsScreen::keyPressed(const HostKeyPress& press)
+bool SettingsScreen::escapePressed()
 {
-    if (press.key != HostKey::escape)
-        return false;
     chiudi();
     return true;
 }

@@ -23,8 +23,8 @@ public:
 
     /// The close button.
     void chiudi();
-    /// Escape closes.
-    bool keyPressed(const HostKeyPress&) override;
+    /// Closes.
+    bool escapePressed() override;
 
     std::int64_t numberOfSectionsInTableView(UITableView&) override { return 1; }
     std::int64_t tableViewNumberOfRowsInSection(UITableView&, std::int64_t section) override;

@@ -1,7 +1,6 @@
 #include "MFMailComposeViewController.h"
 #include "Bundle.h"
 #include "Host.h"
-#include "HostKey.h"
 #include "UIApplication.h"
 
 namespace velmorath {
@@ -126,10 +125,8 @@ void MFMailComposeViewController::send()
     finish(isTaken ? MFMailComposeResult::sent : MFMailComposeResult::failed);
 }
 
-bool MFMailComposeViewController::keyPressed(const HostKeyPress& press)
+bool MFMailComposeViewController::escapePressed()
 {
-    if (press.key != HostKey::escape)
-        return false;
     finish(MFMailComposeResult::cancelled);
     return true;
 }

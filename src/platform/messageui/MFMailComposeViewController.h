@@ -42,8 +42,8 @@ public:
     void setMessageBody(std::string body) { m_messageBody = std::move(body); }
 
     void viewDidLoad() override;
-    /// Escape cancels.
-    bool keyPressed(const HostKeyPress&) override;
+    /// Cancels.
+    bool escapePressed() override;
     void viewDidLayoutSubviews() override;
 
 private:

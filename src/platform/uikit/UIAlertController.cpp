@@ -77,9 +77,9 @@ void UIAlertController::viewDidLoad()
     view()->addSubview(box);
 }
 
-bool UIAlertController::keyPressed(const HostKeyPress& press)
+bool UIAlertController::escapePressed()
 {
-    if (press.key != HostKey::escape || m_actions.empty())
+    if (m_actions.empty())
         return false;
     dismiss(true, m_actions.front().handler);
     return true;

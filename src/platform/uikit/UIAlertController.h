@@ -29,8 +29,8 @@ public:
     void addAction(UIAlertAction action) { m_actions.push_back(std::move(action)); }
 
     void viewDidLoad() override;
-    /// Escape is the first button.
-    bool keyPressed(const HostKeyPress&) override;
+    /// The same as the first button.
+    bool escapePressed() override;
 
 private:
     void layOutBox(UIView& box);

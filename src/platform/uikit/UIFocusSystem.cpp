@@ -100,44 +100,37 @@ bool UIFocusSystem::useKey(UIWindow& window, const HostKeyPress& press, const st
     }
     switch (press.key) {
     case HostKey::tab:
-        return moveFocusByTab(window, !press.shift);
+        return moveFocus(window, !press.shift, false);
     case HostKey::down:
     case HostKey::right:
-        moveFocus(window, true);
-        return true;
+        return moveFocus(window, true, true);
     case HostKey::up:
     case HostKey::left:
-        moveFocus(window, false);
-        return true;
+        return moveFocus(window, false, true);
     default:
         return false;
     }
 }
 
-bool UIFocusSystem::moveFocusByTab(UIWindow& window, bool forward)
+bool UIFocusSystem::moveFocus(UIWindow& window, bool forward, bool goesRound)
 {
     const auto views = focusableViews(*window.topViewController().view());
-    if (views.empty() || m_focused == (forward ? views.back() : views.front())) {
+    const bool isAtEnd = views.empty() || m_focused == (forward ? views.back() : views.front());
+    if (isAtEnd && !goesRound) {
         m_focused.reset();
         return false;
     }
-    moveFocus(window, forward);
-    return true;
-}
-
-void UIFocusSystem::moveFocus(UIWindow& window, bool forward)
-{
-    const auto views = focusableViews(*window.topViewController().view());
     if (views.empty())
-        return;
+        return true;
     const auto current = std::find(views.begin(), views.end(), m_focused);
     if (current == views.end()) {
         m_focused = forward ? views.front() : views.back();
-        return;
+        return true;
     }
     const auto count = static_cast<std::ptrdiff_t>(views.size());
     const std::ptrdiff_t next = (current - views.begin() + (forward ? 1 : count - 1)) % count;
     m_focused = views[static_cast<std::size_t>(next)];
+    return true;
 }
 
 void UIFocusSystem::focusNearestTo(CGPoint place, UIView& screen)

@@ -33,9 +33,9 @@ public:
 
 private:
     bool useKey(UIWindow&, const HostKeyPress&, const std::shared_ptr<UIView>& start);
-    void moveFocus(UIWindow&, bool forward);
-    /// False past the end: the key is for what lies around the screen then, and the next one comes in again.
-    bool moveFocusByTab(UIWindow&, bool forward);
+    /// False past the end, unless it goes round: the key is for what lies around the screen then, and the
+    /// next one comes in again.
+    bool moveFocus(UIWindow&, bool forward, bool goesRound);
     void replaceLostFocus(UIView& screen);
     void focusNearestTo(CGPoint, UIView& screen);
     void placeRing(UIWindow&);

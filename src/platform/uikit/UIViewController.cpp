@@ -1,5 +1,6 @@
 #include "UIViewController.h"
 #include "FatalError.h"
+#include "HostKey.h"
 #include "UIApplication.h"
 #include "UIStoryboard.h"
 
@@ -60,6 +61,11 @@ std::shared_ptr<UIView> UIViewController::loadView()
     if (m_scene)
         m_scene->fill(*this, *view);
     return view;
+}
+
+bool UIViewController::keyPressed(const HostKeyPress& press)
+{
+    return press.key == HostKey::escape && escapePressed();
 }
 
 void UIViewController::appearIn(UIWindow& window, bool animated)

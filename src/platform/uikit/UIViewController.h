@@ -52,6 +52,10 @@ public:
     void performSegue(const std::string& identifier, std::any sender);
     virtual void prepareForSegue(UIStoryboardSegue&, const std::any& /*sender*/) { }
 
+    bool keyPressed(const HostKeyPress&) override;
+    /// Escape was pressed. False when the screen has no other way out than what it shows.
+    virtual bool escapePressed() { return false; }
+
     /// For the storyboard that this controller comes from.
     void setScene(const UIStoryboardScene* scene) { m_scene = scene; }
     /// For the window and for presentations.
