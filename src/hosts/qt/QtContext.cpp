@@ -14,17 +14,6 @@ QRectF toQRect(const CGRect& rect)
     return {rect.minX(), rect.minY(), rect.size.width, rect.size.height};
 }
 
-CGFloat limitedRadius(const CGRect& rect, CGFloat radius)
-{
-    return std::clamp(radius, 0.0, std::min(rect.size.width, rect.size.height) / 2);
-}
-
-int toByte(CGFloat component)
-{
-    // Written so that what is no number becomes zero.
-    return component > 0 ? qRound(std::min(component, 1.0) * 255) : 0;
-}
-
 } // namespace
 
 QtContext::QtContext(QPainter& painter, TextCache& texts, ShadowCache& shadows)
@@ -37,8 +26,8 @@ QtContext::QtContext(QPainter& painter, TextCache& texts, ShadowCache& shadows)
 
 QColor QtContext::toQColor(const CGColor& color) const
 {
-    return {toByte(color.red), toByte(color.green), toByte(color.blue),
-        toByte(std::min(color.alpha, 1.0) * m_alpha)};
+    return {CGColor::toByte(color.red), CGColor::toByte(color.green), CGColor::toByte(color.blue),
+        CGColor::toByte(std::min(color.alpha, 1.0) * m_alpha)};
 }
 
 void QtContext::saveState()

@@ -1,25 +1,15 @@
 #include "CommandBuffer.h"
-#include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <cstring>
 
 namespace velmorath {
 
-namespace {
-
-std::uint32_t toByte(CGFloat component)
-{
-    // Written so that what is no number becomes zero.
-    return component > 0 ? static_cast<std::uint32_t>(std::lround(std::min(component, 1.0) * 255)) : 0;
-}
-
-} // namespace
-
 double CommandBuffer::packed(const CGColor& color)
 {
-    return toByte(color.red) << 24 | toByte(color.green) << 16 | toByte(color.blue) << 8
-        | toByte(color.alpha);
+    const auto byte = [](CGFloat component) {
+        return static_cast<std::uint32_t>(CGColor::toByte(component));
+    };
+    return byte(color.red) << 24 | byte(color.green) << 16 | byte(color.blue) << 8 | byte(color.alpha);
 }
 
 void CommandBuffer::put(const CGRect& rect)

@@ -7,11 +7,6 @@ namespace velmorath {
 
 namespace {
 
-CGFloat limitedRadius(const CGRect& rect, CGFloat radius)
-{
-    return std::clamp(radius, 0.0, std::min(rect.size.width, rect.size.height) / 2);
-}
-
 /// The pixels whose middles are inside.
 CGRect wholePixels(const CGRect& rect)
 {

@@ -17,6 +17,12 @@ struct CGGradient {
     bool operator==(const CGGradient&) const = default;
 };
 
+/// A corner radius as it is drawn: at most half the rectangle's shorter side.
+inline CGFloat limitedRadius(const CGRect& rect, CGFloat radius)
+{
+    return std::clamp(radius, 0.0, std::min(rect.size.width, rect.size.height) / 2);
+}
+
 /// What a host can draw. Coordinates are points in the current transform. Every corner radius is
 /// limited to half the rectangle's shorter side. Main thread only, and only while the host asks for a
 /// frame. A call with an empty rectangle or a text without characters draws nothing.

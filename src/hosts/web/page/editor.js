@@ -1,7 +1,7 @@
 /** The browser's own text editing, laid over the field that is edited. */
 
 import { cssColor } from "./painter.js";
-import { cssFamily } from "./texts.js";
+import { cssFont } from "./texts.js";
 
 /** An <input> cannot hold line breaks. The note's stay in it as this character, which looks like a space. */
 const lineSeparator = "\u2028";
@@ -54,7 +54,7 @@ export class Editor {
         field.setAttribute("autocorrect", "on");
         field.spellcheck = true;
         const { style } = field;
-        style.font = `${font.bold ? "bold " : ""}${font.size / this.#shrink}px ${cssFamily(font)}`;
+        style.font = cssFont(font, 1 / this.#shrink);
         style.transform = this.#shrink < 1 ? `scale(${this.#shrink})` : "";
         style.color = cssColor(color);
         style.textAlign = ["start", "left", "center", "right"][alignment];

@@ -15,11 +15,11 @@ export function readsFromTheRight(text) {
     return first !== null && rightToLeft.test(first[0]);
 }
 
-export function cssFamily(font) {
+function cssFamily(font) {
     return font.family ? `${JSON.stringify(font.family)}, system-ui, sans-serif` : "system-ui, sans-serif";
 }
 
-function cssFont(font, scale) {
+export function cssFont(font, scale) {
     return `${font.bold ? "bold " : ""}${font.size * scale}px ${cssFamily(font)}`;
 }
 
