@@ -108,10 +108,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     print("toDoItemDeleted:");
     if (tastieraAttiva) {
         print(
-            "❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non "
-            "la "
-            "posso "
-            "cncellare");
+            "❤️❤️ se la tastiera è attiva non faccio nulla perche sto ancora creando la nota e non la posso cncellare");
         return;
     }
     giveFeedback("cancella", soundEffect, vibration);

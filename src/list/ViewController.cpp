@@ -163,6 +163,7 @@ std::shared_ptr<UITableViewCell> ViewController::tableViewCellForRowAtIndexPath(
     row->setSelectionStyle(UITableViewCellSelectionStyle::none);
     row->textLabel().setBackgroundColor(UIColor::clear());
     row->delegate = this;
+    row->insertionDelegate = this;
     row->setToDoItem(arrayNote[checkedIndex(path.row)]);
     return row;
 }

@@ -20,6 +20,7 @@ class ViewController : public UIViewController,
                        public UITableViewDataSource,
                        public UITableViewDelegate,
                        public TableViewCellDelegate,
+                       public TableViewCellInsertionDelegate,
                        public delegatoRicaricaNote,
                        public delegatoTutorialChiuso {
 public:

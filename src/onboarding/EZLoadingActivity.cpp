@@ -117,8 +117,8 @@ bool EZLoadingActivity::show(const std::string& text, bool disableUI)
     if (refuseSecondBox())
         return false;
     if (!hasScreen()) {
-        print("EZLoadingActivity Error: You don't have any views set. You may be calling them in "
-              "viewDidLoad. Try viewDidAppear instead.");
+        print(
+            "EZLoadingActivity Error: You don't have any views set. You may be calling them in viewDidLoad. Try viewDidAppear instead.");
         return false;
     }
     state().instance = std::make_shared<LoadingActivity>(text, disableUI);

@@ -31,9 +31,9 @@ std::shared_ptr<UIImage> makeHighlightImage()
 
 void presentTutorial(UIViewController& presenter, delegatoTutorialChiuso& delegate)
 {
-    const std::vector<std::any> images{pictureNamed("1info",
-                                           "Pull the list down to add a note. Swipe a note to the right to "
-                                           "complete it, to the left to delete it."),
+    const std::vector<std::any> images{
+        pictureNamed("1info",
+            "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete it."),
         pictureNamed("2info", "Pull two notes apart to insert a note between them.")};
     const auto tutorial = std::make_shared<NFXIntroViewController>();
     tutorial->initWithViews(images);

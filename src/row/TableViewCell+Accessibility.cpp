@@ -49,8 +49,8 @@ std::vector<UIAccessibilityAction> TableViewCell::accessibilityActions()
                                delegate->toDoItemDeleted(m_toDoItem);
                        }});
     actions.push_back({words("Insert below"), [this] {
-                           if (delegate)
-                               delegate->toDoItemAddedBelow(m_toDoItem);
+                           if (insertionDelegate)
+                               insertionDelegate->toDoItemAddedBelow(m_toDoItem);
                        }});
     UITableView* const list = table();
     const std::int64_t place = *list->placeOf(*this);

@@ -1,5 +1,4 @@
 #include "FatalError.h"
-#include "HostKey.h"
 #include "Print.h"
 #include "TableViewCell.h"
 #include "UIApplication+Keyboard.h"
@@ -24,8 +23,7 @@ void TableViewCell::handlePan(UIPanGestureRecognizer& recognizer)
     print("handlePan");
     if (isKeyboardPresented(UIApplication::shared())) {
         print(
-            "------------------------------------------------------------ LA TASTIERA E' MOSTRATA QUINDI NON "
-            "POSSO PERMETTERE DI FARE CANCELLARE LA NOTA");
+            "------------------------------------------------------------ LA TASTIERA E' MOSTRATA QUINDI NON POSSO PERMETTERE DI FARE CANCELLARE LA NOTA");
         return;
     }
     switch (recognizer.state()) {
@@ -59,24 +57,6 @@ void TableViewCell::followPan(const UIPanGestureRecognizer& recognizer)
     crossLabel->setAlpha(cueAlpha);
     tickLabel->setTextColor(completeOnDragRelease ? UIColor::green() : UIColor::white());
     crossLabel->setTextColor(deleteOnDragRelease ? UIColor::red() : UIColor::white());
-}
-
-bool TableViewCell::keyPressed(const HostKeyPress& press)
-{
-    switch (press.key) {
-    case HostKey::space:
-        if (m_toDoItem)
-            completeOrReopen();
-        return true;
-    case HostKey::remove:
-        if (delegate && m_toDoItem)
-            delegate->toDoItemDeleted(m_toDoItem);
-        return true;
-    case HostKey::edit:
-        return label->becomeFirstResponder();
-    default:
-        return false;
-    }
 }
 
 void TableViewCell::endPan()

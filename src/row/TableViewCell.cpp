@@ -2,6 +2,7 @@
 #include "Bundle.h"
 #include "DateText.h"
 #include "FatalError.h"
+#include "HostKey.h"
 #include "Print.h"
 #include "RowLook.h"
 #include "UIPanGestureRecognizer.h"
@@ -127,6 +128,24 @@ void TableViewCell::setToDoItem(std::shared_ptr<ToDoItem2> note)
     label->setStrikeThrough(m_toDoItem->completed);
     itemCompleteLayer->setHidden(!label->strikeThrough());
     labelData->setText(m_toDoItem->data);
+}
+
+bool TableViewCell::keyPressed(const HostKeyPress& press)
+{
+    switch (press.key) {
+    case HostKey::space:
+        if (m_toDoItem)
+            completeOrReopen();
+        return true;
+    case HostKey::remove:
+        if (delegate && m_toDoItem)
+            delegate->toDoItemDeleted(m_toDoItem);
+        return true;
+    case HostKey::edit:
+        return label->becomeFirstResponder();
+    default:
+        return false;
+    }
 }
 
 bool TableViewCell::textFieldShouldReturn(UITextField& field)

@@ -3,6 +3,7 @@
 #include "CAGradientLayer.h"
 #include "StrikeThroughText.h"
 #include "TableViewCellDelegate.h"
+#include "TableViewCellInsertionDelegate.h"
 #include "ToDoItem2.h"
 #include "UIGestureRecognizer.h"
 #include "UITableViewCell.h"
@@ -46,6 +47,8 @@ public:
     std::shared_ptr<CALayer> itemCompleteLayer = std::make_shared<CALayer>();
     /// Outlives the row. May be none.
     TableViewCellDelegate* delegate = nullptr;
+    /// Outlives the row. May be none.
+    TableViewCellInsertionDelegate* insertionDelegate = nullptr;
 
     const CGFloat kLabelLeftMargin = 15.0;
     const CGFloat kUICuesMargin = 10.0;

@@ -22,8 +22,6 @@ public:
     virtual void toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>&) = 0;
     /// A note was swiped to the left.
     virtual void toDoItemDeleted(const std::shared_ptr<ToDoItem2>&) = 0;
-    /// A new note is wanted below this one.
-    virtual void toDoItemAddedBelow(const std::shared_ptr<ToDoItem2>&) = 0;
 };
 
 } // namespace velmorath

@@ -120,8 +120,8 @@ void TouchInput::buttonReleased(QPointF point)
 
 std::vector<CGPoint> TouchInput::pinchPoints() const
 {
-    // A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, nearly wherever the
-    // cursor is, by the time that they are known to pinch.
+    // A touchpad does not tell where its fingers are. So they come to be on neighbouring rows, nearly
+    // wherever the cursor is, by the time that they are known to pinch.
     constexpr double startDistance = 48;
     const double reach = startDistance / 2 * m_pinchScale;
     const CGPoint center = toCGPoint(m_pinchCenter);

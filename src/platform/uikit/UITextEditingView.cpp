@@ -8,10 +8,15 @@ namespace velmorath {
 
 namespace {
 
-/// A tap that begins only when the view accepts to be edited, so that others get the taps it refuses.
+/// A tap that starts the editing of its view, and fails where the view refuses, so that others get it.
 class EditingTap : public UITapGestureRecognizer {
-protected:
-    bool shouldBegin() override { return view()->becomeFirstResponder(); }
+public:
+    void touchesEnded(const UITouches& ended) override
+    {
+        if (state() == State::possible && !view()->becomeFirstResponder())
+            fail();
+        UITapGestureRecognizer::touchesEnded(ended);
+    }
 };
 
 } // namespace
