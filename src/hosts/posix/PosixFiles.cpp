@@ -1,38 +1,17 @@
 #include "PosixFiles.h"
+#include "Descriptor.h"
+#include "UserFolders.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmorath {
 namespace {
-
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor)
-        : m_descriptor(descriptor)
-    {
-    }
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    explicit operator bool() const { return m_descriptor >= 0; }
-    int get() const { return m_descriptor; }
-    bool close()
-    {
-        int descriptor = std::exchange(m_descriptor, -1);
-        return descriptor < 0 || ::close(descriptor) == 0;
-    }
-
-private:
-    int m_descriptor;
-};
 
 Error lastError(std::string_view doing, const std::string& path)
 {
@@ -42,10 +21,8 @@ Error lastError(std::string_view doing, const std::string& path)
 
 std::string folderOf(const std::string& path)
 {
-    auto slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return ".";
-    return slash == 0 ? "/" : path.substr(0, slash);
+    auto folder = std::filesystem::path(path).parent_path();
+    return folder.empty() ? "." : folder;
 }
 
 // The links are followed by hand because the file at their end need not exist yet.
@@ -143,18 +120,6 @@ std::optional<Error> replaceNow(const std::string& givenPath, std::string_view b
     return {};
 }
 
-std::optional<std::string> userFolder(const char* variable, const char* placeInHome)
-{
-    // The custom asks for relative paths to be ignored.
-    const char* folder = std::getenv(variable);
-    if (folder && folder[0] == '/')
-        return folder;
-    const char* home = std::getenv("HOME");
-    if (home && home[0] == '/')
-        return std::string(home) + placeInHome;
-    return {};
-}
-
 } // namespace
 
 PosixFiles::PosixFiles(std::optional<std::string> documentDirectory, std::optional<std::string> defaultsFile,
@@ -167,12 +132,12 @@ PosixFiles::PosixFiles(std::optional<std::string> documentDirectory, std::option
 
 PosixFiles PosixFiles::forUser(std::string resourceDirectory)
 {
-    auto documents = userFolder("XDG_DATA_HOME", "/.local/share");
+    auto documents = UserFolders::data();
     if (documents)
-        *documents += "/velmorath/Documents";
-    auto defaults = userFolder("XDG_CONFIG_HOME", "/.config");
+        *documents += "/Documents";
+    auto defaults = UserFolders::configuration();
     if (defaults)
-        *defaults += "/velmorath/defaults.plist";
+        *defaults += "/defaults.plist";
     return PosixFiles(std::move(documents), std::move(defaults), std::move(resourceDirectory));
 }
 

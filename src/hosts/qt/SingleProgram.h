@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Descriptor.h"
 #include <QSocketNotifier>
 #include <functional>
 #include <memory>
@@ -35,8 +36,8 @@ private:
     void answer();
 
     std::string m_socketPath;
-    int m_lock = -1;
-    int m_socket = -1;
+    Descriptor m_lock;
+    Descriptor m_socket;
     bool m_isFirst = true;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::function<void(const std::string&)> m_onCall;
