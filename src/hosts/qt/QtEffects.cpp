@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QLibrary>
-#include <QProcess>
 #include <QScreen>
 #include <QSysInfo>
 #include <QUrl>
@@ -15,6 +14,8 @@ namespace velmorath {
 
 namespace {
 
+const QString mailScheme = QStringLiteral("mailto");
+
 /// Nothing is sent when there is no bus; the library would go and start one.
 void sendOnSessionBus(const QDBusMessage& message)
 {
@@ -22,18 +23,6 @@ void sendOnSessionBus(const QDBusMessage& message)
         || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
     if (hasBus)
         QDBusConnection::sessionBus().send(message);
-}
-
-/// Opening an address with no program for it would look as if it had worked.
-bool desktopHasProgramFor(const QString& scheme)
-{
-    QProcess query;
-    query.start(QStringLiteral("xdg-mime"),
-        {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("x-scheme-handler/") + scheme});
-    constexpr int longestWait = 1000;
-    if (!query.waitForFinished(longestWait))
-        return false;
-    return !query.readAllStandardOutput().trimmed().isEmpty();
 }
 
 /// Phones have a device tree, desktops a table of their maker's.
@@ -54,7 +43,8 @@ QString modelName()
 } // namespace
 
 QtEffects::QtEffects(QString soundLibrary)
-    : m_soundLibrary(std::move(soundLibrary))
+    : m_handlers(mailScheme)
+    , m_soundLibrary(std::move(soundLibrary))
 {
 }
 
@@ -137,13 +127,20 @@ bool QtEffects::openAddress(const std::string& address)
     const QUrl url(QString::fromStdString(address));
     if (!url.isValid() || url.scheme().isEmpty())
         return false;
-    const bool isWeb = url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
-    return (isWeb || desktopHasProgramFor(url.scheme())) && QDesktopServices::openUrl(url);
+    return hasProgramFor(url.scheme()) && QDesktopServices::openUrl(url);
 }
 
 bool QtEffects::canSendMail()
 {
-    return desktopHasProgramFor(QStringLiteral("mailto"));
+    return hasProgramFor(mailScheme);
+}
+
+bool QtEffects::hasProgramFor(const QString& scheme)
+{
+    if (scheme == QLatin1String("https") || scheme == QLatin1String("http"))
+        return true;
+    // Nearly every desktop has one for mail, and hardly any for other schemes.
+    return m_handlers.has(scheme).value_or(scheme == mailScheme);
 }
 
 Device QtEffects::device()

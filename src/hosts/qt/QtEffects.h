@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AddressHandlers.h"
 #include "Effects.h"
 #include <QObject>
 #include <QString>
@@ -30,7 +31,9 @@ public:
 private:
     void inBackground(std::function<void()>);
     void loadSoundPlayer();
+    bool hasProgramFor(const QString& scheme);
 
+    AddressHandlers m_handlers;
     QString m_soundLibrary;
     std::unique_ptr<QThread> m_thread;
     /// Lives on the thread, as does what follows.

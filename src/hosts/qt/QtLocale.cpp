@@ -1,12 +1,37 @@
 #include "QtLocale.h"
 #include <QLocale>
+#include <cstdlib>
 #include <unicode/timezone.h>
+#include <unicode/ures.h>
 
 namespace velmorath {
 
 namespace {
 
-std::vector<std::string> systemLanguages()
+/// Dates are a custom, not a language: English texts may have German dates between them.
+std::string localeOfDates()
+{
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const char* value = std::getenv(variable);
+        if (value && *value)
+            return value;
+    }
+    return {};
+}
+
+/// What ICU does not know, C's plain customs among it, is English: its own answer has months like "M11".
+icu::Locale knownLocale(const std::string& posixName)
+{
+    const icu::Locale locale = icu::Locale::createCanonical(posixName.c_str());
+    UErrorCode error = U_ZERO_ERROR;
+    ures_close(ures_open(nullptr, locale.getName(), &error));
+    const bool isKnown = *locale.getLanguage() && U_SUCCESS(error) && error != U_USING_DEFAULT_WARNING;
+    return isKnown ? locale : icu::Locale::getUS();
+}
+
+} // namespace
+
+std::vector<std::string> QtLocale::preferredLanguages()
 {
     std::vector<std::string> languages;
     for (const QString& language : QLocale::system().uiLanguages()) {
@@ -14,18 +39,6 @@ std::vector<std::string> systemLanguages()
         languages.push_back(isPlainC ? "en" : language.toStdString());
     }
     return languages;
-}
-
-} // namespace
-
-QtLocale::QtLocale()
-    : QtLocale(systemLanguages())
-{
-}
-
-QtLocale::QtLocale(std::vector<std::string> preferredLanguages)
-    : m_languages(std::move(preferredLanguages))
-{
 }
 
 std::string QtLocale::mediumDate(double wallTime, std::string_view timeZone)
@@ -43,10 +56,8 @@ std::string QtLocale::mediumDate(double wallTime, std::string_view timeZone)
 void QtLocale::setTimeZone(std::string_view timeZone)
 {
     if (!m_format) {
-        UErrorCode error = U_ZERO_ERROR;
-        const icu::Locale language =
-            icu::Locale::forLanguageTag(m_languages.empty() ? "en" : m_languages.front(), error);
-        m_format.reset(icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, language));
+        m_format.reset(
+            icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, knownLocale(localeOfDates())));
         if (!m_format)
             return;
     }

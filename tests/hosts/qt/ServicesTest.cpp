@@ -6,6 +6,7 @@
 #include <QTest>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <map>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,31 +14,111 @@ namespace velmorath {
 
 namespace {
 
-TEST(Dates, FollowLanguageAndZone)
-{
-    const double lateEvening = 1795388340; // 2026-11-22 22:59 UTC
-    const auto date = [&](const char* language, const char* zone) {
-        return QtLocale({language}).mediumDate(lateEvening, zone);
-    };
-    EXPECT_EQ(date("en-US", "UTC"), "Nov 22, 2026");
-    EXPECT_EQ(date("en-GB", "UTC"), "22 Nov 2026");
-    EXPECT_EQ(date("de", "UTC"), "22.11.2026");
-    EXPECT_EQ(date("fr-FR", "UTC"), "22 nov. 2026");
-    EXPECT_EQ(date("ja", "UTC"), "2026/11/22");
-    EXPECT_EQ(date("en", "Asia/Tokyo"), "Nov 23, 2026");
+/// What the environment says, for as long as one test runs.
+class Environment {
+public:
+    explicit Environment(const std::map<const char*, QByteArray>& values)
+    {
+        for (const auto& [name, value] : values) {
+            m_before[name] = qgetenv(name);
+            qputenv(name, value);
+        }
+    }
+    ~Environment()
+    {
+        for (const auto& [name, value] : m_before)
+            qputenv(name, value);
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
 
-    QtLocale locale({"en"});
+private:
+    std::map<const char*, QByteArray> m_before;
+};
+
+constexpr double lateEvening = 1795388340; // 2026-11-22 22:59 UTC
+
+std::string date(const char* all, const char* ofDates, const char* language)
+{
+    const Environment environment({{"LC_ALL", all}, {"LC_TIME", ofDates}, {"LANG", language}});
+    return QtLocale().mediumDate(lateEvening, "UTC");
+}
+
+TEST(Dates, AreWrittenAsTheCustomsForTimesSay)
+{
+    EXPECT_EQ(date("", "", "en_US.UTF-8"), "Nov 22, 2026");
+    EXPECT_EQ(date("", "", "fr_FR.UTF-8"), "22 nov. 2026");
+    EXPECT_EQ(date("", "de_DE.UTF-8", "en_US.UTF-8"), "22.11.2026");
+    EXPECT_EQ(date("", "de_DE@euro", "C"), "22.11.2026");
+    EXPECT_EQ(date("en_GB.UTF-8", "de_DE.UTF-8", "en_US.UTF-8"), "22 Nov 2026");
+    EXPECT_EQ(date("", "ja_JP.UTF-8", ""), "2026/11/22");
+}
+
+TEST(Dates, AreEnglishWhereTheCustomsAreUnknown)
+{
+    for (const char* name : {"", "C", "C.UTF-8", "POSIX", "zz_ZZ.UTF-8", "root", "///"})
+        EXPECT_EQ(date(name, name, name), "Nov 22, 2026") << name;
+}
+
+TEST(Dates, FollowTheZone)
+{
+    QtLocale locale;
     EXPECT_EQ(locale.mediumDate(lateEvening, "Asia/Tokyo"), "Nov 23, 2026");
     EXPECT_EQ(locale.mediumDate(lateEvening, "UTC"), "Nov 22, 2026") << "the zone is the one of each call";
     EXPECT_FALSE(locale.mediumDate(lateEvening, "no zone").empty());
-    EXPECT_EQ(QtLocale(std::vector<std::string>()).mediumDate(-1, "UTC"), "Dec 31, 1969");
 }
 
-TEST(Dates, PlainCIsEnglish)
+TEST(Languages, PlainCIsEnglish)
 {
     for (const std::string& language : QtLocale().preferredLanguages())
         EXPECT_EQ(language.substr(0, 2), "en");
     EXPECT_FALSE(QtLocale().preferredLanguages().empty());
+}
+
+/// Stands where the desktop's tool would: it answers when a file appears, with what is in there.
+class SlowTool {
+public:
+    SlowTool()
+    {
+        QFile script(m_folder.filePath(QStringLiteral("xdg-mime")));
+        EXPECT_TRUE(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\ncd '" + m_folder.path().toUtf8()
+            + "'\necho \"$*\" >>asked\nuntil test -e answer; do sleep 0.02; done\ncat answer\n");
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    }
+
+    QByteArray path() const { return m_folder.path().toUtf8() + ":" + qgetenv("PATH"); }
+
+    QByteArray asked() const
+    {
+        QFile file(m_folder.filePath(QStringLiteral("asked")));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void answer(const QByteArray& answer)
+    {
+        QFile file(m_folder.filePath(QStringLiteral("unfinished")));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(answer);
+        EXPECT_TRUE(file.rename(m_folder.filePath(QStringLiteral("answer"))));
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST(SlowDesktop, IsAskedInTimeAndNotWaitedFor)
+{
+    SlowTool tool;
+    const Environment environment({{"PATH", tool.path()}});
+    QtEffects effects(QStringLiteral("/nowhere/velmorath-sound.so"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !tool.asked().isEmpty(); })) << "before anybody wants to know";
+    EXPECT_TRUE(effects.canSendMail()) << "no answer is no no";
+    EXPECT_FALSE(effects.openAddress("rare-scheme://x")) << "its caller has another way, which must be taken";
+    EXPECT_TRUE(effects.canSendMail());
+    tool.answer("\n");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !effects.canSendMail(); })) << "the answer was no";
+    EXPECT_EQ(tool.asked().left(37), "query default x-scheme-handler/mailto");
 }
 
 TEST(QuietMachine, MissingServicesAreSilentAndCostNoTime)
