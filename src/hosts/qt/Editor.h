@@ -28,10 +28,12 @@ public:
     /// Ends what an input method holds, reports the last change, and calls nobody any more.
     void finish();
 
+    /// Return was pressed in one line, or the editing is broken off.
+    void didReturn();
+
 protected:
     /// The client hears of it when the text is another than the last one it heard of.
     void textMayHaveChanged();
-    void didReturn();
 
     /// What the client knows without being told.
     void setKnownText(const QString& text) { m_knownText = text; }

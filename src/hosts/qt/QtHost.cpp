@@ -1,8 +1,10 @@
 #include "QtHost.h"
 #include "AccessibleScreen.h"
+#include "EndSignals.h"
 #include <QApplication>
 #include <QIcon>
 #include <QWindow>
+#include <cstdlib>
 
 namespace velmorath {
 
@@ -18,6 +20,23 @@ bool isPhone()
         || desktop.contains(QLatin1String("plasma-mobile"), Qt::CaseInsensitive)
         || platform.startsWith(QLatin1String("phone"));
 }
+
+/// A session that ends may take the display away first, at which Qt calls exit() from inside the loop. What
+/// belongs to a thread ends before everything else then, the latest first: Qt still works.
+struct RunningLoop {
+    QtHost* host = nullptr;
+
+    ~RunningLoop()
+    {
+        if (!host)
+            return;
+        host->detach();
+        // What is left of the window cannot be taken down in order any more.
+        std::_Exit(EXIT_FAILURE);
+    }
+};
+
+thread_local RunningLoop s_loop;
 
 } // namespace
 
@@ -36,12 +55,19 @@ QtHost::QtHost(const ProgramFolders& folders)
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
     m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath-64.png")));
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_widget, [this] { updateState(); });
+    // What a log-out finds here must be saved; it may be called off, or be none: the program goes on until
+    // the desktop closes its window.
+    QObject::connect(
+        qApp, &QGuiApplication::commitDataRequest, &m_widget, [this] { m_textInput.breakOff(); });
 }
 
 int QtHost::run(HostClient& client)
 {
     attach(client);
+    const EndSignals signals([] { QCoreApplication::exit(); });
+    s_loop.host = this;
     const int code = QApplication::exec();
+    s_loop.host = nullptr;
     detach();
     return code;
 }
@@ -67,6 +93,7 @@ void QtHost::detach()
     m_client->willTerminate();
     m_client = nullptr;
     m_widget.setClient(nullptr);
+    m_console.flush();
 }
 
 void QtHost::updateState()

@@ -69,6 +69,12 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
     m_effect->set(std::clamp(opacity, 0.0, 1.0), corner - point);
 }
 
+void QtTextInput::breakOff()
+{
+    if (m_editor)
+        m_editor->didReturn();
+}
+
 void QtTextInput::end()
 {
     if (!m_editor)

@@ -21,6 +21,9 @@ public:
     void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
     void end() override;
 
+    /// Lets the client end the editing, as Escape does.
+    void breakOff();
+
 private:
     QWidget& m_screen;
     TextCache& m_fonts;

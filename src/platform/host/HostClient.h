@@ -73,7 +73,7 @@ public:
     /// The program counts as active when it starts to run; told at each change from there.
     virtual void stateChanged(HostState) = 0;
 
-    /// The program is about to end. Everything is on disk already.
+    /// The program is about to end: what is being typed is kept, and saved before this returns.
     virtual void willTerminate() = 0;
 };
 

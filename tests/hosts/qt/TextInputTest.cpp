@@ -244,6 +244,18 @@ TEST_F(Editing, TheEndOfTheProgramEndsIt)
     EXPECT_FALSE(editor<QLineEdit>());
 }
 
+TEST_F(Editing, ALogOutFindsItSaved)
+{
+    begin("a");
+    compose(u"x");
+    // What it is about is told to nobody.
+    char nobody = 0;
+    Q_EMIT qApp->commitDataRequest(reinterpret_cast<QSessionManager&>(nobody));
+    EXPECT_EQ(changes, (std::vector<std::string>{"ax"}));
+    EXPECT_EQ(returns, 1);
+    host.textInput().end();
+}
+
 TEST_F(Editing, TheKeyboardLearnsWhatItsReturnKeyDoes)
 {
     begin("", {.doneKey = true});

@@ -1,0 +1,45 @@
+#!/usr/bin/env python3
+"""However the program is asked to end, the text that is being typed is kept.
+
+usage: ending.py PROGRAM
+"""
+
+import os
+import signal
+import sys
+import tempfile
+import time
+
+from window import Program, xdotool
+
+
+def main():
+    executable = os.path.abspath(sys.argv[1])
+    # A program inherits what is ignored, and shells ignore this one for what they run beside them.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
+    with tempfile.TemporaryDirectory() as home:
+        expected = []
+        ends = {name: lambda program, name=name: program.process.send_signal(getattr(signal, name))
+                for name in ("SIGTERM", "SIGHUP", "SIGINT")}
+        ends["the close button"] = lambda program: program.key("alt+F4")
+        ends["the display went away"] = lambda program: xdotool("windowkill", program.window)
+        for name, end in ends.items():
+            program = Program(executable, home)
+            try:
+                if not expected:
+                    time.sleep(1.2)
+                    program.key("Escape")  # the offer of the tutorial
+                    time.sleep(0.6)
+                program.until_line("textFieldDidBeginEditing", lambda: program.key("Insert"))
+                program.type(f"Typed before {name}")
+                end(program)
+                code = program.process.wait(timeout=10)
+                assert code == (1 if "went away" in name else 0), f"{name}: the program ended with {code}"
+            finally:
+                program.kill()
+            expected.insert(0, f"Typed before {name}")
+            assert program.texts()[:len(expected)] == expected, (name, program.texts())
+
+
+if __name__ == "__main__":
+    main()
