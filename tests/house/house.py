@@ -19,13 +19,9 @@ STANDARD_HEADERS = set(
     valarray variant vector version""".split()
 )
 
-SPOKEN_FOLDERS = ["src", "tests", "bench", "docs", "tools", "packaging", "resources"]
-SPOKEN_FILES = ["README.md", "CMakeLists.txt", "CMakePresets.json", "run", "test"]
-
 INCLUDE = re.compile(r"^\s*#\s*include\s*(.*)")
 CONDITION = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b(.*)")
 HOST_MACRO = re.compile(r"\b(__EMSCRIPTEN__|Q_OS_\w+|QT_\w+|__linux__|__unix__|__APPLE__|__ANDROID__|_WIN32)\b")
-FOREIGN_WORDS = re.compile(r"\b[Pp]art [0-9]+\.[0-9]|\b[Ss]pec(ification)?\b")
 
 
 def lines_of(path):
@@ -63,14 +59,6 @@ def faults(root):
                     yield path, number, fault
             elif (match := CONDITION.match(line)) and (macro := HOST_MACRO.search(match[2])):
                 yield path, number, f"{macro[0]} is for src/hosts alone"
-
-    spoken = [root / name for name in SPOKEN_FILES if (root / name).exists()]
-    for folder in SPOKEN_FOLDERS:
-        spoken += files_below(root / folder)
-    for path in spoken:
-        for number, line in [(0, path.name)] + lines_of(path):
-            if match := FOREIGN_WORDS.search(line):
-                yield path, number, f'"{match[0]}": say it in this system\'s own words'
 
 
 def main():
