@@ -1,7 +1,9 @@
 #include "BinaryPropertyListReader.h"
 #include "BitCast.h"
 #include "Unicode.h"
-#include <limits>
+#include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace velmorath {
 namespace {
@@ -33,78 +35,37 @@ std::string_view take(std::string_view& bytes, std::size_t count)
     return taken;
 }
 
-Object integer(std::string_view bytes, unsigned exponent)
+Object integer(std::string_view bytes)
 {
-    std::size_t size = std::size_t(1) << exponent;
-    if (size > 16 || size > bytes.size())
-        return {};
     Object object;
     object.kind = Kind::integer;
-    if (size == 16) {
-        auto high = static_cast<std::int64_t>(number(bytes.data(), 8));
-        auto low = number(bytes.data() + 8, 8);
-        if (high != (static_cast<std::int64_t>(low) < 0 ? -1 : 0)) {
-            object.kind = Kind::real;
-            object.real = static_cast<double>(high) * 0x1p64 + static_cast<double>(low);
-        }
-        object.integer = static_cast<std::int64_t>(low);
-    } else {
-        object.integer = static_cast<std::int64_t>(number(bytes.data(), size));
+    object.integer = static_cast<std::int64_t>(number(bytes.data(), std::min<std::size_t>(bytes.size(), 8)));
+    if (bytes.size() == 16) {
+        auto high = std::exchange(object.integer, static_cast<std::int64_t>(number(bytes.data() + 8, 8)));
+        if (high != (object.integer < 0 ? -1 : 0))
+            object.kind = Kind::wideInteger;
     }
     return object;
 }
 
-Object real(Kind kind, std::string_view bytes, unsigned exponent)
+Object real(std::string_view bytes)
 {
-    std::size_t size = std::size_t(1) << exponent;
-    if ((size != 4 && size != 8) || size > bytes.size())
-        return {};
     Object object;
-    object.kind = kind;
-    auto bits = number(bytes.data(), size);
-    object.real = size == 8 ? bitCast<double>(bits)
-                            : static_cast<double>(bitCast<float>(static_cast<std::uint32_t>(bits)));
+    object.kind = Kind::real;
+    auto bits = number(bytes.data(), bytes.size());
+    object.real = bytes.size() == 8 ? bitCast<double>(bits)
+                                    : static_cast<double>(bitCast<float>(static_cast<std::uint32_t>(bits)));
     return object;
 }
 
-Object uid(std::string_view bytes, std::size_t size)
+Object uid(std::string_view bytes)
 {
-    if (size > 8 || size > bytes.size())
-        return {};
-    auto value = number(bytes.data(), size);
-    if (value > static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()))
-        return {};
     Object object;
     object.kind = Kind::uid;
-    object.integer = static_cast<std::int64_t>(value);
+    constexpr std::int64_t nowhere = -1;
+    object.integer =
+        bytes.size() > 8 ? nowhere : static_cast<std::int64_t>(number(bytes.data(), bytes.size()));
     return object;
-}
-
-Object bytesOf(Object object, std::string_view rest, std::size_t unitSize)
-{
-    if (object.count > rest.size() / unitSize)
-        return {};
-    object.bytes = rest.substr(0, object.count * unitSize);
-    return object;
-}
-
-// The count is in the marker itself, or is an integer behind it.
-bool takeCount(std::string_view& rest, unsigned low, std::size_t& count)
-{
-    count = low;
-    if (low != 0xF)
-        return true;
-    if (rest.empty())
-        return false;
-    auto marker = static_cast<unsigned char>(take(rest, 1)[0]);
-    if (marker >> 4 != 1 || (marker & 0xF) > 3)
-        return false;
-    auto object = integer(rest, marker & 0xF);
-    if (object.kind != Kind::integer || object.integer < 0)
-        return false;
-    rest.remove_prefix(std::size_t(1) << (marker & 0xF));
-    count = static_cast<std::size_t>(object.integer);
-    return true;
 }
 
 Object singleton(unsigned low)
@@ -113,6 +74,54 @@ Object singleton(unsigned low)
     object.kind = low == 0 ? Kind::null : low == 8 || low == 9 ? Kind::boolean : Kind::invalid;
     object.boolean = low == 9;
     return object;
+}
+
+// A number or something else without a count. Its size is in the marker.
+Object scalar(std::string_view bytes)
+{
+    auto marker = static_cast<unsigned char>(bytes[0]);
+    unsigned low = marker & 0xF;
+    std::size_t size = marker >> 4 == 0 ? 0 : marker >> 4 == 8 ? low + 1 : std::size_t(1) << low;
+    if (size >= bytes.size())
+        return {};
+    auto payload = bytes.substr(1, size);
+    Object object;
+    switch (marker >> 4) {
+    case 0x0:
+        object = singleton(low);
+        break;
+    case 0x1:
+        if (size <= 16)
+            object = integer(payload);
+        break;
+    case 0x2:
+        if (size == 4 || size == 8)
+            object = real(payload);
+        break;
+    case 0x3:
+        if (size == 8)
+            object.kind = Kind::date;
+        break;
+    case 0x8:
+        object = uid(payload);
+        break;
+    }
+    object.bytes = bytes.substr(0, 1 + size);
+    return object;
+}
+
+// Takes off the front how many bytes, units, elements or pairs follow: in the marker itself, or as an integer
+// behind it.
+std::optional<std::uint64_t> takeCount(std::string_view& rest)
+{
+    std::uint64_t count = take(rest, 1)[0] & 0xF;
+    if (count != 0xF)
+        return count;
+    auto object = rest.empty() ? Object() : scalar(rest);
+    if (object.kind != Kind::integer || object.integer < 0)
+        return {};
+    rest.remove_prefix(object.bytes.size());
+    return static_cast<std::uint64_t>(object.integer);
 }
 
 } // namespace
@@ -146,57 +155,48 @@ Result<BinaryPropertyListReader> BinaryPropertyListReader::open(std::string_view
     return reader;
 }
 
-Object BinaryPropertyListReader::object(std::size_t reference) const
+Object BinaryPropertyListReader::object(std::uint64_t reference) const
 {
     if (reference >= m_count)
         return {};
     auto offset = number(m_offsets.data() + reference * m_offsetSize, m_offsetSize);
     if (offset < magic.size() || offset >= m_objects.size())
         return {};
-    auto rest = m_objects.substr(offset);
-    auto marker = static_cast<unsigned char>(take(rest, 1)[0]);
-    unsigned low = marker & 0xF;
-    switch (marker >> 4) {
-    case 0x0:
-        return singleton(low);
-    case 0x1:
-        return integer(rest, low);
-    case 0x2:
-        return real(Kind::real, rest, low);
-    case 0x3:
-        return real(Kind::date, rest, low);
-    case 0x8:
-        return uid(rest, low + 1);
-    }
-
+    auto rest = m_objects.substr(static_cast<std::size_t>(offset));
     Object object;
-    if (!takeCount(rest, low, object.count))
-        return {};
-    switch (marker >> 4) {
+    std::size_t unitSize = 1;
+    switch (static_cast<unsigned char>(rest[0]) >> 4) {
     case 0x4:
         object.kind = Kind::data;
-        return bytesOf(object, rest, 1);
+        break;
     case 0x5:
         object.kind = Kind::string;
-        return bytesOf(object, rest, 1);
+        break;
     case 0x6:
         object.kind = Kind::string;
         object.isUTF16 = true;
-        return bytesOf(object, rest, 2);
+        unitSize = 2;
+        break;
     case 0xA:
         object.kind = Kind::array;
-        return bytesOf(object, rest, m_referenceSize);
-    case 0xC:
-        object.kind = Kind::set;
-        return bytesOf(object, rest, m_referenceSize);
+        unitSize = m_referenceSize;
+        break;
     case 0xD:
         object.kind = Kind::dictionary;
-        return bytesOf(object, rest, 2 * m_referenceSize);
+        unitSize = 2 * m_referenceSize;
+        break;
+    default:
+        return scalar(rest);
     }
-    return {};
+    auto count = takeCount(rest);
+    if (!count || *count > rest.size() / unitSize)
+        return {};
+    object.count = static_cast<std::size_t>(*count);
+    object.bytes = rest.substr(0, object.count * unitSize);
+    return object;
 }
 
-std::size_t BinaryPropertyListReader::reference(const Object& container, std::size_t index) const
+std::uint64_t BinaryPropertyListReader::reference(const Object& container, std::size_t index) const
 {
     return number(container.bytes.data() + index * m_referenceSize, m_referenceSize);
 }
@@ -221,7 +221,13 @@ bool BinaryPropertyListReader::isString(const Object& object, std::string_view a
 {
     if (object.kind != Kind::string || object.count != ascii.size())
         return false;
-    return object.isUTF16 ? string(object) == ascii : object.bytes == ascii;
+    if (!object.isUTF16)
+        return object.bytes == ascii;
+    for (std::size_t index = 0; index < ascii.size(); ++index) {
+        if (object.bytes[2 * index] != 0 || object.bytes[2 * index + 1] != ascii[index])
+            return false;
+    }
+    return true;
 }
 
 } // namespace velmorath

@@ -19,13 +19,13 @@ public:
         null,
         boolean,
         integer,
+        wideInteger,
         real,
         date,
         data,
         string,
         uid,
         array,
-        set,
         dictionary
     };
 
@@ -35,13 +35,13 @@ public:
         /// How a string is stored; ASCII otherwise.
         bool isUTF16 = false;
         bool boolean = false;
-        /// Also what a uid refers to, which is never negative.
+        /// Also what a uid refers to, negative when that is nowhere.
         std::int64_t integer = 0;
-        /// A date is in seconds since 2001-01-01 00:00 UTC.
         double real = 0;
-        /// Elements of an array or a set, pairs of a dictionary.
+        /// Elements of an array, pairs of a dictionary.
         std::size_t count = 0;
-        /// The stored bytes of data, a string, or a container's references.
+        /// The stored bytes of data, a string, or a container's references; of anything else, the whole
+        /// object as it is stored.
         std::string_view bytes;
     };
 
@@ -51,11 +51,11 @@ public:
     Object root() const { return object(m_root); }
 
     /// Invalid also for a reference that leads nowhere.
-    Object object(std::size_t reference) const;
+    Object object(std::uint64_t reference) const;
 
     /// The reference to a container's element. A dictionary has the keys first, `count` of them, then as
     /// many values.
-    std::size_t reference(const Object& container, std::size_t index) const;
+    std::uint64_t reference(const Object& container, std::size_t index) const;
 
     /// The value under a key, invalid when there is none. Looks at each key in turn.
     Object value(const Object& dictionary, std::string_view asciiKey) const;
@@ -70,8 +70,8 @@ private:
     std::string_view m_bytes;
     std::string_view m_objects;
     std::string_view m_offsets;
-    std::size_t m_count = 0;
-    std::size_t m_root = 0;
+    std::uint64_t m_count = 0;
+    std::uint64_t m_root = 0;
     std::size_t m_offsetSize = 0;
     std::size_t m_referenceSize = 0;
 };

@@ -86,6 +86,13 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addUID(std::uint32
     return reference;
 }
 
+BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addStored(std::string_view bytes)
+{
+    auto reference = beginObject();
+    m_bytes += bytes;
+    return reference;
+}
+
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addArray(std::span<const Reference> elements)
 {
     auto reference = beginObject();

@@ -27,6 +27,8 @@ public:
     Reference addBoolean(bool);
     Reference addData(std::string_view);
     Reference addUID(std::uint32_t);
+    /// An object as it is stored: the `bytes` of one that the reader met.
+    Reference addStored(std::string_view bytes);
     Reference addArray(std::span<const Reference> elements);
     /// As many keys as values.
     Reference addDictionary(std::span<const Reference> keys, std::span<const Reference> values);

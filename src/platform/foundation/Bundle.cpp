@@ -1,5 +1,6 @@
 #include "Bundle.h"
 #include "Host.h"
+#include "Unicode.h"
 #include <algorithm>
 
 namespace velmorath {
@@ -9,8 +10,7 @@ namespace {
 bool isLanguageTag(std::string_view tag)
 {
     return !tag.empty() && std::all_of(tag.begin(), tag.end(), [](char letter) {
-        return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z')
-            || (letter >= '0' && letter <= '9') || letter == '-';
+        return isASCIILetter(letter) || isASCIIDigit(letter) || letter == '-';
     });
 }
 

@@ -7,6 +7,10 @@ namespace {
 
 constexpr std::uint32_t rootUID = 1;
 
+// Whoever reads has a copy of a text for each record that refers to it, and refuses a file that becomes
+// much larger than it is.
+constexpr std::size_t longestSharedText = 32;
+
 } // namespace
 
 KeyedArchiver::KeyedArchiver(std::size_t recordCount)
@@ -29,14 +33,16 @@ void KeyedArchiver::encodeString(const std::optional<std::string>& text, std::st
     m_recordKeys.push_back(key.reference);
     if (!text) {
         m_recordValues.push_back(m_null);
-        return;
+    } else if (key.lastText == *text) {
+        m_recordValues.push_back(key.lastTextUID);
+    } else {
+        auto uid = m_writer.addUID(addObject(m_writer.addString(*text)));
+        m_recordValues.push_back(uid);
+        if (text->size() <= longestSharedText) {
+            key.lastText = *text;
+            key.lastTextUID = uid;
+        }
     }
-    if (!key.hasLastText || key.lastText != *text) {
-        key.lastTextUID = m_writer.addUID(addObject(m_writer.addString(*text)));
-        key.lastText = *text;
-        key.hasLastText = true;
-    }
-    m_recordValues.push_back(key.lastTextUID);
 }
 
 void KeyedArchiver::encodeBool(bool value, std::string_view name)
@@ -51,19 +57,23 @@ void KeyedArchiver::write(
     FileManager::standard().replace(path, bytes, completion);
 }
 
-void KeyedArchiver::append(const Coding* record)
+void KeyedArchiver::append(const Coding& record, bool mayStandTwice)
 {
-    if (!record) {
-        m_elements.push_back(m_null);
-        return;
-    }
+    auto known = mayStandTwice ? m_shared.find(&record) : m_shared.end();
+    auto uid = known == m_shared.end() ? addRecord(record) : known->second;
+    if (mayStandTwice)
+        m_shared.emplace(&record, uid);
+    m_elements.push_back(m_writer.addUID(uid));
+}
+
+KeyedArchiver::UID KeyedArchiver::addRecord(const Coding& record)
+{
     m_recordKeys.clear();
     m_recordValues.clear();
-    record->encode(*this);
+    record.encode(*this);
     m_recordKeys.push_back(m_classKey);
-    m_recordValues.push_back(classNamed(record->archivedClassName()));
-    auto uid = addObject(m_writer.addDictionary(m_recordKeys, m_recordValues));
-    m_elements.push_back(m_writer.addUID(uid));
+    m_recordValues.push_back(classNamed(record.archivedClassName()));
+    return addObject(m_writer.addDictionary(m_recordKeys, m_recordValues));
 }
 
 std::string KeyedArchiver::finish()
@@ -100,7 +110,7 @@ KeyedArchiver::Key& KeyedArchiver::keyNamed(std::string_view name)
     auto place = std::find_if(m_keys.begin(), m_keys.end(), [&](const Key& key) { return key.name == name; });
     if (place != m_keys.end())
         return *place;
-    return m_keys.emplace_back(Key{std::string(name), m_writer.addString(name), {}, m_null});
+    return m_keys.emplace_back(Key{std::string(name), m_writer.addString(name), {}, {}});
 }
 
 KeyedArchiver::Reference KeyedArchiver::classNamed(std::string_view name)

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 
 namespace velmorath {
 
@@ -12,13 +13,14 @@ namespace velmorath {
 /// root is an array of records.
 class KeyedArchiver {
 public:
-    /// The archive of a list. A null pointer in it becomes a null object.
+    /// The archive of a list. A record that stands in it twice is written once.
     template <typename Record>
     static std::string archivedData(const std::vector<std::shared_ptr<Record>>& list)
     {
         KeyedArchiver archiver(list.size());
         for (const auto& record : list)
-            archiver.append(record.get());
+            // Only what somebody else holds, too, may stand here a second time.
+            archiver.append(*record, record.use_count() > 1);
         return archiver.finish();
     }
 
@@ -39,14 +41,13 @@ private:
     using Reference = BinaryPropertyListWriter::Reference;
     using UID = std::uint32_t;
 
-    /// A key of the records, and the last text that was written under it: a date is often the same as
-    /// in the note before.
+    /// A key of the records, and the last short text that was written under it: a date is often the same
+    /// as in the note before.
     struct Key {
         std::string name;
         Reference reference;
-        std::string lastText;
+        std::optional<std::string> lastText;
         Reference lastTextUID;
-        bool hasLastText = false;
     };
     struct ClassEntry {
         std::string_view name;
@@ -58,9 +59,10 @@ private:
     static void write(
         const std::string& bytes, const std::string& path, const std::function<void(bool)>& completion);
 
-    void append(const Coding*);
+    void append(const Coding&, bool mayStandTwice);
     std::string finish();
 
+    UID addRecord(const Coding&);
     UID addObject(Reference);
     Key& keyNamed(std::string_view);
     Reference classNamed(std::string_view);
@@ -74,6 +76,7 @@ private:
     /// What each UID stands for.
     std::vector<Reference> m_objects;
     std::vector<Reference> m_elements;
+    std::unordered_map<const Coding*, UID> m_shared;
     /// The record that is being encoded.
     std::vector<Reference> m_recordKeys;
     std::vector<Reference> m_recordValues;

@@ -1,7 +1,7 @@
 #include "KeyedUnarchiver.h"
+#include "Unicode.h"
 #include <algorithm>
 #include <map>
-#include <set>
 
 namespace velmorath {
 namespace {
@@ -10,11 +10,12 @@ using Kind = BinaryPropertyListReader::Kind;
 
 constexpr std::int64_t nullUID = 0;
 
-// What may be spent on decoding: an honest archive has at least one byte for each byte of text, and
-// for each element of an array. Only what is referred to again and again costs more than its bytes.
-constexpr std::size_t budgetPerByte = 32;
-constexpr std::size_t smallestBudget = std::size_t(1) << 20;
-constexpr std::size_t costPerElement = 16;
+// A record as it is in memory, and the value that refers to it from then on.
+constexpr std::uint64_t costPerObject = 152;
+// A value in an array, and a pointer in the list that is made of it.
+constexpr std::uint64_t costPerElement = sizeof(ArchivedValue) + sizeof(std::shared_ptr<Object>);
+// Takes no memory, but time.
+constexpr std::uint64_t costPerKey = 8;
 
 constexpr std::uint32_t notMet = 0;
 constexpr std::uint32_t beingDecoded = 1;
@@ -26,11 +27,28 @@ std::map<std::string, KeyedUnarchiver::Decoder, std::less<>>& decoders()
     return decoders;
 }
 
-bool isOtherKnownClass(std::string_view name)
+bool isOneOf(const BinaryPropertyListReader::Object& name, std::initializer_list<std::string_view> names)
 {
-    static const std::set<std::string_view> names{"NSDictionary", "NSMutableDictionary", "NSSet",
-        "NSMutableSet", "NSDate", "NSData", "NSMutableData", "NSNull"};
-    return names.contains(name);
+    return std::any_of(names.begin(), names.end(),
+        [&](std::string_view known) { return BinaryPropertyListReader::isString(name, known); });
+}
+
+bool isStringClass(const BinaryPropertyListReader::Object& name)
+{
+    return isOneOf(name, {"NSString", "NSMutableString"});
+}
+
+// A line break in a file must not begin a line of its own in the log.
+std::string onOneLine(std::string_view text)
+{
+    std::string line;
+    while (!text.empty()) {
+        auto character = takeCharacter(text);
+        bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028
+            || character == 0x2029;
+        appendUTF8(line, isControl ? U' ' : character);
+    }
+    return line;
 }
 
 } // namespace
@@ -67,8 +85,9 @@ KeyedUnarchiver::KeyedUnarchiver(const Plist& plist, const Plist::Object& object
     : m_plist(plist)
     , m_objects(objects)
     , m_places(objects.count, notMet)
-    , m_budget(smallestBudget + plist.size() * budgetPerByte)
+    , m_budget(plist.size())
 {
+    spend(objects.count * sizeof m_places[0]);
 }
 
 std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
@@ -76,18 +95,36 @@ std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
     auto uid = entry(m_record, key);
     if (uid.kind != Kind::uid || uid.integer == nullUID)
         return {};
-    // Most texts are used once: they need not be remembered.
     auto object = objectAt(uid);
-    if (object.kind == Kind::string)
-        return text(object);
-    auto value = decodeReference(uid);
-    return value.string() && spend(value.string()->size()) ? std::optional(*value.string()) : std::nullopt;
+    if (object.kind == Kind::dictionary && isStringClass(className(object))) {
+        auto characters = entry(object, "NS.string");
+        object = characters.kind == Kind::invalid ? entry(object, "NS.bytes") : characters;
+        if (object.kind == Kind::uid)
+            object = objectAt(object);
+        if (object.kind != Kind::string && object.kind != Kind::data)
+            fail("The archive holds a text without characters");
+    } else if (object.kind != Kind::string) {
+        return {};
+    }
+    auto text = Plist::string(object);
+    return spend(ReadingBudget::costOf(text)) ? std::optional(std::move(text)) : std::nullopt;
 }
 
 bool KeyedUnarchiver::decodeBool(std::string_view key)
 {
     auto value = entry(m_record, key);
-    return value.kind == Kind::boolean && value.boolean;
+    if (value.kind == Kind::uid)
+        value = objectAt(value);
+    switch (value.kind) {
+    case Kind::boolean:
+        return value.boolean;
+    case Kind::integer:
+        return value.integer != 0;
+    case Kind::real:
+        return value.real != 0;
+    default:
+        return value.kind == Kind::wideInteger;
+    }
 }
 
 ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
@@ -106,6 +143,8 @@ ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
         return m_values[place - firstPlace];
     if (m_depth >= deepest)
         return fail("The archive is nested too deep");
+    if (!spend(costPerObject))
+        return {};
 
     place = beingDecoded;
     ++m_depth;
@@ -119,28 +158,37 @@ ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
 ArchivedValue KeyedUnarchiver::decodeObject(const Plist::Object& object)
 {
     switch (object.kind) {
-    case Kind::boolean:
-        return object.boolean;
-    case Kind::integer:
-        return object.integer;
-    case Kind::real:
-        return object.real;
-    case Kind::string:
-        return text(object);
-    case Kind::data:
-    case Kind::date:
-        return ArchivedValue::Other{};
     case Kind::dictionary:
         return decodeInstance(object);
-    default:
+    case Kind::invalid:
+    case Kind::null:
+    case Kind::uid:
+    case Kind::array:
         return fail("The archive holds an object that cannot be read");
+    default:
+        return ArchivedValue::Other{};
     }
 }
 
 ArchivedValue KeyedUnarchiver::decodeInstance(const Plist::Object& record)
 {
-    auto* decode = decodeForClass(entry(record, "$class"));
-    return decode ? (*decode)(record) : ArchivedValue();
+    auto name = className(record);
+    if (name.kind != Kind::string)
+        return fail("The archive holds an object without a class");
+    for (auto& [className, decode] : decoders()) {
+        if (Plist::isString(name, className)) {
+            m_record = record;
+            return decode(*this);
+        }
+    }
+    if (isOneOf(name, {"NSArray", "NSMutableArray"}))
+        return decodeElements(record, "NS.objects");
+    if (isStringClass(name)
+        || isOneOf(name,
+            {"NSDictionary", "NSMutableDictionary", "NSSet", "NSMutableSet", "NSDate", "NSData",
+                "NSMutableData", "NSNull"}))
+        return decodeOther(record);
+    return fail("The archive holds an object of the unknown class " + onOneLine(Plist::string(name)));
 }
 
 ArchivedValue KeyedUnarchiver::decodeElements(const Plist::Object& record, std::string_view key)
@@ -157,18 +205,6 @@ ArchivedValue KeyedUnarchiver::decodeElements(const Plist::Object& record, std::
     return values;
 }
 
-ArchivedValue KeyedUnarchiver::decodeText(const Plist::Object& record)
-{
-    auto object = entry(record, "NS.string");
-    if (object.kind == Kind::invalid)
-        object = entry(record, "NS.bytes");
-    if (object.kind == Kind::uid)
-        object = objectAt(object);
-    if (object.kind != Kind::string && object.kind != Kind::data)
-        return fail("The archive holds a text without characters");
-    return text(object);
-}
-
 ArchivedValue KeyedUnarchiver::decodeOther(const Plist::Object& record)
 {
     // The contents are of no use, but an unknown class among them counts as anywhere else.
@@ -179,45 +215,15 @@ ArchivedValue KeyedUnarchiver::decodeOther(const Plist::Object& record)
     return ArchivedValue::Other{};
 }
 
-const KeyedUnarchiver::Decode* KeyedUnarchiver::decodeForClass(const Plist::Object& uid)
+BinaryPropertyListReader::Object KeyedUnarchiver::className(const Plist::Object& record)
 {
-    if (uid.kind == Kind::uid) {
-        auto known = m_classes.find(uid.integer);
-        if (known != m_classes.end())
-            return &known->second;
-    }
-    auto name = entry(objectAt(uid), "$classname");
-    if (uid.kind != Kind::uid || name.kind != Kind::string) {
-        fail("The archive holds an object without a class");
-        return nullptr;
-    }
-    auto decode = makeDecode(text(name));
-    return decode ? &m_classes.emplace(uid.integer, std::move(decode)).first->second : nullptr;
-}
-
-KeyedUnarchiver::Decode KeyedUnarchiver::makeDecode(const std::string& className)
-{
-    if (auto decoder = decoders().find(className); decoder != decoders().end()) {
-        return [this, decoder](const Plist::Object& record) -> ArchivedValue {
-            auto outer = std::exchange(m_record, record);
-            auto object = decoder->second(*this);
-            m_record = outer;
-            return object;
-        };
-    }
-    if (className == "NSArray" || className == "NSMutableArray")
-        return [this](const Plist::Object& record) { return decodeElements(record, "NS.objects"); };
-    if (className == "NSString" || className == "NSMutableString")
-        return [this](const Plist::Object& record) { return decodeText(record); };
-    if (isOtherKnownClass(className))
-        return [this](const Plist::Object& record) { return decodeOther(record); };
-    fail("The archive holds an object of the unknown class " + className);
-    return {};
+    auto uid = entry(record, "$class");
+    return uid.kind == Kind::uid ? entry(objectAt(uid), "$classname") : Plist::Object();
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& record, std::string_view name)
 {
-    if (record.kind != Kind::dictionary || !spend(record.count))
+    if (record.kind != Kind::dictionary)
         return {};
     auto key =
         std::find_if(m_keys.begin(), m_keys.end(), [&](const Key& known) { return known.name == name; });
@@ -229,7 +235,7 @@ BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& rec
         std::size_t index = 0;
         while (index < record.count && !Plist::isString(m_plist.object(keyReference(index)), name))
             ++index;
-        if (index == record.count)
+        if (!spend(index * costPerKey) || index == record.count)
             return {};
         key->index = index;
         key->reference = keyReference(index);
@@ -237,26 +243,23 @@ BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& rec
     return m_plist.object(m_plist.reference(record, record.count + key->index));
 }
 
+// An error where a reference leads nowhere.
 BinaryPropertyListReader::Object KeyedUnarchiver::objectAt(const Plist::Object& uid)
 {
-    if (uid.kind != Kind::uid || static_cast<std::uint64_t>(uid.integer) >= m_objects.count)
-        return {};
-    return m_plist.object(m_plist.reference(m_objects, static_cast<std::size_t>(uid.integer)));
+    Plist::Object object;
+    if (static_cast<std::uint64_t>(uid.integer) < m_objects.count)
+        object = m_plist.object(m_plist.reference(m_objects, static_cast<std::size_t>(uid.integer)));
+    if (object.kind == Kind::invalid)
+        fail("The archive refers to an object that is not there");
+    return object;
 }
 
-std::string KeyedUnarchiver::text(const Plist::Object& object)
+bool KeyedUnarchiver::spend(std::uint64_t cost)
 {
-    return spend(object.bytes.size()) ? Plist::string(object) : std::string();
-}
-
-bool KeyedUnarchiver::spend(std::size_t cost)
-{
-    if (cost > m_budget) {
+    bool isAffordable = m_budget.spend(cost);
+    if (!isAffordable)
         fail("The archive repeats its contents too often");
-        return false;
-    }
-    m_budget -= cost;
-    return true;
+    return isAffordable;
 }
 
 ArchivedValue KeyedUnarchiver::fail(std::string description)

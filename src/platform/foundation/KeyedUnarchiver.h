@@ -2,10 +2,10 @@
 
 #include "ArchivedValue.h"
 #include "BinaryPropertyListReader.h"
+#include "ReadingBudget.h"
 #include <deque>
 #include <functional>
 #include <optional>
-#include <unordered_map>
 
 namespace velmorath {
 
@@ -23,10 +23,12 @@ public:
     /// when the bytes are no keyed archive, are damaged, or lead to an object of an unknown class.
     static Result<ArchivedValue> unarchiveTopLevelObject(std::string_view bytes);
 
-    /// Nothing when the record being decoded has no such key, or null or something else under it.
+    /// Nothing when the record being decoded has no such key, or null or something else under it: an
+    /// object of whatever class is not looked into.
     std::optional<std::string> decodeString(std::string_view key);
 
-    /// False when the record being decoded has no such key, or something else under it.
+    /// True for a boolean that is, or a number that is not zero, in the record being decoded or referred to
+    /// by it.
     bool decodeBool(std::string_view key);
 
 private:
@@ -35,7 +37,7 @@ private:
     /// Where a key was found last: equal keys of different records are mostly one string at one place.
     struct Key {
         std::string name;
-        std::size_t reference;
+        std::uint64_t reference;
         std::size_t index;
     };
 
@@ -45,28 +47,22 @@ private:
     ArchivedValue decodeObject(const Plist::Object&);
     ArchivedValue decodeInstance(const Plist::Object& record);
     ArchivedValue decodeElements(const Plist::Object& record, std::string_view key);
-    ArchivedValue decodeText(const Plist::Object& record);
     ArchivedValue decodeOther(const Plist::Object& record);
 
-    using Decode = std::function<ArchivedValue(const Plist::Object& record)>;
-    const Decode* decodeForClass(const Plist::Object& uid);
-    Decode makeDecode(const std::string& className);
-
+    Plist::Object className(const Plist::Object& record);
     Plist::Object entry(const Plist::Object& record, std::string_view key);
     Plist::Object objectAt(const Plist::Object& uid);
-    std::string text(const Plist::Object&);
-    bool spend(std::size_t cost);
+    bool spend(std::uint64_t cost);
     ArchivedValue fail(std::string description);
 
     const Plist& m_plist;
     Plist::Object m_objects;
     Plist::Object m_record;
     std::vector<Key> m_keys;
-    std::unordered_map<std::int64_t, Decode> m_classes;
     /// For each archived object: not met yet, being decoded, or where its value is.
     std::vector<std::uint32_t> m_places;
     std::deque<ArchivedValue> m_values;
-    std::size_t m_budget;
+    ReadingBudget m_budget;
     int m_depth = 0;
     std::optional<Error> m_error;
 };

@@ -34,7 +34,8 @@ std::string valueDescription(const PropertyList& value)
         return description(*dictionary);
     if (const PropertyList::Array* array = value.array())
         return "(" + std::to_string(array->size()) + " values)";
-    return "<" + std::to_string(value.data()->size()) + " bytes>";
+    const std::string& bytes = value.data() ? *value.data() : *value.stored();
+    return "<" + std::to_string(bytes.size()) + " bytes>";
 }
 
 } // namespace

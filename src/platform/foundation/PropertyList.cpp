@@ -37,6 +37,11 @@ PropertyList::PropertyList(Data data)
 {
 }
 
+PropertyList::PropertyList(Stored stored)
+    : m_value(std::move(stored))
+{
+}
+
 PropertyList::PropertyList(Array array)
     : m_value(std::move(array))
 {
@@ -57,6 +62,12 @@ const std::string* PropertyList::data() const
 {
     auto* data = std::get_if<Data>(&m_value);
     return data ? &data->bytes : nullptr;
+}
+
+const std::string* PropertyList::stored() const
+{
+    auto* stored = std::get_if<Stored>(&m_value);
+    return stored ? &stored->bytes : nullptr;
 }
 
 bool PropertyList::operator==(const PropertyList& other) const

@@ -9,8 +9,8 @@
 
 namespace velmorath {
 
-/// One value of the kinds that a settings file can hold: a string (UTF-8), a number, a boolean, bytes, or
-/// an array or dictionary of such values.
+/// One value of the kinds that a settings file can hold: a string (UTF-8), a number, a boolean, bytes, a
+/// date or whatever else has no use here, or an array or dictionary of such values.
 class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
@@ -18,6 +18,11 @@ public:
     struct Data {
         std::string bytes;
         bool operator==(const Data&) const = default;
+    };
+    /// A value that is only kept: the bytes of its object in the file.
+    struct Stored {
+        std::string bytes;
+        bool operator==(const Stored&) const = default;
     };
 
     PropertyList(std::string);
@@ -27,6 +32,7 @@ public:
     PropertyList(double);
     PropertyList(bool);
     PropertyList(Data);
+    PropertyList(Stored);
     PropertyList(Array);
     PropertyList(Dictionary);
     PropertyList(const PropertyList&);
@@ -41,8 +47,10 @@ public:
     std::optional<double> real() const { return get<double>(); }
     std::optional<bool> boolean() const { return get<bool>(); }
     const std::string* data() const;
+    const std::string* stored() const;
     const Array* array() const { return std::get_if<Array>(&m_value); }
     const Dictionary* dictionary() const { return std::get_if<Dictionary>(&m_value); }
+    Dictionary* dictionary() { return std::get_if<Dictionary>(&m_value); }
 
     bool operator==(const PropertyList&) const;
 
@@ -53,7 +61,7 @@ private:
         return value ? std::optional<T>(*value) : std::nullopt;
     }
 
-    std::variant<std::string, std::int64_t, double, bool, Data, Array, Dictionary> m_value;
+    std::variant<std::string, std::int64_t, double, bool, Data, Stored, Array, Dictionary> m_value;
 };
 
 } // namespace velmorath

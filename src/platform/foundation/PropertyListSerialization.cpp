@@ -1,6 +1,7 @@
 #include "PropertyListSerialization.h"
 #include "BinaryPropertyListReader.h"
 #include "BinaryPropertyListWriter.h"
+#include "ReadingBudget.h"
 
 namespace velmorath {
 namespace {
@@ -20,6 +21,8 @@ Writer::Reference write(Writer& writer, const PropertyList& value)
         return writer.addBoolean(*boolean);
     if (auto* data = value.data())
         return writer.addData(*data);
+    if (auto* stored = value.stored())
+        return writer.addStored(*stored);
 
     std::vector<Writer::Reference> keys;
     std::vector<Writer::Reference> values;
@@ -39,7 +42,7 @@ class Parser {
 public:
     explicit Parser(const BinaryPropertyListReader& reader)
         : m_reader(reader)
-        , m_budget(reader.size() * budgetPerByte)
+        , m_budget(reader.size())
     {
     }
 
@@ -48,7 +51,7 @@ public:
     {
         // A circle of references is a very deep nesting.
         constexpr int deepest = 100;
-        if (m_depth >= deepest || !spend(costPerValue + object.bytes.size()))
+        if (m_depth >= deepest)
             return {};
         ++m_depth;
         auto value = parseWhole(object);
@@ -57,23 +60,15 @@ public:
     }
 
 private:
-    // In an honest list a reference takes a byte or more, and so does each byte of a text. References
-    // to one and the same value may repeat it, but not without end.
-    static constexpr std::size_t budgetPerByte = 32;
-    static constexpr std::size_t costPerValue = 16;
-
-    bool spend(std::size_t cost)
-    {
-        bool affordable = cost <= m_budget;
-        m_budget -= affordable ? cost : m_budget;
-        return affordable;
-    }
+    // An entry of a map has the key, too, and three pointers.
+    static constexpr std::uint64_t costPerElement = sizeof(PropertyList);
+    static constexpr std::uint64_t costPerEntry = sizeof(PropertyList::Dictionary::value_type) + 40;
 
     std::optional<PropertyList> parseWhole(const BinaryPropertyListReader::Object& object)
     {
         switch (object.kind) {
         case Kind::string:
-            return BinaryPropertyListReader::string(object);
+            return keep<std::string>(BinaryPropertyListReader::string(object));
         case Kind::integer:
             return object.integer;
         case Kind::real:
@@ -81,19 +76,34 @@ private:
         case Kind::boolean:
             return object.boolean;
         case Kind::data:
-            return PropertyList::Data{std::string(object.bytes)};
+            return keep<PropertyList::Data>(std::string(object.bytes));
         case Kind::array:
             return parseArray(object);
         case Kind::dictionary:
             return parseDictionary(object);
+        case Kind::null:
+        case Kind::wideInteger:
+        case Kind::date:
+        case Kind::uid:
+            return keep<PropertyList::Stored>(std::string(object.bytes));
         default:
             return {};
         }
     }
 
+    template <typename Value> std::optional<PropertyList> keep(std::string bytes)
+    {
+        if (!m_budget.spend(ReadingBudget::costOf(bytes)))
+            return {};
+        return Value{std::move(bytes)};
+    }
+
     std::optional<PropertyList> parseArray(const BinaryPropertyListReader::Object& object)
     {
+        if (!m_budget.spend(object.count * costPerElement))
+            return {};
         PropertyList::Array array;
+        array.reserve(object.count);
         for (std::size_t index = 0; index < object.count; ++index) {
             auto element = parse(m_reader.object(m_reader.reference(object, index)));
             if (!element)
@@ -105,19 +115,24 @@ private:
 
     std::optional<PropertyList> parseDictionary(const BinaryPropertyListReader::Object& object)
     {
+        if (!m_budget.spend(object.count * costPerEntry))
+            return {};
         PropertyList::Dictionary dictionary;
         for (std::size_t index = 0; index < object.count; ++index) {
-            auto key = parse(m_reader.object(m_reader.reference(object, index)));
+            auto key = m_reader.object(m_reader.reference(object, index));
             auto value = parse(m_reader.object(m_reader.reference(object, object.count + index)));
-            if (!key || !key->string() || !value)
+            if (key.kind != Kind::string || !value)
                 return {};
-            dictionary.insert_or_assign(*key->string(), std::move(*value));
+            auto name = BinaryPropertyListReader::string(key);
+            if (!m_budget.spend(ReadingBudget::costOf(name)))
+                return {};
+            dictionary.insert_or_assign(std::move(name), std::move(*value));
         }
         return dictionary;
     }
 
     const BinaryPropertyListReader& m_reader;
-    std::size_t m_budget;
+    ReadingBudget m_budget;
     int m_depth = 0;
 };
 

@@ -8,8 +8,8 @@ namespace velmorath {
 
 std::string binaryPropertyList(const PropertyList&);
 
-/// Takes any bytes. An error when they are damaged, nested too deep, refer to themselves, hold a kind of
-/// value that PropertyList has not, or would become much larger in memory than they are.
+/// Takes any bytes. An error when they are damaged, nested too deep, refer to themselves, or would become
+/// much larger in memory than they are.
 Result<PropertyList> parseBinaryPropertyList(std::string_view bytes);
 
 } // namespace velmorath

@@ -1,24 +1,14 @@
 #include "URL.h"
+#include "Unicode.h"
 #include <algorithm>
 
 namespace velmorath {
 
 namespace {
 
-// Of ASCII, whatever the C library's locale is.
-bool isLetter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 bool isHexadecimal(char c)
 {
-    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    return isASCIIDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 bool isOneOf(std::string_view characters, char c)
@@ -28,14 +18,14 @@ bool isOneOf(std::string_view characters, char c)
 
 bool isScheme(std::string_view text)
 {
-    return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), [](char c) {
-        return isLetter(c) || isDigit(c) || isOneOf("+-.", c);
+    return !text.empty() && isASCIILetter(text.front()) && std::all_of(text.begin(), text.end(), [](char c) {
+        return isASCIILetter(c) || isASCIIDigit(c) || isOneOf("+-.", c);
     });
 }
 
 bool isUnreserved(char c)
 {
-    return isLetter(c) || isDigit(c) || isOneOf("-._~", c);
+    return isASCIILetter(c) || isASCIIDigit(c) || isOneOf("-._~", c);
 }
 
 bool isEncoded(std::string_view text)

@@ -10,6 +10,16 @@ constexpr char32_t replacementCharacter = 0xFFFD;
 
 bool isASCII(std::string_view bytes);
 
+/// Of ASCII, whatever the C library's locale is.
+constexpr bool isASCIILetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+constexpr bool isASCIIDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
 /// Takes one character off the front of a UTF-8 text that is not empty. Bytes that are no character give
 /// the replacement character.
 char32_t takeCharacter(std::string_view& utf8);

@@ -15,7 +15,7 @@ PropertyList::Dictionary load(const std::string& path)
         return {};
     auto values = parseBinaryPropertyList(*bytes);
     if (values && values->dictionary())
-        return *values->dictionary();
+        return std::move(*values->dictionary());
     fileManager.markUnreadable(path);
     return {};
 }
@@ -37,7 +37,14 @@ const PropertyList* UserDefaults::object(std::string_view key)
 bool UserDefaults::boolForKey(std::string_view key)
 {
     auto* value = object(key);
-    return value && value->boolean().value_or(false);
+    if (!value)
+        return false;
+    if (auto* text = value->string()) {
+        auto start = text->find_first_not_of(" +-0");
+        return text->find_first_of("YyTt123456789", start) == start && start != std::string::npos;
+    }
+    return value->boolean().value_or(false) || value->integer().value_or(0) != 0
+        || value->real().value_or(0) != 0;
 }
 
 const PropertyList::Dictionary* UserDefaults::dictionary(std::string_view key)

@@ -15,7 +15,7 @@ public:
 
     /// Null when there is none. Valid until the next change.
     const PropertyList* object(std::string_view key);
-    /// False when there is none, or something that is not a boolean.
+    /// A boolean, a number, or a text such as "YES" or "1". False when there is none, or something else.
     bool boolForKey(std::string_view key);
     /// Null when there is none, or something that is not a dictionary.
     const PropertyList::Dictionary* dictionary(std::string_view key);

@@ -108,14 +108,37 @@ TEST_F(KeyedArchiverTest, ReadsWhatItWrote)
         EXPECT_EQ(json(unarchive(KeyedArchiver::archivedData(notes))), json(notes));
 }
 
-TEST_F(KeyedArchiverTest, KeepsGaps)
+TEST_F(KeyedArchiverTest, ReadsEqualTextsOfEverySize)
 {
-    Notes notes{makeNote("one", {}, false), nullptr, makeNote("two", {}, false)};
-    auto read = unarchive(KeyedArchiver::archivedData(notes));
-    ASSERT_EQ(read.size(), 3u);
-    EXPECT_EQ(read[0]->text, "one");
-    EXPECT_EQ(read[1], nullptr);
-    EXPECT_EQ(read[2]->text, "two");
+    for (std::size_t size : {0, 1, 14, 15, 16, 31, 32, 33, 100, 10000}) {
+        for (const char* letter : {"x", "好"}) {
+            std::string text;
+            for (std::size_t i = 0; i < size; ++i)
+                text += letter;
+            Notes notes;
+            while (notes.size() < 200)
+                notes.push_back(makeNote(text, text, false));
+            auto read = unarchive(KeyedArchiver::archivedData(notes));
+            ASSERT_EQ(read.size(), notes.size()) << size;
+            EXPECT_TRUE(*read.front() == *notes.front() && *read.back() == *notes.back()) << size;
+        }
+    }
+}
+
+TEST_F(KeyedArchiverTest, ARecordThatStandsTwiceStaysOne)
+{
+    auto twice = makeNote("twice", "today", true);
+    auto once = makeNote("once", "today", true);
+    auto bytes = KeyedArchiver::archivedData(Notes{twice, once, twice});
+    for (int start = 0; start < 2; ++start) {
+        auto read = unarchive(bytes);
+        ASSERT_EQ(read.size(), 3u);
+        EXPECT_EQ(read[0], read[2]);
+        EXPECT_NE(read[0], read[1]);
+        EXPECT_EQ(*read[0], *twice);
+        EXPECT_EQ(*read[1], *once);
+        bytes = KeyedArchiver::archivedData(read);
+    }
 }
 
 TEST_F(KeyedArchiverTest, RepairsTextsThatAreNotUTF8)

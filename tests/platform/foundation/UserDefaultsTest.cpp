@@ -1,6 +1,8 @@
 #include "UserDefaults.h"
 #include "FileManager.h"
 #include "HeadlessHost.h"
+#include "Print.h"
+#include "PropertyListSerialization.h"
 #include "ReplaceFile.h"
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -59,6 +61,34 @@ TEST_F(UserDefaultsTest, KeepsValuesFromStartToStart)
     EXPECT_EQ(m_defaults.object("gone"), nullptr);
     ASSERT_TRUE(m_defaults.dictionary("settaggi"));
     EXPECT_EQ(*m_defaults.dictionary("settaggi")->at("theme").string(), "Red");
+}
+
+TEST_F(UserDefaultsTest, NumbersAndTextsAreTrueOrFalse)
+{
+    auto isTrue = [&](PropertyList value) {
+        m_defaults.setObject("HasLaunchedOnce", std::move(value));
+        return m_defaults.boolForKey("HasLaunchedOnce");
+    };
+    for (const PropertyList& value : PropertyList::Array{true, 1, -2, 0.5, "YES", "yes", "true", "1", " 07"})
+        EXPECT_TRUE(isTrue(value)) << description({{"value", value}});
+    for (const PropertyList& value : PropertyList::Array{false, 0, 0.0, "NO", "false", "0", "", "no 1"})
+        EXPECT_FALSE(isTrue(value)) << description({{"value", value}});
+}
+
+TEST_F(UserDefaultsTest, KeepsValuesOfEveryKind)
+{
+    const PropertyList date = PropertyList::Stored{std::string("\x33\x41\xC8\x5D\0\0\0\0\0", 9)};
+    const PropertyList::Dictionary values{
+        {"date", date}, {"settaggi", PropertyList::Dictionary{{"theme", "Red"}, {"since", date}}}};
+    ASSERT_TRUE(replace(m_path, binaryPropertyList(values)));
+    m_defaults.setBool("HasLaunchedOnce", true);
+    EXPECT_TRUE(synchronize());
+    m_defaults.reset();
+    EXPECT_TRUE(m_defaults.boolForKey("HasLaunchedOnce"));
+    EXPECT_EQ(*m_defaults.object("date"), date);
+    EXPECT_EQ(*m_defaults.object("settaggi"), values.at("settaggi"));
+    EXPECT_EQ(
+        description(*m_defaults.dictionary("settaggi")), "{\n    since = <9 bytes>;\n    theme = Red;\n}");
 }
 
 TEST_F(UserDefaultsTest, WritesOnlyChangesAndTriesAgain)
