@@ -64,7 +64,7 @@ TEST_F(LoadingActivityTest, ShowsABoxInTheMiddle)
     host.advance(0.3);
     const DrawingRecorder drawing = host.draw();
     EXPECT_EQ(drawing.text("Loading")->alpha, 1);
-    EXPECT_EQ(drawing.text("Loading")->fontSize, 30);
+    EXPECT_EQ(drawing.text("Loading")->textStyle.font.size, 30);
     EXPECT_EQ(drawing.colorAt({187.5, 305}), Settings::BackgroundColor());
 
     host.resize({667, 375});

@@ -64,7 +64,7 @@ protected:
     /// On a row's words, or where a row has none.
     void tapWords(std::size_t place) { tap({20, place * 60.0 + 30}); }
     void tapBesideWords(std::size_t place) { tap({240, place * 60.0 + 30}); }
-    void tapReorder() { tap({28, 508}); }
+    void tapReorder() { tap({28, host.screen().size().height - 28}); }
     /// Lets the presented screen arrive and takes it away again.
     void leavePresented();
     /// Sideways on a row, and lets go.

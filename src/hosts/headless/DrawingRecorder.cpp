@@ -37,22 +37,27 @@ void DrawingRecorder::fill(const CGRect& rect, CGFloat cornerRadius, const CGCol
     command.cornerRadius = cornerRadius;
 }
 
-void DrawingRecorder::fill(const CGRect& rect, CGFloat cornerRadius, const CGGradient&)
+void DrawingRecorder::fill(const CGRect& rect, CGFloat cornerRadius, const CGGradient& gradient)
 {
-    add(DrawingCommand::Kind::gradient, rect).cornerRadius = cornerRadius;
+    DrawingCommand& command = add(DrawingCommand::Kind::gradient, rect);
+    command.gradient = gradient;
+    command.cornerRadius = cornerRadius;
 }
 
-void DrawingRecorder::stroke(const CGRect& rect, CGFloat cornerRadius, CGFloat, const CGColor& color)
+void DrawingRecorder::stroke(
+    const CGRect& rect, CGFloat cornerRadius, CGFloat lineWidth, const CGColor& color)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::stroke, rect);
+    command.lineWidth = lineWidth;
     command.color = color;
     command.cornerRadius = cornerRadius;
 }
 
 void DrawingRecorder::drawShadow(
-    const CGRect& rect, CGFloat cornerRadius, const CGColor& color, CGVector offset, CGFloat)
+    const CGRect& rect, CGFloat cornerRadius, const CGColor& color, CGVector offset, CGFloat blurRadius)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::shadow, rect.offsetBy(offset.dx, offset.dy));
+    command.blurRadius = blurRadius;
     command.color = color;
     command.cornerRadius = cornerRadius;
 }
@@ -61,15 +66,18 @@ void DrawingRecorder::drawText(std::string_view utf8, const CGRect& rect, const 
 {
     DrawingCommand& command = add(DrawingCommand::Kind::text, rect);
     command.text = utf8;
-    command.fontSize = style.font.size;
+    command.textStyle = style;
     command.color = style.color;
 }
 
 void DrawingRecorder::drawImage(const CGImage& image, const CGRect& rect)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::image, rect);
-    if (const auto* known = dynamic_cast<const HeadlessImage*>(&image))
+    command.imagePixels = image.pixelSize();
+    if (const auto* known = dynamic_cast<const HeadlessImage*>(&image)) {
         command.color = known->color();
+        command.imageBytes = known->byteCount();
+    }
 }
 
 std::vector<std::string> DrawingRecorder::texts() const

@@ -19,8 +19,16 @@ struct DrawingCommand {
     CGColor color;
     CGFloat alpha = 1;
     CGFloat cornerRadius = 0;
+    /// Of a stroke.
+    CGFloat lineWidth = 0;
+    /// Of a shadow.
+    CGFloat blurRadius = 0;
+    CGGradient gradient;
     std::string text;
-    CGFloat fontSize = 0;
+    CGTextStyle textStyle;
+    /// Of a picture: its pixels, and the length of the file that it comes from.
+    CGSize imagePixels;
+    std::size_t imageBytes = 0;
 };
 
 /// Draws into a list that a test can ask about.

@@ -36,7 +36,8 @@ CGTextMetrics HeadlessScreen::measure(std::string_view utf8, const CGFont& font,
 std::shared_ptr<CGImage> HeadlessScreen::decodeImage(std::string_view bytes)
 {
     const bool isPicture = bytes.starts_with("\x89PNG") || bytes.starts_with("\xFF\xD8");
-    return isPicture ? std::make_shared<HeadlessImage>(CGSize{72, 72}) : nullptr;
+    return isPicture ? std::make_shared<HeadlessImage>(CGSize{72, 72}, CGColor{0, 0, 0, 0}, bytes.size())
+                     : nullptr;
 }
 
 std::shared_ptr<CGImage> HeadlessScreen::makeBitmap(CGSize pixels, const CGColor& color)

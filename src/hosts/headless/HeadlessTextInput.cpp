@@ -3,10 +3,11 @@
 namespace velmorath {
 
 void HeadlessTextInput::begin(
-    TextInputClient& client, const std::string& utf8, const CGTextStyle&, TextInputTraits traits)
+    TextInputClient& client, const std::string& utf8, const CGTextStyle& style, TextInputTraits traits)
 {
     m_client = &client;
     m_text = utf8;
+    m_style = style;
     m_traits = traits;
 }
 

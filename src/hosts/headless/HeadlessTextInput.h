@@ -13,6 +13,7 @@ public:
 
     bool isEditing() const { return m_client; }
     const std::string& text() const { return m_text; }
+    const CGTextStyle& style() const { return m_style; }
     const TextInputTraits& traits() const { return m_traits; }
     CGRect frame() const { return m_frame; }
     CGRect clip() const { return m_clip; }
@@ -27,6 +28,7 @@ public:
 private:
     TextInputClient* m_client = nullptr;
     std::string m_text;
+    CGTextStyle m_style;
     TextInputTraits m_traits;
     CGRect m_frame;
     CGRect m_clip;

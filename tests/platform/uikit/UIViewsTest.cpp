@@ -40,7 +40,7 @@ TEST_F(UIViewsTest, ALabelShrinksALineThatIsTooLong)
     label->setFont(UIFont::systemFont(20));
     const auto size = [&](const std::string& text) {
         label->setText(text);
-        return drawn(DrawingCommand::Kind::text).at(0).fontSize;
+        return drawn(DrawingCommand::Kind::text).at(0).textStyle.font.size;
     };
     EXPECT_EQ(size(std::string(20, 'a')), 20);
     label->setMinimumScaleFactor(0.25);

@@ -13,7 +13,8 @@ class SettingsTest : public ListTest {
 protected:
     void openInformation()
     {
-        tap({292, 508});
+        const CGSize size = host.screen().size();
+        tap({size.width - 28, size.height - 28});
         host.advance(0.5);
     }
     void openOptions()

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "SettingsTest.h"
+
+namespace velmorath {
+
+/// Goes to every screen, in each state that looks different, and looks at it there.
+class ScreensWalk : public SettingsTest {
+protected:
+    /// On a screen of this size: everything, or only what is laid out otherwise on another size.
+    void walk(CGSize, bool everything);
+    /// Whatever is to be done in a state. The name is the same for the same state on every size.
+    virtual void look(const std::string& state) = 0;
+
+private:
+    void open(const Lines& notes, const std::string& theme = "Blue");
+    void openUsualList();
+    void visitList();
+    void visitGestures();
+    void visitEditing();
+    void visitReordering();
+    void visitThemes();
+    void visitNotes();
+    void visitInformation();
+    void visitTutorial();
+    void visitMail();
+    void visitOverlays();
+
+    bool m_everything = true;
+};
+
+} // namespace velmorath
