@@ -147,17 +147,6 @@ TEST_F(KeysTest, NoKeyActsOnARowThatNobodySees)
     EXPECT_EQ(saved().at(37), "x note") << "of the row below only a third is in sight";
 }
 
-TEST_F(KeysTest, NothingMovesUnderAFinger)
-{
-    start({"One", "Two", "Three"});
-    press(HostKey::tab);
-    Finger finger = beginSwipe(0, -200);
-    EXPECT_FALSE(press(HostKey::remove));
-    finger.lift();
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"Two", "Three"}));
-}
-
 TEST_F(KeysTest, AnAlertIsAnsweredByKeys)
 {
     launch();

@@ -9,33 +9,6 @@ protected:
     bool isPlaceHolderShown() const { return placeHolder().superview() != nullptr; }
 };
 
-TEST_F(PullDownTest, PlaceholderComesOutOfTheTop)
-{
-    start({"One", "Two", "Three"});
-    Finger finger = beginPull(30);
-    EXPECT_NEAR(table().contentOffset().y, -30, 1e-9);
-    EXPECT_EQ(table().subviews().front(), list().placeHolderCell);
-    EXPECT_EQ(placeHolder().frame(), CGRectMake(0, -60, 320, 60));
-    EXPECT_NEAR(placeHolder().alpha(), 0.5, 1e-9);
-    EXPECT_EQ(placeHolder().label->text(), "Pull to add item");
-    EXPECT_EQ(placeHolder().backgroundColor(), (CGColor{0, 0, 1, 1}));
-    const DrawingRecorder drawn = host.draw();
-    ASSERT_TRUE(drawn.text("Pull to add item"));
-    EXPECT_NEAR(drawn.text("Pull to add item")->alpha, 0.5, 1e-9);
-    EXPECT_TRUE(drawn.text("One"));
-
-    movePull(finger, 60.5);
-    EXPECT_EQ(placeHolder().label->text(), "Release to add item");
-    EXPECT_EQ(placeHolder().alpha(), 1.0);
-    movePull(finger, 40);
-    EXPECT_EQ(placeHolder().label->text(), "Pull to add item");
-    finger.lift();
-    EXPECT_FALSE(isPlaceHolderShown());
-    EXPECT_EQ(notes(), (Lines{"One", "Two", "Three"}));
-    host.advance(2);
-    EXPECT_EQ(table().contentOffset().y, 0);
-}
-
 TEST_F(PullDownTest, ExactlyOneRowDeepAddsNothing)
 {
     // On a table of two rows the rubber gives exactly half of its height for this way.
@@ -118,19 +91,6 @@ TEST_F(PullDownTest, ADragThatStartsFurtherDownNeverPulls)
     EXPECT_EQ(notes().size(), 10u);
 }
 
-TEST_F(PullDownTest, NeverWhileTyping)
-{
-    start({"One", "Two"});
-    tapWords(0);
-    ASSERT_TRUE(list().tastieraAttiva);
-    Finger finger = beginPull(80);
-    EXPECT_FALSE(isPlaceHolderShown());
-    finger.lift();
-    host.advance(1);
-    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
-    EXPECT_TRUE(row(0).label->isEditing());
-}
-
 TEST_F(PullDownTest, APullThatTheMachineTakesAwayAddsNothing)
 {
     start({"One"});
@@ -153,14 +113,6 @@ TEST_F(PullDownTest, TheWheelNeverPulls)
     EXPECT_EQ(table().contentOffset().y, 0);
     EXPECT_FALSE(isPlaceHolderShown());
     EXPECT_EQ(notes(), many);
-}
-
-TEST_F(PullDownTest, AnUnknownThemeIsBlack)
-{
-    start({"One", "Two"}, "an unknown theme");
-    Finger finger = beginPull(20);
-    EXPECT_EQ(placeHolder().backgroundColor(), UIColor::black());
-    finger.lift();
 }
 
 using PullDownDeathTest = PullDownTest;

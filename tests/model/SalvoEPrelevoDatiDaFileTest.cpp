@@ -2,7 +2,6 @@
 #include "ArchiveBuilder.h"
 #include "ListTest.h"
 #include "ReplaceFile.h"
-#include "ToDoItem.h"
 #include <fstream>
 #include <iterator>
 
@@ -46,23 +45,6 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, WhatIsSavedComesBack)
     EXPECT_TRUE(load().empty());
 }
 
-TEST_F(SalvoEPrelevoDatiDaFileTest, ARecordTakesWhatItFinds)
-{
-    ArchiveBuilder builder;
-    const auto seven = builder.writer.addUID(builder.add(builder.writer.addInteger(7)));
-    const auto word = builder.writer.addUID(builder.add(builder.writer.addString("Nov 1, 2026")));
-    const auto odd =
-        builder.addInstance(std::string(ToDoItem2::className), {{"text", seven}, {"data", word}});
-    const auto empty = builder.addInstance(std::string(ToDoItem2::className), {});
-    put(builder.finish(builder.addArray({odd, empty, odd})));
-    const auto read = load();
-    ASSERT_EQ(read.size(), 3u);
-    EXPECT_EQ(read[0]->text, std::nullopt);
-    EXPECT_EQ(read[0]->data, "Nov 1, 2026");
-    EXPECT_FALSE(read[1]->text || read[1]->data || read[1]->completed);
-    EXPECT_EQ(read[0], read[2]);
-}
-
 TEST_F(SalvoEPrelevoDatiDaFileTest, AFileThatCannotBeReadIsKeptBesideTheNextOne)
 {
     start({});
@@ -95,20 +77,6 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, ADiskThatCannotBeReadDoesNotLoseTheNotes)
     type("New");
     EXPECT_EQ(filesInDocuments().size(), 2u);
     EXPECT_EQ(saved(), (Lines{"New"}));
-}
-
-TEST_F(SalvoEPrelevoDatiDaFileTest, AReadOnlyDiskIsOnlyLogged)
-{
-    start({"One"});
-    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) -> std::optional<Error> {
-        if (operation == HeadlessFiles::Operation::read)
-            return std::nullopt;
-        return Error{"read-only"};
-    });
-    swipe(0, 200);
-    EXPECT_EQ(takeLines("writ"), (Lines{"Unable to write to file!"}));
-    EXPECT_EQ(notes(), (Lines{"x One"}));
-    EXPECT_EQ(saved(), (Lines{"One"}));
 }
 
 TEST_F(SalvoEPrelevoDatiDaFileTest, ALateAnswerIsLoggedBeforeTheNextFrame)
@@ -163,11 +131,6 @@ TEST_F(SalvoEPrelevoDatiDaFileDeathTest, NoDocumentsDirectory)
     host.files().setHasDocumentDirectory(false);
     EXPECT_DEATH(load(), "no documents directory");
     EXPECT_DEATH(SalvoEPrelevoDatiDaFile().ArchiveResults({}), "no documents directory");
-}
-
-TEST_F(SalvoEPrelevoDatiDaFileDeathTest, TheOlderNoteHasNoPlainInitializer)
-{
-    EXPECT_DEATH(ToDoItem(), "unimplemented initializer 'init\\(\\)' for class 'Velmorath.ToDoItem'");
 }
 
 } // namespace

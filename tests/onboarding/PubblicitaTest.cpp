@@ -1,7 +1,5 @@
-#include "Configuration.h"
 #include "PubblicitaNib.h"
 #include "PubblicitaView.h"
-#include "ScreenReader.h"
 #include "ScreenTest.h"
 #include "UINib.h"
 #include "UIViewController.h"
@@ -18,12 +16,6 @@ protected:
     {
         enterPubblicitaNib();
         start();
-    }
-
-    Lines opened() { return host.effects().openedAddresses(); }
-    static std::string page(const std::string& scheme, std::string_view identifier)
-    {
-        return scheme + "://" + std::string(configuration::storeHost) + "/app/id" + std::string(identifier);
     }
 };
 
@@ -51,51 +43,6 @@ TEST_F(PubblicitaTest, SpeaksTheUsersLanguage)
         EXPECT_EQ(takeLines(), (Lines{"iniziali : " + expected.code, expected.line}));
         EXPECT_EQ(banner->labeltestoPubblicitario->text(), expected.header);
     }
-}
-
-TEST_F(PubblicitaTest, AnIconOpensItsApplicationsPage)
-{
-    const auto banner = add<PubblicitaView>(CGRectMake(0, 500, 375, 128));
-    host.advance(0.1);
-    takeLines();
-    tap(banner->convertToWindow(banner->iconaApp1.lock()->center()));
-    tap(banner->convertToWindow(banner->iconaApp2.lock()->center()));
-    banner->iconaCliccata(UIButton());
-    EXPECT_EQ(opened(),
-        (Lines{page("itms-apps", configuration::appId1), page("itms-apps", configuration::appId2),
-            page("itms-apps", configuration::appId2)}));
-    EXPECT_EQ(takeLines(), Lines(3, "iconaCliccata"));
-
-    host.effects().refuseScheme("itms-apps");
-    tap(banner->convertToWindow(banner->iconaApp1.lock()->center()));
-    EXPECT_EQ(opened().back(), page("https", configuration::appId1)) << "no store: the page on the web";
-}
-
-TEST_F(PubblicitaTest, TheContentFollowsTheBannersSize)
-{
-    const auto banner = add<PubblicitaView>(CGRectMake(0, 0, 320, 128));
-    const auto drawing = host.draw();
-    int pictures = 0;
-    for (const DrawingCommand& command : drawing.commands())
-        pictures += command.kind == DrawingCommand::Kind::image;
-    EXPECT_EQ(pictures, 2);
-
-    banner->setFrame(CGRectMake(0, 0, 600, 128));
-    EXPECT_EQ(banner->view->frame(), banner->bounds());
-    const CGFloat middle = (banner->iconaApp1.lock()->center().x + banner->iconaApp2.lock()->center().x) / 2;
-    EXPECT_NEAR(middle, 300, 1e-9);
-    EXPECT_NEAR(banner->labeltestoPubblicitario->center().x, 300, 1e-9);
-}
-
-TEST_F(PubblicitaTest, IsReadAndPressedWithoutALook)
-{
-    host.locale().setPreferredLanguages({"en"});
-    const auto banner = add<PubblicitaView>(CGRectMake(0, 0, 320, 128));
-    ScreenReader reader(host);
-    EXPECT_EQ(reader.everything(),
-        (Lines{"text Check out our other FREE apps:", "button Hourglass", "button Diary"}));
-    EXPECT_TRUE(reader.press("Diary"));
-    EXPECT_EQ(opened(), (Lines{page("itms-apps", configuration::appId2)}));
 }
 
 TEST_F(PubblicitaTest, ABrokenInterfaceFileOrNoLanguageIsFatal)

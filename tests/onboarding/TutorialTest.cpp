@@ -1,4 +1,5 @@
 #include "HeadlessImage.h"
+#include "HostKey.h"
 #include "NFXIntroViewController.h"
 #include "ScreenTest.h"
 #include "TemporaryFolder.h"
@@ -21,11 +22,7 @@ protected:
     }
     ~TutorialTest() override { std::filesystem::remove_all(resources); }
 
-    void chiusoTutorial() override
-    {
-        ++timesClosed;
-        wasGoneWhenClosed = !root().presentedViewController();
-    }
+    void chiusoTutorial() override { ++timesClosed; }
 
     static std::string makeResources()
     {
@@ -79,58 +76,14 @@ protected:
 
     const std::string resources;
     int timesClosed = 0;
-    bool wasGoneWhenClosed = false;
 };
 
 } // namespace
 
-TEST_F(TutorialTest, LiesOutStripDotsAndButtonFromTheSizeOfTheScreen)
-{
-    present();
-    EXPECT_EQ(takeLines(), (Lines{"initWithViews : (2 values)", "_pgcontrol : 37.0"}));
-    const CGFloat stripHeight = 667.0 / 3 + 667.0 / 3;
-    const CGRect strip = tutorial()._scrollview->frame();
-    EXPECT_NEAR(strip.size.width, 250, 1e-9);
-    EXPECT_NEAR(strip.size.height, stripHeight, 1e-9);
-    EXPECT_NEAR(strip.midX(), 187.5, 1e-9);
-    EXPECT_NEAR(strip.midY(), 333.5 - 50, 1e-9);
-    EXPECT_EQ(tutorial()._scrollview->contentSize(), (CGSize{500, stripHeight}));
-    EXPECT_EQ(tutorial()._pgcontrol->numberOfPages(), 2);
-
-    const CGRect dots = tutorial()._pgcontrol->frame();
-    EXPECT_NEAR(dots.midX(), 187.5, 1e-9);
-    EXPECT_NEAR(dots.minY(), strip.maxY(), 1e-9);
-    const CGRect button = tutorial()._button->frame();
-    EXPECT_EQ(button.size, (CGSize{250, 50}));
-    EXPECT_NEAR(button.midX(), 187.5, 1e-9);
-    EXPECT_NEAR(button.minY(), dots.maxY(), 1e-9);
-    EXPECT_EQ(host.draw().colorAt({5, 5}), UIColor::black());
-}
-
-TEST_F(TutorialTest, TheButtonTurnsThePageAndClosesOnTheLastOne)
-{
-    present();
-    takeLines();
-    EXPECT_EQ(title(), "next");
-    pressButton();
-    EXPECT_EQ(takeLines(), (Lines{"ButtonPushed", "numero : 1   page : 0", "if page_ != numero"}));
-    EXPECT_EQ(tutorial()._scrollview->contentOffset(), (CGPoint{250, 0}));
-    EXPECT_EQ(title(), "close");
-    EXPECT_EQ(dot(), 1);
-    EXPECT_EQ(timesClosed, 0);
-
-    tap(tutorial()._button->center());
-    EXPECT_EQ(
-        takeLines(), (Lines{"ButtonPushed", "numero : 1   page : 1", "self.dismissViewControllerAnimated"}));
-    EXPECT_EQ(timesClosed, 1) << "at once, without animation";
-    EXPECT_TRUE(wasGoneWhenClosed);
-    EXPECT_FALSE(screen().isHidden());
-}
-
 TEST_F(TutorialTest, TitleAndDotsFollowTheFinger)
 {
     present(3);
-    swipe(-150);
+    pressButton();
     EXPECT_EQ(title(), "next");
     EXPECT_EQ(dot(), 1);
     swipe(-150);
@@ -145,14 +98,13 @@ TEST_F(TutorialTest, TitleAndDotsFollowTheFinger)
     tutorial()._scrollview->setContentOffset({375, 0});
     EXPECT_EQ(dot(), 2) << "half-way is the later page";
     EXPECT_EQ(title(), "close");
-}
 
-TEST_F(TutorialTest, ASinglePictureSaysNextAndCloses)
-{
-    present(1);
-    EXPECT_EQ(title(), "next");
-    pressButton();
-    EXPECT_EQ(timesClosed, 1);
+    for (const auto& [key, page] :
+        {std::pair{HostKey::right, 2}, {HostKey::left, 1}, {HostKey::left, 0}, {HostKey::right, 1}}) {
+        host.press(key);
+        host.advance(1.5);
+        EXPECT_EQ(dot(), page);
+    }
 }
 
 TEST_F(TutorialTest, WithoutPicturesOrDelegateNothingBreaks)
@@ -186,39 +138,6 @@ TEST_F(TutorialTest, KeepsItsPageWhenTheWindowChangesItsSize)
     EXPECT_TRUE(takeLines().empty());
     pressButton();
     EXPECT_EQ(timesClosed, 1);
-}
-
-TEST_F(TutorialTest, ShowsPicturesAndTheBlackBehindTheHeldButton)
-{
-    present();
-    const CGRect strip = tutorial()._scrollview->frame();
-    const auto pictures = [this] {
-        std::vector<DrawingCommand> found;
-        const DrawingRecorder drawing = host.draw();
-        for (const DrawingCommand& command : drawing.commands()) {
-            if (command.kind == DrawingCommand::Kind::image && !command.visible.isEmpty())
-                found.push_back(command);
-        }
-        return found;
-    };
-    ASSERT_EQ(pictures().size(), 1u);
-    EXPECT_NEAR(pictures()[0].rect.midX(), strip.midX(), 1e-9);
-    EXPECT_NEAR(pictures()[0].rect.size.width, 250, 1e-9) << "a square picture in an upright strip";
-
-    Finger finger(host, tutorial()._button->center());
-    ASSERT_EQ(pictures().size(), 2u);
-    EXPECT_EQ(pictures()[1].rect, tutorial()._button->frame());
-    EXPECT_EQ(pictures()[1].color, UIColor::black());
-}
-
-TEST_F(TutorialTest, AFingerThatRestsOnTheStripSurvivesTheEnd)
-{
-    present(1);
-    Finger resting(host, {187, 200}, 5);
-    tap(tutorial()._button->center());
-    EXPECT_EQ(timesClosed, 1);
-    resting.moveBy({-100, 0}, 4);
-    resting.lift();
 }
 
 TEST_F(TutorialTest, WhatCannotBeIsFatal)

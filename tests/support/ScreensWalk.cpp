@@ -40,7 +40,7 @@ void ScreensWalk::open(const Lines& texts, const std::string& theme)
 void ScreensWalk::openUsualList()
 {
     open({"Milk", "x Bread", longText, "שלום", "Party \U0001F389", ""}, "Blue");
-    for (const std::size_t place : {0, 1, 2})
+    for (const std::size_t place : {0, 2})
         list().arrayNote[place]->data = "Nov 22, 2026";
     table().reloadData();
     host.advance(0.05);
@@ -186,6 +186,11 @@ void ScreensWalk::visitInformation()
     }
     tapRow(3);
     look("themes");
+    if (!m_everything)
+        return;
+    close();
+    close();
+    look("information-again");
 }
 
 void ScreensWalk::visitTutorial()

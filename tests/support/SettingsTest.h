@@ -1,6 +1,5 @@
 #pragma once
 
-#include "CAGradientLayer.h"
 #include "Info.h"
 #include "Info2.h"
 #include "Info3.h"
@@ -49,38 +48,6 @@ protected:
     }
     template <typename Screen> bool isOnTop() const { return dynamic_cast<Screen*>(&top()); }
     SettingsScreen& screen() const { return dynamic_cast<SettingsScreen&>(top()); }
-    std::vector<std::shared_ptr<UITableViewCell>> cells() const
-    {
-        return screen().tabella.lock()->visibleCells();
-    }
-    std::vector<CGColor> tints() const
-    {
-        std::vector<CGColor> colors;
-        for (const auto& cell : cells())
-            colors.push_back(cell->backgroundColor());
-        return colors;
-    }
-    Lines titles() const
-    {
-        Lines texts;
-        for (const auto& cell : cells())
-            texts.push_back(cell->textLabel().text());
-        return texts;
-    }
-    std::vector<bool> checkmarks() const
-    {
-        std::vector<bool> checked;
-        for (const auto& cell : cells())
-            checked.push_back(cell->accessoryType() == UITableViewCellAccessoryType::checkmark);
-        return checked;
-    }
-    static std::size_t sheens(const UITableViewCell& cell)
-    {
-        std::size_t count = 0;
-        for (const auto& layer : cell.layer().sublayers())
-            count += dynamic_cast<CAGradientLayer*>(layer.get()) ? 1 : 0;
-        return count;
-    }
 
     /// What the file of the user-defaults store holds.
     SettingsDictionary stored()
@@ -89,7 +56,6 @@ protected:
         const SettingsDictionary* settings = UserDefaults::standard().dictionary(settingsKey);
         return settings ? *settings : SettingsDictionary{};
     }
-    std::string storedOption(const std::string& key) { return setting(stored(), key); }
     void storeWithout(const std::string& key)
     {
         SettingsDictionary settings = *UserDefaults::standard().dictionary(settingsKey);

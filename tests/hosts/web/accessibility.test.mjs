@@ -56,19 +56,6 @@ test("a screen reader does everything", async () => {
     await list.type(" halves");
     await list.press("Save");
     await list.untilKept("One!", "Two halves");
-
-    await list.press("Information");
-    await list.press("Settings");
-    await list.press("Sound effect, On");
-    await list.press("Theme    :    Blue");
-    await list.press("Green");
-    assert.equal(await list.shown("Green").getAttribute("aria-checked"), "true");
-    assert.equal(await list.shown("Blue").getAttribute("aria-checked"), "false");
-    for (let screens = 0; screens < 3; ++screens) {
-        await list.press("Close");
-    }
-    const { theme, soundEffect } = await list.settings();
-    assert.deepEqual([theme, soundEffect], ["Green", "false"]);
 });
 
 test("the mirror lies over what it stands for", async () => {
@@ -133,6 +120,8 @@ test("everything can be done with the keys, and the focus tells where they are",
         }
         await list.key("Enter");
     }
+    assert.equal(await list.shown("Violet").getAttribute("aria-checked"), "true");
+    assert.equal(await list.shown("Blue").getAttribute("aria-checked"), "false");
     for (let screens = 0; screens < 3; ++screens) {
         await list.key("Escape");
     }

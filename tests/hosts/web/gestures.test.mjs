@@ -3,8 +3,6 @@ import { afterEach, test } from "node:test";
 import { List, rowMiddle } from "./harness/list.mjs";
 import { Site } from "./harness/site.mjs";
 
-const handle = 350;
-
 const site = Site.forAllTests();
 let list;
 
@@ -77,19 +75,6 @@ test("pulling the list down makes a note, if it goes deep enough", async () => {
     assert.equal((await list.said()).length, 5);
 });
 
-test("a note is edited where it stands, and ends when another is touched", async () => {
-    await begin("One\nwith two lines", "Two");
-    await list.tab.tap([30, rowMiddle(0)]);
-    await list.editing();
-    await list.type("!");
-    await list.tab.tap([30, rowMiddle(1)]);
-    await list.untilKept("One\nwith two lines!", "Two");
-    await list.editing();
-    await list.type("?");
-    await list.key("Enter");
-    await list.untilKept("One\nwith two lines!", "Two?");
-});
-
 test("what an input method still holds is kept when the editing ends", async () => {
     await begin("One");
     await list.pull();
@@ -151,18 +136,6 @@ test("pinching two rows apart makes a note between them, unless the fingers come
     await list.type("Between");
     await list.key("Enter");
     await list.untilKept("One", "Between", "Two");
-});
-
-test("rows are put into another order by their handles", async () => {
-    await begin("One", "Two", "Three");
-    await list.tapOn("Reorder notes");
-    await list.tab.press([[handle, rowMiddle(0)]]);
-    await list.tab.move([[handle, rowMiddle(2)]]);
-    await list.tab.picture("reordering");
-    await list.tab.release();
-    await list.untilKept("Two", "Three", "One");
-    await list.tapOn("Reorder notes");
-    assert.deepEqual((await list.said()).slice(0, 3), ["Two", "Three", "One"]);
 });
 
 test("a note is read and written on a screen of its own", async () => {

@@ -62,26 +62,6 @@ for (const scale of [1, 2, 2.625]) {
     });
 }
 
-test("an alert stays in the middle when the phone is turned, and the tutorial on its page", async () => {
-    const list = await List.first(site);
-    await list.shown("Yes").waitFor({ state: "attached" });
-    await list.atRest();
-    for (const size of [lying, upright]) {
-        await turn(list, size);
-        await assertInSight(list);
-        const { x, y, width, height } = await list.page.locator("#mirror [role=alertdialog]").boundingBox();
-        assert.ok(Math.abs(x + width / 2 - size.width / 2) <= 1 && Math.abs(y + height / 2 - size.height / 2) <= 1);
-        await list.tab.picture(`alert-${size.width}`);
-    }
-    await list.tapOn("Yes");
-    await list.tapOn("next");
-    await turn(list, lying);
-    await list.tab.picture("tutorial-lying");
-    assert.ok((await list.said()).includes("Page 2 of 2"));
-    await list.tapOn("close");
-    assert.equal((await list.said())[0], "Hello!");
-});
-
 test("nothing is drawn while nothing changes", async () => {
     const list = await List.with(site, ["One", "Two"]);
     const assertIdle = async () => {

@@ -46,15 +46,6 @@ protected:
     Bundle m_bundle;
 };
 
-TEST_F(BundleTest, FindsSoundsAndPictures)
-{
-    add("/sounds/tap.mp3", "");
-    add("/pictures/one.png", "");
-    EXPECT_EQ(m_bundle.path("tap", "mp3"), m_folder.path() + "/sounds/tap.mp3");
-    EXPECT_EQ(m_bundle.path("one", "png"), m_folder.path() + "/pictures/one.png");
-    EXPECT_EQ(m_bundle.path("one", "mp3"), std::nullopt);
-}
-
 TEST_F(BundleTest, SpeaksTheFirstLanguageThatHasATable)
 {
     add("/strings/pt.strings", "\"Done\" = \"Pronto\";");

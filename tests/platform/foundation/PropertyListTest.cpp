@@ -99,20 +99,5 @@ TEST(PropertyListTest, RefusesKeysThatAreNoTexts)
         numberedKey.finish(numberedKey.addDictionary(std::vector{key}, std::vector{key}))));
 }
 
-TEST(PropertyListTest, SurvivesEveryCutAndEveryFlippedByte)
-{
-    auto bytes = binaryPropertyList(everyKind());
-    for (std::size_t length = 0; length < bytes.size(); ++length)
-        EXPECT_FALSE(parseBinaryPropertyList(std::string(bytes, 0, length))) << length;
-    for (std::size_t place = 0; place < bytes.size(); ++place) {
-        for (int value = 0; value < 256; value += 5) {
-            auto damaged = bytes;
-            damaged[place] = static_cast<char>(value);
-            auto read = parseBinaryPropertyList(damaged);
-            EXPECT_TRUE(!read || parseBinaryPropertyList(binaryPropertyList(*read)));
-        }
-    }
-}
-
 } // namespace
 } // namespace velmorath

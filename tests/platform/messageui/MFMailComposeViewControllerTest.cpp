@@ -53,30 +53,12 @@ TEST_F(MailTest, AnEmptyBodyIsLeftOut)
     EXPECT_EQ(opened(), (Lines{"mailto:a@b.example"}));
 }
 
-TEST_F(MailTest, CancelSendsNothing)
-{
-    compose({"a@b.example"}, "Body");
-    tapCancel();
-    EXPECT_EQ(result, MFMailComposeResult::cancelled);
-    EXPECT_EQ(opened(), Lines{});
-}
-
 TEST_F(MailTest, TellsWhenNoMailProgramTookIt)
 {
     host.effects().refuseScheme("mailto");
     compose({"a@b.example"}, "Body");
     tapSend();
     EXPECT_EQ(result, MFMailComposeResult::failed);
-}
-
-TEST_F(MailTest, FollowsTheScreensSize)
-{
-    compose({"a@b.example"}, "Body");
-    EXPECT_EQ(host.draw().text("Body")->rect, CGRectMake(16, 120, 288, 400));
-    host.resize({1200, 800});
-    EXPECT_EQ(host.draw().text("Body")->rect, CGRectMake(250, 120, 700, 664));
-    tapCancel();
-    EXPECT_EQ(result, MFMailComposeResult::cancelled);
 }
 
 } // namespace

@@ -91,32 +91,5 @@ TEST_F(CALayerTest, CompletionsRunInTheOrderOfTheirEnds)
     EXPECT_EQ(ended.back(), "added");
 }
 
-TEST_F(CALayerTest, ACopyLooksTheSameAndHoldsNothing)
-{
-    view->layer().setCornerRadius(7);
-    view->setBackgroundColor(UIColor::red());
-    view->layer().addSublayer(std::make_shared<CALayer>());
-    const CALayer copy(view->layer());
-    EXPECT_EQ(copy.backgroundColor(), UIColor::red());
-    EXPECT_EQ(copy.cornerRadius(), 7);
-    EXPECT_EQ(copy.bounds(), view->bounds());
-    EXPECT_TRUE(copy.sublayers().empty());
-}
-
-TEST_F(CALayerTest, SubviewsAndLayersShareOneOrder)
-{
-    const auto sheen = std::make_shared<CALayer>();
-    const auto first = std::make_shared<UIView>();
-    const auto below = std::make_shared<UIView>();
-    view->addSubview(first);
-    view->layer().insertSublayer(sheen, 0);
-    view->insertSubview(below, 0);
-    const auto& layers = view->layer().sublayers();
-    ASSERT_EQ(layers.size(), 3u);
-    EXPECT_EQ(layers[0], sheen);
-    EXPECT_EQ(layers[1].get(), &below->layer());
-    EXPECT_EQ(layers[2].get(), &first->layer());
-}
-
 } // namespace
 } // namespace velmorath

@@ -92,18 +92,6 @@ TEST_F(CARendererTest, ChangingPlacesIsAChange)
     EXPECT_EQ(host.draw().colorAt({50, 220}), UIColor::green());
 }
 
-TEST_F(CARendererTest, NothingShowsOutsideTheListAndRowsAreDrawnInTheirPlaces)
-{
-    start(Lines(20, "note"));
-    scroll(-30);
-    const DrawingRecorder drawn = host.draw();
-    EXPECT_EQ(drawn.colorAt({200, 500}), UIColor::black());
-    EXPECT_EQ(drawn.colorAt({200, 479}), row(8).backgroundColor());
-    EXPECT_EQ(drawn.colorAt({200, 29}), row(0).backgroundColor());
-    EXPECT_EQ(drawn.colorAt({200, 30}), row(1).backgroundColor());
-    EXPECT_EQ(drawn.texts().size(), 9u);
-}
-
 TEST_F(CARendererTest, OnlyThePartThatIsAskedForIsDrawn)
 {
     start({"One", "Two", "Three"});

@@ -47,32 +47,6 @@ TEST_F(UIAlertControllerTest, TwoButtonsStandSideBySide)
     EXPECT_EQ(countLines("cè qualcosa"), 0u) << "the list was never away";
 }
 
-TEST_F(UIAlertControllerTest, AnyOtherNumberStandsInAColumn)
-{
-    start({"One"});
-    ask("With more to say", {"A", "B", "C"});
-    host.advance(0.3);
-    EXPECT_TRUE(host.draw().text("With more to say"));
-    EXPECT_LT(middleOf("A").y, middleOf("B").y);
-    EXPECT_EQ(middleOf("B").x, middleOf("C").x);
-    tap(middleOf("C"));
-    host.advance(0.3);
-    EXPECT_EQ(m_answers, (Lines{"C"}));
-}
-
-TEST_F(UIAlertControllerTest, AButtonLeftBeforeTheFingerIsLiftedIsNotPressed)
-{
-    start({"One"});
-    ask({}, {"No", "Yes"});
-    host.advance(0.3);
-    Finger finger(host, middleOf("Yes"));
-    finger.moveBy({0, 120});
-    finger.lift();
-    host.advance(0.3);
-    EXPECT_TRUE(presented());
-    EXPECT_TRUE(m_answers.empty());
-}
-
 TEST_F(UIAlertControllerTest, OneAtATimeAndTypingEndsBefore)
 {
     start({"One"});
@@ -83,19 +57,6 @@ TEST_F(UIAlertControllerTest, OneAtATimeAndTypingEndsBefore)
     EXPECT_EQ(saved(), (Lines{"Uno"}));
     ask({}, {"Second"});
     EXPECT_EQ(presented(), first);
-}
-
-TEST_F(UIAlertControllerTest, StaysInTheMiddleWhenTheScreenTurns)
-{
-    start({"One"});
-    ask({}, {"OK"});
-    host.advance(0.3);
-    host.resize({536, 320});
-    host.advance(0.1);
-    EXPECT_EQ(middleOf("OK").x, 268);
-    tap(middleOf("OK"));
-    host.advance(0.3);
-    EXPECT_EQ(m_answers, (Lines{"OK"}));
 }
 
 } // namespace

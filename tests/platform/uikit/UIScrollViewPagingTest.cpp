@@ -131,19 +131,6 @@ TEST_F(PagingTest, AFingerCatchesAMovingPage)
     EXPECT_EQ(settled(), 200);
 }
 
-TEST_F(PagingTest, StaysFullOfContentWhenSizesChange)
-{
-    strip->setContentOffset({400, 0});
-    strip->setFrame(CGRectMake(0, 100, 375, 300));
-    host.advance(0.1);
-    EXPECT_EQ(strip->contentOffset().x, 225);
-    strip->setContentSize({300, 300});
-    host.advance(0.1);
-    EXPECT_EQ(strip->contentOffset().x, 0);
-    drag(-100);
-    EXPECT_EQ(settled(), 0);
-}
-
 TEST_F(PagingTest, ScrollsARectangleIntoSight)
 {
     strip->scrollRectToVisible(CGRectMake(200, 61, 200, 300), true);
@@ -169,23 +156,6 @@ TEST_F(PagingTest, AWheelTurnsOnePageAtATime)
     EXPECT_EQ(settled(), 0);
     host.wheel({150, 200}, 40);
     EXPECT_EQ(settled(), 0);
-}
-
-TEST_F(PagingTest, SurvivesBeingTakenAwayUnderTheFinger)
-{
-    Finger finger(host, {150, 200});
-    const std::weak_ptr<UIScrollView> gone = strip;
-    const auto page = std::make_shared<UIView>(CGRectMake(0, 0, 200, 300));
-    strip->addSubview(page);
-    Finger onPage(host, {160, 250}, 2);
-    strip->removeFromSuperview();
-    finger.moveBy({-100, 0}, 3);
-    strip.reset();
-    onPage.moveBy({-100, 0}, 3);
-    finger.lift();
-    onPage.lift();
-    EXPECT_TRUE(gone.expired());
-    EXPECT_TRUE(offsets.empty());
 }
 
 TEST_F(ScrollDirectionsTest, GivesWayInTheDirectionsThatItScrolls)

@@ -85,15 +85,6 @@ TEST_F(SelectionTest, AHeldRowThatIsDraggedAwayIsNotSelected)
     EXPECT_EQ(told, Lines{});
 }
 
-TEST_F(SelectionTest, ASelectedRowStaysSoOutOfSight)
-{
-    tap({100, 20});
-    m_table->setContentOffset({0, 880});
-    EXPECT_EQ(paleRows(), std::vector<CGFloat>{});
-    m_table->setContentOffset({0, 0});
-    EXPECT_EQ(paleRows(), (std::vector<CGFloat>{0}));
-}
-
 TEST_F(SelectionTest, ARowOfTheOtherStyleNeverPales)
 {
     style = UITableViewCellSelectionStyle::none;
@@ -103,16 +94,6 @@ TEST_F(SelectionTest, ARowOfTheOtherStyleNeverPales)
     finger.lift();
     EXPECT_EQ(paleRows(), std::vector<CGFloat>{});
     EXPECT_EQ(told, (Lines{"+1"}));
-}
-
-TEST_F(SelectionTest, TheCheckmarkStandsAtTheRightEnd)
-{
-    const DrawingCommand mark = *host.draw().text("\u2713");
-    EXPECT_EQ(mark.rect, CGRectMake(277, 44, 28, 44));
-    EXPECT_EQ(host.draw().text("1")->rect.maxX(), 277);
-    EXPECT_EQ(host.draw().text("2")->rect.maxX(), 305);
-    m_table->setContentOffset({0, 880});
-    EXPECT_FALSE(host.draw().text("\u2713"));
 }
 
 } // namespace

@@ -71,16 +71,6 @@ TEST_F(UITableViewTest, VisibleRowsAreNeverStale)
     EXPECT_EQ(rowViews(), 0u);
 }
 
-TEST_F(UITableViewTest, OnlyRowsInSightCanBeAskedFor)
-{
-    start(numbers(20));
-    scroll(-60);
-    EXPECT_FALSE(table().cellForRow({0, 0}));
-    ASSERT_TRUE(table().cellForRow({0, 1}));
-    EXPECT_EQ(table().cellForRow({0, 1}), table().visibleCells().front());
-    EXPECT_FALSE(table().cellForRow({0, 12}));
-}
-
 TEST_F(UITableViewTest, ARowUsedAgainShowsNothingOfItsPast)
 {
     start(numbers(40));
@@ -128,13 +118,6 @@ TEST_F(UITableViewTest, ANewSizeLaysTheRowsOutAtOnce)
     EXPECT_EQ(table().contentOffset().y, 0);
     EXPECT_EQ(rows().size(), 20u);
     EXPECT_EQ(row(19).frame(), CGRectMake(0, 1140, 320, 60));
-}
-
-TEST_F(UITableViewTest, ATapBelowTheLastRowIsNoSelection)
-{
-    start({"One"});
-    tap({100, 100});
-    EXPECT_FALSE(presented());
 }
 
 using UITableViewDeathTest = UITableViewTest;

@@ -24,15 +24,6 @@ TEST_F(UITouchDispatcherTest, WrongSequencesAreIgnored)
     EXPECT_TRUE(row(0).label->isEditing());
 }
 
-TEST_F(UITouchDispatcherTest, AFingerOutsideTheScreenIsNobodys)
-{
-    Finger finger(host, {-20, 700});
-    finger.moveTo({100, 100});
-    finger.lift();
-    EXPECT_EQ(table().contentOffset().y, 0);
-    EXPECT_FALSE(presented());
-}
-
 TEST_F(UITouchDispatcherTest, ASlipOfTheFingerIsStillATapAndMoreIsNot)
 {
     Finger slip(host, {20, 30});
@@ -58,17 +49,6 @@ TEST_F(UITouchDispatcherTest, AButtonIsPressedWhereTheFingerLeavesIt)
     near.moveTo({70, 490});
     near.lift();
     EXPECT_TRUE(table().isEditing());
-}
-
-TEST_F(UITouchDispatcherTest, AfterEverythingWasTakenAwayTheNextTouchWorks)
-{
-    host.touch({{1, Phase::began, {100, 100}}, {2, Phase::began, {100, 200}}, {3, Phase::began, {20, 160}}});
-    host.touch({{1, Phase::cancelled, {100, 100}}, {2, Phase::cancelled, {100, 200}},
-        {3, Phase::cancelled, {20, 160}}});
-    swipe(0, 200);
-    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
-    tapWords(1);
-    EXPECT_TRUE(row(1).label->isEditing());
 }
 
 } // namespace

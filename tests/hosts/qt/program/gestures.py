@@ -68,18 +68,6 @@ def adding(program):
     time.sleep(0.6)
 
 
-def editing(program):
-    program.until_line(BEGINS, lambda: program.tap(40, row_middle(1)))
-    program.type(" and bread")
-    # Another note's words, which slid up by a row together with the edited one.
-    program.until_line(BEGINS, lambda: program.tap(30, row_middle(1)))
-    wait_for(lambda: program.texts()[1] == "Buy milk and bread", "touching another note commits")
-    program.type(" Hello?")
-    program.key("Return")
-    wait_for(lambda: program.texts()[2] == "Hello! Hello?", "the other note is typed into then")
-    time.sleep(0.5)
-
-
 def swiping(program):
     program.drag((60, row_middle(2)), (350, row_middle(2)), release=False)
     picture(program, "swipe-right")
@@ -102,24 +90,6 @@ def swiping(program):
     program.release()
     wait_for(lambda: program.texts() == before[:2], "deleted")
     time.sleep(0.6)
-
-
-def reordering(program):
-    add_by_pulling(program, "First")
-    wait_for(lambda: program.texts()[0] == "First", "a note to move")
-    time.sleep(0.6)
-    order = program.texts()
-    program.tap(28, HEIGHT - 28)
-    time.sleep(0.3)
-    picture(program, "reorder-mode")
-    program.drag((WIDTH - 25, row_middle(0)), (WIDTH - 25, row_middle(2)), release=False)
-    picture(program, "reordering")
-    program.release()
-    wait_for(lambda: program.texts() == order[1:] + order[:1], "the first row was moved to the end")
-    time.sleep(0.4)
-    program.tap(28, HEIGHT - 28)
-    time.sleep(0.3)
-    picture(program, "reordered")
 
 
 def starting_again(program, executable, home):
@@ -146,9 +116,7 @@ def main():
         try:
             first_launch(program)
             adding(program)
-            editing(program)
             swiping(program)
-            reordering(program)
             starting_again(program, executable, home)
         finally:
             if program.process.poll() is None:

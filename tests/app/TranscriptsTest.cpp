@@ -1,0 +1,187 @@
+#include "CommittedTexts.h"
+#include "EZLoadingActivity.h"
+#include "PubblicitaView.h"
+#include "SettingsTest.h"
+
+namespace velmorath {
+namespace {
+
+/// Does everything once, and compares what the program says, plays, shows on its icon, opens and saves with
+/// what is committed of it.
+class TranscriptsTest : public SettingsTest {
+protected:
+    void begin(const std::string& name)
+    {
+        m_name = name;
+        m_lines.clear();
+        tell();
+        m_lines.clear();
+    }
+    void end() { m_transcripts.compare(m_name, m_lines); }
+    void compareNames() const { m_transcripts.compareNames(); }
+
+    void then(const std::string& deed, const std::function<void()>& doIt, double seconds = 1)
+    {
+        m_lines.push_back("== " + deed);
+        doIt();
+        tell();
+        host.advance(seconds);
+        m_lines.push_back("-- later");
+        tell();
+    }
+    /// On a fresh list.
+    void open(const Lines& texts, const SettingsDictionary& settings = defaultSettings("Red"))
+    {
+        host.quit();
+        UserDefaults::standard().setObject(settingsKey, settings);
+        start(texts);
+    }
+    static SettingsDictionary settingsBut(const std::string& key, const std::string& value)
+    {
+        SettingsDictionary settings = defaultSettings("Blue");
+        settings.insert_or_assign(key, value);
+        return settings;
+    }
+
+private:
+    void tell()
+    {
+        for (const std::string& line : takeLines()) {
+            if (line != "layoutSubviews")
+                m_lines.push_back(line.starts_with("error : ") ? "error" : line);
+        }
+        for (const std::string& felt : takeFelt())
+            m_lines.push_back("-> " + felt);
+        tellChange("badge", std::to_string(badge()));
+        std::string notesInFile;
+        for (const std::string& note : saved())
+            notesInFile += " [" + note + "]";
+        tellChange("file", notesInFile);
+        std::string addresses;
+        for (const std::string& address : host.effects().openedAddresses())
+            addresses += " " + address;
+        tellChange("opened", addresses);
+    }
+    void tellChange(const std::string& what, const std::string& now)
+    {
+        std::string& before = m_known[what];
+        if (before != now)
+            m_lines.push_back("-> " + what + " " + now);
+        before = now;
+    }
+
+    std::string m_name;
+    Lines m_lines;
+    std::map<std::string, std::string> m_known;
+    CommittedTexts m_transcripts{VELMORATH_TRANSCRIPTS};
+};
+
+TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
+{
+    begin("first-day");
+    then("the first start", [&] { launch(); });
+    then("yes, show the tutorial", [&] { tap(host.draw().text("Yes")->rect.center()); });
+    then("next", [&] { tap(host.draw().text("next")->rect.center()); });
+    then("close", [&] { tap(host.draw().text("close")->rect.center()); });
+    then("the second start", [&] { relaunch(); });
+    UserDefaults::standard().removeObject(settingsKey);
+    UserDefaults::standard().synchronize();
+    then("a start without settings", [&] { relaunch(); });
+    end();
+
+    open({"One", "Two", "x Three"});
+    begin("swipes");
+    then("complete", [&] { swipe(1, 200); });
+    then("reopen", [&] { swipe(2, 200); });
+    then("not far enough", [&] { swipe(0, 160); });
+    then("delete a completed one", [&] { swipe(1, -200); });
+    then("delete an open one", [&] { swipe(0, -200); });
+    for (const std::string option : {"appIconBadge", "soundEffect", "vibration"}) {
+        open({"One", "Two", "x Three"}, settingsBut(option, "True"));
+        then("complete without " + option, [&] { swipe(0, 200); });
+        then("delete without " + option, [&] { swipe(1, -200); });
+        then("type without " + option, [&] { tapWords(0), tapWords(1), type("Uno"); });
+    }
+    end();
+
+    open({"One", "Two"});
+    begin("typing");
+    then("edit", [&] { tapWords(0); });
+    then("tap beside other words", [&] { tapBesideWords(1); });
+    then("pull while typing", [&] { beginPull(80).lift(); });
+    then("swipe while typing", [&] { swipe(1, -200); });
+    then("return", [&] { type("One!"); });
+    then("edit the date", [&] { tap({270, 13}); });
+    then("return", [&] { type("Sunday"); });
+    then("leave empty", [&] { tapWords(0), type(""); });
+    then("a new one", [&] { host.press(HostKey::insert); });
+    then("type it", [&] { type("New"); });
+    then("open a note", [&] { tapBesideWords(0); });
+    then("close it: the badge counts again", [&] { tap({28, 28}); });
+    end();
+
+    open({"One", "Two", "Three"});
+    begin("pinching-and-moving");
+    TwoFingers fingers(host, {100, 30}, {100, 90});
+    then("pinch", [&] { fingers.spread(4, 4, 1); });
+    then("spread", [&] { fingers.spread(40, 40, 1); });
+    then("let go", [&] { fingers.lift(); });
+    then("type between", [&] { type("Between"); });
+    then("reorder", [&] { tapReorder(); });
+    then("move a row", [&] {
+        Finger finger(host, {295, 30});
+        finger.moveTo({295, 210});
+        finger.lift();
+    });
+    then("hold a row", [&] { Finger(host, {295, 30}).lift(); });
+    end();
+
+    open({"One", "Two"});
+    begin("reading");
+    const auto edit = [&](const std::string& text) {
+        tap({100, 300});
+        host.textInput().replaceText(text);
+    };
+    const auto openNote = [&] { tapBesideWords(0); };
+    const auto save = [&] { tap({292, 28}); };
+    then("open a note", openNote);
+    then("close it", [&] { edit("forgotten"), tap({28, 28}); });
+    then("open it", openNote);
+    then("save it as it is", save);
+    then("open it", openNote);
+    then("save it changed", [&] { edit("Uno\nwith lines"), save(); });
+    then("open it", openNote);
+    then("save it empty", [&] { edit(""), save(); });
+    end();
+
+    open({"One", "x Two", "Three"});
+    begin("settings");
+    then("open the information", [&] { openInformation(); });
+    for (const int place : {1, 4, 0})
+        then("row " + std::to_string(place), [&] { tapRow(static_cast<std::size_t>(place)); });
+    then("cancel the mail", [&] { tap({48, 28}); });
+    then("open the options", [&] { tapRow(3); });
+    for (const int place : {0, 0, 2, 1, 1, 3})
+        then("row " + std::to_string(place), [&] { tapRow(static_cast<std::size_t>(place)); });
+    then("the theme Mixed", [&] { tapRow(5); });
+    for (int screens = 0; screens < 3; ++screens)
+        then("close", [&] { close(); });
+    end();
+
+    open({"One"});
+    begin("overlays");
+    then("show the box", [&] { EZLoadingActivity::show("Loading", false); });
+    then("show another", [&] { EZLoadingActivity::show("Second", false); });
+    then(
+        "end it twice", [&] { EZLoadingActivity::hide(true, true), EZLoadingActivity::hide(true, true); }, 2);
+    then("end none", [&] { EZLoadingActivity::hide(false, true); });
+    const auto banner = std::make_shared<PubblicitaView>(CGRectMake(0, 100, 320, 128));
+    list().view()->addSubview(banner);
+    for (const auto& icon : {banner->iconaApp1, banner->iconaApp2})
+        then("an icon", [&] { tap(banner->convertToWindow(icon.lock()->center())); });
+    end();
+    compareNames();
+}
+
+} // namespace
+} // namespace velmorath

@@ -1,0 +1,186 @@
+#include "SettingsTest.h"
+#include "Bundle.h"
+#include "Configuration.h"
+#include "ReplaceFile.h"
+#include "UIStoryboard.h"
+
+namespace velmorath {
+namespace {
+
+TEST_F(SettingsTest, WithoutAnyTheInformationStoresRed)
+{
+    start({"One"});
+    UserDefaults::standard().removeObject(settingsKey);
+    takeLines();
+    openInformation();
+    Lines lines = takeLines();
+    ASSERT_GE(lines.size(), 3u);
+    lines.resize(3);
+    EXPECT_EQ(lines, (Lines{"non cè qualcosa", "devo inizializzare il dizionario", "colorForIndex:"}));
+    EXPECT_EQ(stored(), defaultSettings("Red"));
+}
+
+TEST_F(SettingsTest, WithoutAStoreItsPageIsOpenedOnTheWeb)
+{
+    start({"One"});
+    openInformation();
+    host.effects().refuseScheme("itms-apps");
+    tapRow(1);
+    EXPECT_EQ(host.effects().openedAddresses(),
+        (Lines{"https://" + std::string(configuration::storeHost) + "/app/apple-store/id"
+            + std::string(configuration::storeIdentifier) + "?action=write-review"}));
+    host.effects().refuseScheme("https");
+    tapRow(1);
+    tapRow(4);
+    EXPECT_EQ(host.effects().openedAddresses().size(), 1u);
+    EXPECT_TRUE(isOnTop<Info>());
+}
+
+TEST_F(SettingsTest, WritesToTheMakers)
+{
+    start({"One"});
+    openInformation();
+    takeLines();
+    tapRow(0);
+    tap({48, 28});
+    host.advance(0.5);
+    EXPECT_TRUE(isOnTop<Info>());
+    EXPECT_EQ(host.effects().openedAddresses(), Lines{});
+
+    Bundle::main().setInfoDictionary({{"CFBundleDisplayName", 1}, {"CFBundleName", "Other"}});
+    takeLines();
+    tapRow(0);
+    EXPECT_EQ(takeLines("Nome dell'app"), (Lines{"Nome dell'app: Other"}));
+    EXPECT_TRUE(host.draw().text("Phone,Test phone,Headless,1.0   Other  Free"));
+    tap({272, 28});
+    host.advance(0.5);
+    EXPECT_TRUE(isOnTop<Info>());
+    EXPECT_EQ(host.effects().openedAddresses(),
+        (Lines{"mailto:hello@velmorath.example?body="
+               "Phone%2CTest%20phone%2CHeadless%2C1.0%20%20%20Other%20%20Free"}));
+
+    Bundle::main().setInfoDictionary({});
+    takeLines();
+    tapRow(0);
+    EXPECT_EQ(takeLines("Nome dell'app"), Lines{});
+    EXPECT_TRUE(host.draw().text("Phone,Test phone,Headless,1.0     Free"));
+}
+
+TEST_F(SettingsTest, ATransitionFromItGoesOnToItsDestinationsOwn)
+{
+    class Destination : public UIViewController {
+    public:
+        void prepareForSegue(UIStoryboardSegue& segue, const std::any& value) override
+        {
+            identifier = segue.identifier;
+            sender = std::any_cast<std::shared_ptr<UIViewController>>(value).get();
+        }
+        std::string identifier;
+        UIViewController* sender = nullptr;
+    };
+    UIStoryboard::enter("Transitions",
+        {{"Destination", [] { return std::make_shared<Destination>(); }, [](UIViewController&, UIView&) {},
+            {{"info2", "Destination"}}}});
+    start({"One"});
+    openInformation();
+    const auto made = UIStoryboard::named("Transitions").instantiateInitialViewController();
+    auto& destination = static_cast<Destination&>(*made);
+    UIStoryboardSegue segue{"any", top(), destination};
+    top().prepareForSegue(segue, {});
+    EXPECT_EQ(destination.identifier, "info2");
+    EXPECT_EQ(destination.sender, &top());
+    UIStoryboardSegue deadEnd{"any", top(), list()};
+    EXPECT_DEATH(top().prepareForSegue(deadEnd, {}), "no transition named info2");
+}
+
+TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFile)
+{
+    start({"One"}, "Red");
+    openOptions();
+    tapRow(0);
+    std::remove(archivePath().c_str());
+    tapRow(0);
+    EXPECT_EQ(badge(), 0);
+    tapRow(0);
+    ASSERT_FALSE(replaceFile(host.files(), archivePath(), "neither notes nor anything else"));
+    tapRow(0);
+    EXPECT_EQ(badge(), 0);
+}
+
+TEST_F(SettingsTest, FromTheListToTheThemesAndBack)
+{
+    start({"One", "x Two", "Three"}, "Blue");
+    openThemes();
+    tapRow(5);
+    close();
+    ASSERT_TRUE(isOnTop<Info2>());
+    EXPECT_TRUE(host.draw().text("Theme    :    Mixed"));
+    tapRow(1);
+    tapRow(0);
+    close();
+    ASSERT_TRUE(isOnTop<Info>());
+    takeFelt();
+    tapRow(4);
+    EXPECT_EQ(takeFelt(), (Lines{"vibration"}));
+    close();
+    EXPECT_EQ(list().theme, "Mixed");
+    EXPECT_EQ(badge(), 0);
+
+    set("appIconBadge", "true");
+    host.effects().setBadge(17);
+    openInformation();
+    close();
+    EXPECT_EQ(badge(), 2);
+}
+
+TEST_F(SettingsTest, AThemeIsStoredAtOnceAndShownAfterTheTap)
+{
+    start({"One"}, "Red");
+    openThemes();
+    Finger finger(host, {160, 56 + 5 * 60 + 30});
+    finger.lift();
+    EXPECT_EQ(stored(), defaultSettings("Mixed"));
+    const auto first = screen().tabella.lock()->visibleCells().front();
+    EXPECT_EQ(first->backgroundColor(), UIColor::red());
+    host.advance(0.1);
+    EXPECT_EQ(first->backgroundColor(), (CGColor{0.0, 0.2, 0.0, 1.0}));
+}
+
+TEST_F(SettingsTest, AReloadThatComesAfterTheScreenHasGoneDoesNothing)
+{
+    start({"One"}, "Red");
+    openThemes();
+    Finger(host, {160, 56 + 30}).lift();
+    host.quit();
+    start({"One"});
+    host.advance(0.1);
+    EXPECT_EQ(list().theme, "Red");
+}
+
+using SettingsDeathTest = SettingsTest;
+
+TEST_F(SettingsDeathTest, WhatCannotBe)
+{
+    start({"One"});
+    const auto bare = std::make_shared<Info>();
+    EXPECT_DEATH(list().present(bare, false), "table is not connected");
+    for (const std::string key : {"theme", "vibration"}) {
+        storeWithout(key);
+        EXPECT_DEATH(openInformation(), "lack a string under " + key);
+        set(key, "true");
+    }
+    openInformation();
+    storeWithout("appIconBadge");
+    EXPECT_DEATH(tapRow(3), "lack a string under appIconBadge");
+    set("appIconBadge", "true");
+    tapRow(3);
+    UITableView& rows = *screen().tabella.lock();
+    static_cast<Info2&>(screen()).titolo.reset();
+    EXPECT_DEATH(screen().viewDidLayoutSubviews(), "title label is not connected");
+    tapRow(3);
+    for (const std::int64_t row : {-1, 7})
+        EXPECT_DEATH(screen().tableViewDidSelectRowAtIndexPath(rows, {0, row}), "no row");
+}
+
+} // namespace
+} // namespace velmorath
