@@ -40,29 +40,32 @@ void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
     const CGFloat rowTop = editingCell.frame().origin.y;
     print("tableView.contentOffset.y : " + description(contentOffset));
     print("editingCell.frame.origin.y : " + description(rowTop));
-    const CGFloat offset = contentOffset >= 0 ? contentOffset - rowTop : 0;
-    for (const auto& row : visibleRows()) {
-        UIView::animate(fadeDuration, 0, [&] {
-            row->setTransform(CGAffineTransform::translation(0, offset));
-            if (row.get() != &editingCell)
-                row->setAlpha(fadedAlpha);
-        });
-    }
+    m_typingOffset = contentOffset >= 0 ? contentOffset - rowTop : 0;
+    for (const auto& row : laidOutRows())
+        UIView::animate(fadeDuration, 0, [&] { giveWay(*row); });
+}
+
+void ViewController::giveWay(TableViewCell& row) const
+{
+    row.setTransform(CGAffineTransform::translation(0, m_typingOffset));
+    if (!row.label->isEditing() && !row.labelData->isEditing())
+        row.setAlpha(fadedAlpha);
 }
 
 void ViewController::cellDidEndEditing(TableViewCell& editingCell)
 {
     print("cellDidEndEditing:");
+    // A row that is typed into no longer may show another note from the next layout on.
+    const std::shared_ptr<ToDoItem2> note = editingCell.toDoItem();
+    const auto rows = laidOutRows();
     tastieraAttiva = false;
-    for (const auto& row : visibleRows()) {
+    for (const auto& row : rows) {
         UIView::animate(fadeDuration, 0, [&] {
             row->setTransform(CGAffineTransform::identity());
-            if (row.get() != &editingCell)
-                row->setAlpha(1.0);
+            row->setAlpha(1.0);
         });
     }
 
-    const std::shared_ptr<ToDoItem2> note = editingCell.toDoItem();
     if (!note->text || note->text->empty()) {
         toDoItemDeleted(note);
         return;
@@ -116,7 +119,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     print("index = " + std::to_string(index));
     if (appIconBadge == "true" && !note->completed)
         changeBadge(-1);
-    const auto rows = visibleRows();
+    const auto rows = laidOutRows();
     arrayNote.erase(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(index)));
     print("arrayNote.removeAtIndex(index)");
     print("SalvoEPrelevoDatiDaFile().ArchiveResults");
@@ -143,23 +146,26 @@ void ViewController::toDoItemAddedBelow(const std::shared_ptr<ToDoItem2>& note)
 void ViewController::closeGapOf(
     const ToDoItem2& note, const std::vector<std::shared_ptr<TableViewCell>>& rows)
 {
-    bool isBelow = false;
-    double delay = 0.0;
-    for (const auto& row : rows) {
-        if (row->toDoItem().get() == &note) {
-            row->setHidden(true);
-            isBelow = true;
-            continue;
-        }
-        if (!isBelow)
-            continue;
-        const auto reload = [this, weakSelf = weak_from_this()] {
-            if (weakSelf.lock())
-                table()->reloadData();
-        };
+    const auto reload = [this, weakSelf = weak_from_this()] {
+        if (weakSelf.lock())
+            table()->reloadData();
+    };
+    const auto shown = std::find_if(
+        rows.begin(), rows.end(), [&](const auto& row) { return row->toDoItem().get() == &note; });
+    if (shown != rows.end())
+        (*shown)->setHidden(true);
+    if (shown == rows.end() || *shown == rows.back()) {
+        // No row moves up: the others get their new colours when this one has faded.
         UIView::animate(
-            closeDuration, delay, [&] { row->setFrame(row->frame().offsetBy(0, -row->frame().size.height)); },
-            row == rows.back() ? std::function<void()>(reload) : nullptr);
+            closeDuration, 0, [] {}, reload);
+        return;
+    }
+    double delay = 0.0;
+    for (auto row = shown + 1; row != rows.end(); ++row) {
+        UIView::animate(
+            closeDuration, delay,
+            [&] { (*row)->setFrame((*row)->frame().offsetBy(0, -(*row)->frame().size.height)); },
+            *row == rows.back() ? std::function<void()>(reload) : nullptr);
         delay += closeStagger;
     }
 }

@@ -47,7 +47,7 @@ void ViewController::pinchStarted(const UIPinchGestureRecognizer& recognizer)
     initialTouchPoints = getNormalizedTouchPoints(recognizer);
     upperCellIndex = -100;
     lowerCellIndex = -100;
-    const auto rows = visibleRows();
+    const auto rows = laidOutRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (viewContainsPoint(*rows[i], initialTouchPoints->upper))
             upperCellIndex = static_cast<std::int64_t>(i);
@@ -58,6 +58,8 @@ void ViewController::pinchStarted(const UIPinchGestureRecognizer& recognizer)
         return;
     pinchInProgress = true;
     const TableViewCell& upperRow = *rows.at(static_cast<std::size_t>(upperCellIndex));
+    // One that was cancelled left the placeholder as it was.
+    placeHolderCell->setTransform(CGAffineTransform::identity());
     placeHolderCell->setFrame(upperRow.frame().offsetBy(0, 30.0));
     placeHolderCell->setBackgroundColor(upperRow.backgroundColor());
     table()->insertSubview(placeHolderCell, 0);
@@ -72,7 +74,7 @@ void ViewController::pinchChanged(const UIPinchGestureRecognizer& recognizer)
     const CGFloat upper = current.upper.y - initialTouchPoints->upper.y;
     const CGFloat lower = initialTouchPoints->lower.y - current.lower.y;
     const CGFloat delta = std::min({upper, lower, 0.0});
-    const auto rows = visibleRows();
+    const auto rows = laidOutRows();
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const auto place = static_cast<std::int64_t>(i);
         if (place <= upperCellIndex)
@@ -97,7 +99,7 @@ void ViewController::pinchEnded()
     pinchInProgress = false;
     placeHolderCell->setTransform(CGAffineTransform::identity());
     placeHolderCell->removeFromSuperview();
-    const auto rows = visibleRows();
+    const auto rows = laidOutRows();
     if (!pinchExceededRequiredDistance) {
         UIView::animate(0.2, 0, [&] {
             for (const auto& row : rows)

@@ -14,8 +14,10 @@ void ViewController::scrollViewWillBeginDragging(UIScrollView& scrollView)
         return;
     pullDownInProgress = scrollView.contentOffset().y <= 0.0;
     placeHolderCell->setBackgroundColor(colorForFirstRow());
-    if (pullDownInProgress)
-        table()->insertSubview(placeHolderCell, 0);
+    if (!pullDownInProgress)
+        return;
+    showPull(scrollView.contentOffset().y);
+    table()->insertSubview(placeHolderCell, 0);
 }
 
 void ViewController::scrollViewDidScroll(UIScrollView& scrollView)
@@ -25,7 +27,14 @@ void ViewController::scrollViewDidScroll(UIScrollView& scrollView)
         pullDownInProgress = false;
         return;
     }
+    showPull(y);
+}
+
+void ViewController::showPull(CGFloat y)
+{
     const CGFloat rowHeight = table()->rowHeight();
+    // A pinch that was cancelled left it squeezed.
+    placeHolderCell->setTransform(CGAffineTransform::identity());
     placeHolderCell->setFrame(CGRectMake(0, -rowHeight, table()->frame().size.width, rowHeight));
     const bool isDeep = rowHeight < -y;
     placeHolderCell->label->setText(
@@ -67,7 +76,11 @@ void ViewController::toDoItemAddedAtIndex(std::int64_t index)
         fatalError("A note was to be inserted outside the list");
     arrayNote.insert(arrayNote.begin() + index, note);
     table()->reloadData();
-    for (const auto& row : visibleRows()) {
+    table()->layoutIfNeeded();
+    // Only a row in sight can be typed into.
+    if (!table()->cellForRow({0, index}))
+        table()->scrollToRow(index);
+    for (const auto& row : laidOutRows()) {
         if (row->toDoItem() == note) {
             row->label->becomeFirstResponder();
             break;

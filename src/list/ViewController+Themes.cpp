@@ -32,6 +32,8 @@ void ViewController::tableViewWillDisplayCellForRowAtIndexPath(
 {
     print("tableView(tableView:");
     cell.setBackgroundColor(colorForIndex(path.row));
+    if (tastieraAttiva)
+        UIView::performWithoutAnimation([&] { giveWay(static_cast<TableViewCell&>(cell)); });
 }
 
 } // namespace velmorath

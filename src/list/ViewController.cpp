@@ -121,8 +121,9 @@ std::shared_ptr<UITableView> ViewController::table() const
     return connected;
 }
 
-std::vector<std::shared_ptr<TableViewCell>> ViewController::visibleRows() const
+std::vector<std::shared_ptr<TableViewCell>> ViewController::laidOutRows() const
 {
+    table()->layoutIfNeeded();
     std::vector<std::shared_ptr<TableViewCell>> rows;
     for (const auto& cell : table()->visibleCells())
         rows.push_back(std::static_pointer_cast<TableViewCell>(cell));

@@ -99,7 +99,8 @@ public:
 private:
     /// The table. That the storyboard has not connected it is fatal.
     std::shared_ptr<UITableView> table() const;
-    std::vector<std::shared_ptr<TableViewCell>> visibleRows() const;
+    /// The rows in sight. The table is laid out first: what a row shows may be another note then.
+    std::vector<std::shared_ptr<TableViewCell>> laidOutRows() const;
     /// The same index. One that is outside the list is fatal.
     std::size_t checkedIndex(std::int64_t) const;
     void saveNotes() const;
@@ -117,14 +118,22 @@ private:
     void setCompleted(const std::shared_ptr<ToDoItem2>&, bool completed);
     /// The place of this very note in the list; 0 for a note that is not in it.
     std::int64_t indexOf(const ToDoItem2&) const;
+    /// While a text is typed: the row moves and fades with the others, the one that is typed into moves only.
+    void giveWay(TableViewCell&) const;
     /// Hides the note's row among these rows in sight and moves the ones below it up.
     void closeGapOf(const ToDoItem2&, const std::vector<std::shared_ptr<TableViewCell>>& rows);
+
+    /// Puts the placeholder above the first row and shows how far the list is pulled. y is its offset.
+    void showPull(CGFloat y);
 
     TouchPoints getNormalizedTouchPoints(const UIPinchGestureRecognizer&) const;
     bool viewContainsPoint(const UIView&, CGPoint) const;
     void pinchStarted(const UIPinchGestureRecognizer&);
     void pinchChanged(const UIPinchGestureRecognizer&);
     void pinchEnded();
+
+    /// How far the rows have moved for the one that is typed into.
+    CGFloat m_typingOffset = 0;
 };
 
 } // namespace velmorath

@@ -44,13 +44,10 @@ std::vector<UIAccessibilityAction> TableViewCell::accessibilityActions()
             actions.push_back({words("Edit date"), [this] { labelData->becomeFirstResponder(); }});
     }
     actions.push_back({words(m_toDoItem->completed ? "Reopen" : "Complete"), [this] { completeOrReopen(); }});
-    actions.push_back({words("Delete"), [this] {
-                           if (delegate)
-                               delegate->toDoItemDeleted(m_toDoItem);
-                       }});
-    actions.push_back({words("Insert below"), [this] {
+    actions.push_back({words("Delete"), [this] { deleteNote(); }});
+    actions.push_back({words("Insert below"), [this, note = m_toDoItem] {
                            if (insertionDelegate)
-                               insertionDelegate->toDoItemAddedBelow(m_toDoItem);
+                               insertionDelegate->toDoItemAddedBelow(note);
                        }});
     UITableView* const list = table();
     const std::int64_t place = *list->placeOf(*this);

@@ -21,7 +21,10 @@ bool TableViewCell::gestureRecognizerShouldBegin(UIGestureRecognizer& recognizer
 void TableViewCell::handlePan(UIPanGestureRecognizer& recognizer)
 {
     print("handlePan");
-    if (isKeyboardPresented(UIApplication::shared())) {
+    if (recognizer.state() == UIGestureRecognizer::State::began)
+        m_panIsIgnored = false;
+    m_panIsIgnored = m_panIsIgnored || isKeyboardPresented(UIApplication::shared());
+    if (m_panIsIgnored) {
         print(
             "------------------------------------------------------------ LA TASTIERA E' MOSTRATA QUINDI NON POSSO PERMETTERE DI FARE CANCELLARE LA NOTA");
         return;
@@ -62,8 +65,7 @@ void TableViewCell::followPan(const UIPanGestureRecognizer& recognizer)
 void TableViewCell::endPan()
 {
     if (deleteOnDragRelease) {
-        if (delegate && m_toDoItem)
-            delegate->toDoItemDeleted(m_toDoItem);
+        deleteNote();
         return;
     }
     const CGRect restingFrame = CGRectMake(0, frame().origin.y, bounds().size.width, bounds().size.height);
@@ -77,14 +79,23 @@ void TableViewCell::completeOrReopen()
     const bool completes = !m_toDoItem->completed;
     label->setStrikeThrough(completes);
     itemCompleteLayer->setHidden(!completes);
+    // The row may be bound to another note before the list is done with this one.
+    const std::shared_ptr<ToDoItem2> note = m_toDoItem;
     if (!completes) {
         if (delegate)
-            delegate->toDoItemRiaperto(m_toDoItem);
+            delegate->toDoItemRiaperto(note);
         return;
     }
     if (!delegate)
         fatalError("A row without a delegate completed its note");
-    delegate->toDoItemCambiaColoreALetto(m_toDoItem);
+    delegate->toDoItemCambiaColoreALetto(note);
+}
+
+void TableViewCell::deleteNote()
+{
+    const std::shared_ptr<ToDoItem2> note = m_toDoItem;
+    if (delegate && note)
+        delegate->toDoItemDeleted(note);
 }
 
 } // namespace velmorath

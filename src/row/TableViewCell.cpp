@@ -138,8 +138,7 @@ bool TableViewCell::keyPressed(const HostKeyPress& press)
             completeOrReopen();
         return true;
     case HostKey::remove:
-        if (delegate && m_toDoItem)
-            delegate->toDoItemDeleted(m_toDoItem);
+        deleteNote();
         return true;
     case HostKey::edit:
         return label->becomeFirstResponder();

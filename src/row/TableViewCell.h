@@ -65,9 +65,12 @@ private:
     void followPan(const UIPanGestureRecognizer&);
     void endPan();
     void completeOrReopen();
+    void deleteNote();
     std::vector<UIAccessibilityAction> accessibilityActions();
 
     std::shared_ptr<ToDoItem2> m_toDoItem;
+    /// A text was typed during this swipe: nothing comes of it, even when the typing is over.
+    bool m_panIsIgnored = false;
 };
 
 } // namespace velmorath

@@ -83,6 +83,7 @@ ViewController& ListTest::list() const
 std::vector<std::shared_ptr<TableViewCell>> ListTest::rows() const
 {
     std::vector<std::shared_ptr<TableViewCell>> found;
+    table().layoutIfNeeded();
     for (const auto& cell : table().visibleCells())
         found.push_back(std::static_pointer_cast<TableViewCell>(cell));
     return found;

@@ -34,7 +34,12 @@ void CATimeline::advance(double now)
 
 void CATimeline::finish()
 {
+    double end = m_frameTime;
+    for (const End& waiting : m_ends)
+        end = std::max(end, waiting.time);
     runCompletionsUntil(std::numeric_limits<double>::infinity());
+    if (end > m_frameTime)
+        keepRunningUntil(end);
 }
 
 void CATimeline::runCompletionsUntil(double now)

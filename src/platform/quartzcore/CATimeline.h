@@ -34,17 +34,21 @@ public:
     /// Keeps frames coming until this moment, and runs the completion at the first frame after it.
     void keepRunningUntil(double end, std::function<void()> completion = {});
 
-    /// Runs every completion that still waits, at once: there may be no more frames.
+    /// Runs every completion that still waits, at once: there may be no more frames. Should there be some,
+    /// what still moves goes on to its end.
     void finish();
-
-    /// Calls the function with each frame's moment until the link is removed. Returns the link's number.
-    int addDisplayLink(std::function<void(double now)>);
-    void removeDisplayLink(int link);
 
     /// Drops whatever still moves or waits: for tests, which start one program after another.
     void reset();
 
 private:
+    friend class CADisplayLink;
+
+    /// Calls the function with each frame's moment until the link is removed. Returns the link's number,
+    /// which is never zero.
+    int addDisplayLink(std::function<void(double now)>);
+    void removeDisplayLink(int link);
+
     struct End {
         double time;
         std::function<void()> completion;

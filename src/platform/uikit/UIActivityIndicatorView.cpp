@@ -1,7 +1,5 @@
 #include "UIActivityIndicatorView.h"
 #include "Bundle.h"
-#include "CATimeline.h"
-#include <utility>
 
 namespace velmorath {
 
@@ -28,12 +26,6 @@ UIActivityIndicatorView::UIActivityIndicatorView(const CGRect& frame)
     setHidden(true);
 }
 
-UIActivityIndicatorView::~UIActivityIndicatorView()
-{
-    if (m_displayLink != 0)
-        CATimeline::main().removeDisplayLink(m_displayLink);
-}
-
 void UIActivityIndicatorView::setColor(const CGColor& color)
 {
     m_color = color;
@@ -57,10 +49,10 @@ void UIActivityIndicatorView::stopAnimating()
 void UIActivityIndicatorView::startOrStopTurning()
 {
     const bool shallTurn = m_isAnimating && window();
-    if (shallTurn && m_displayLink == 0)
-        m_displayLink = CATimeline::main().addDisplayLink([this](double now) { turn(now); });
-    else if (!shallTurn && m_displayLink != 0)
-        CATimeline::main().removeDisplayLink(std::exchange(m_displayLink, 0));
+    if (!shallTurn)
+        m_turning.invalidate();
+    else if (!m_turning.isRunning())
+        m_turning = CADisplayLink([this](double now) { turn(now); });
 }
 
 std::optional<UIAccessibilityInfo> UIActivityIndicatorView::accessibilityInfo()

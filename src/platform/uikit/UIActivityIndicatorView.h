@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CADisplayLink.h"
 #include "UIView.h"
 
 namespace velmorath {
@@ -9,7 +10,6 @@ namespace velmorath {
 class UIActivityIndicatorView : public UIView {
 public:
     explicit UIActivityIndicatorView(const CGRect& frame);
-    ~UIActivityIndicatorView() override;
 
     void setColor(const CGColor&);
     bool isAnimating() const { return m_isAnimating; }
@@ -30,7 +30,7 @@ private:
     bool m_isAnimating = false;
     /// The darkest spoke, counted clockwise from the top.
     int m_spoke = 0;
-    int m_displayLink = 0;
+    CADisplayLink m_turning;
 };
 
 } // namespace velmorath

@@ -61,6 +61,9 @@ public:
     void beginIgnoringInteractionEvents();
     void endIgnoringInteractionEvents();
 
+    /// Takes the touches on this view, and on all that is in it, away from everybody there.
+    void cancelTouches(const UIView& view) { m_touchDispatcher.cancelTouches(view); }
+
     UIFocusSystem& focusSystem() { return m_focusSystem; }
 
     /// For text fields and text views, when the machine's editor is theirs and when it no longer is.

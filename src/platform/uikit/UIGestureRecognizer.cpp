@@ -1,4 +1,5 @@
 #include "UIGestureRecognizer.h"
+#include "UIView.h"
 #include <algorithm>
 
 namespace velmorath {
@@ -55,7 +56,11 @@ bool UIGestureRecognizer::shouldBegin()
 
 bool UIGestureRecognizer::begin(State state)
 {
-    if (!shouldBegin()) {
+    const bool isWanted = shouldBegin();
+    // The question may have set off something that took the touches away.
+    if (m_touches.empty())
+        return false;
+    if (!isWanted) {
         m_state = State::failed;
         return false;
     }
@@ -81,6 +86,8 @@ void UIGestureRecognizer::enter(State state)
     const auto actions = m_actions;
     for (const auto& action : actions)
         action(*this);
+    if (m_view && (state == State::ended || state == State::cancelled))
+        m_view->gestureEnded();
 }
 
 void UIGestureRecognizer::forget(const UITouches& gone)

@@ -1,6 +1,5 @@
 #include "UIScrollView.h"
 #include "Bundle.h"
-#include "CATimeline.h"
 #include "Host.h"
 
 namespace velmorath {
@@ -37,11 +36,6 @@ UIScrollView::UIScrollView(const CGRect& frame)
     setClipsToBounds(true);
     m_dragRecognizer->addTarget([this](UIGestureRecognizer& recognizer) { handleDrag(recognizer); });
     addGestureRecognizer(m_dragRecognizer);
-}
-
-UIScrollView::~UIScrollView()
-{
-    stopDecelerating();
 }
 
 UIScrollRange UIScrollView::rangeX() const
@@ -158,9 +152,6 @@ std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
 
 void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
 {
-    // Taken off the screen under the finger.
-    if (!window())
-        return;
     switch (recognizer.state()) {
     case UIGestureRecognizer::State::began:
         beginDragging();
@@ -246,14 +237,19 @@ void UIScrollView::springTo(CGPoint target, CGVector velocity)
 
 void UIScrollView::startDecelerating()
 {
-    if (m_displayLink == 0)
-        m_displayLink = CATimeline::main().addDisplayLink([this](double now) { decelerate(now); });
+    if (!m_motion.isRunning())
+        m_motion = CADisplayLink([this](double now) { decelerate(now); });
 }
 
 void UIScrollView::stopDecelerating()
 {
-    if (m_displayLink != 0)
-        CATimeline::main().removeDisplayLink(std::exchange(m_displayLink, 0));
+    m_motion.invalidate();
+}
+
+void UIScrollView::didMoveToWindow()
+{
+    if (!window())
+        stopDecelerating();
 }
 
 void UIScrollView::decelerate(double now)

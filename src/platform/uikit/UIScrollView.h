@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CADisplayLink.h"
 #include "UIPanGestureRecognizer.h"
 #include "UIScrollMotion.h"
 #include "UIView.h"
@@ -25,7 +26,6 @@ public:
 class UIScrollView : public UIView {
 public:
     explicit UIScrollView(const CGRect& frame);
-    ~UIScrollView() override;
 
     /// The content's point at the view's top left corner; negative when it is pulled past the beginning.
     CGPoint contentOffset() const { return bounds().origin; }
@@ -45,7 +45,7 @@ public:
     void setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
     bool isDragging() const { return m_dragStart.has_value(); }
     /// Moving by itself: running on, springing back, or on its way to where it shall be.
-    bool isDecelerating() const { return m_displayLink != 0; }
+    bool isDecelerating() const { return m_motion.isRunning(); }
     void setScrollDelegate(UIScrollViewDelegate* delegate) { m_scrollDelegate = delegate; }
 
     /// Scrolls, never past the ends, or turns one page. False when there is nothing to scroll.
@@ -55,6 +55,8 @@ public:
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
     void layoutSubviews() override;
+    /// Out of the window it stands still: whoever listened to it may be gone.
+    void didMoveToWindow() override;
 
 protected:
     /// Moves the content without stopping what moves it.
@@ -90,7 +92,7 @@ private:
     CGVector m_dragStartTranslation;
     UIScrollMotion m_motionX;
     UIScrollMotion m_motionY;
-    int m_displayLink = 0;
+    CADisplayLink m_motion;
 };
 
 } // namespace velmorath

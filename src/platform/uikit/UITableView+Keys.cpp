@@ -57,7 +57,7 @@ bool UITableView::keyPressed(const HostKeyPress& press)
 
 void UITableView::focusRow(std::int64_t row)
 {
-    scrollRectToVisible(rectForRow(row), false);
+    scrollToRow(row);
     UIApplication::shared().focusSystem().focus(cellForRow({0, row}));
 }
 
@@ -72,8 +72,7 @@ std::int64_t UITableView::nearestInSight(std::int64_t row) const
 void UITableView::keepFocusInSight(std::int64_t row)
 {
     const auto known = m_rows.find(row);
-    const bool isHeld = known != m_rows.end() && mustStay(*known->second);
-    if (isHeld || m_count == 0)
+    if (m_count == 0 || (known != m_rows.end() && isHeld(*known->second)))
         return;
     const auto nearest = m_rows.find(nearestInSight(row));
     if (nearest != m_rows.end() && nearest->first != row)

@@ -11,6 +11,7 @@ namespace velmorath {
 namespace {
 
 constexpr double updateDuration = 0.3;
+constexpr double moveAsideDuration = 0.2;
 
 /// The place of a row that has been out of sight.
 constexpr std::int64_t nowhere = -1;
@@ -85,10 +86,12 @@ std::shared_ptr<UITableViewCell> UITableView::dequeueReusableCell(
             break;
     }
     if (chosen != m_reusable.end()) {
-        std::shared_ptr<UITableViewCell> cell = std::move(chosen->second);
-        if (chosen->first != path.row)
-            forgetLook(*cell);
+        const auto [place, cell] = std::move(*chosen);
         m_reusable.erase(chosen);
+        if (place != path.row) {
+            UIApplication::shared().cancelTouches(*cell);
+            forgetLook(*cell);
+        }
         return cell;
     }
     const auto maker = m_makers.find(identifier);
@@ -99,7 +102,6 @@ std::shared_ptr<UITableViewCell> UITableView::dequeueReusableCell(
 
 void UITableView::reloadData()
 {
-    endReordering(false);
     m_hasLoaded = true;
     m_deletions.clear();
     m_selectedRow.reset();
@@ -111,18 +113,17 @@ void UITableView::reloadData()
         m_rowHeight = m_delegate->tableViewHeightForRowAtIndexPath(*this, {0, 0});
     updateContentSize();
 
-    std::map<std::int64_t, std::shared_ptr<UITableViewCell>> kept;
+    if (m_reordering && std::max(m_reordering->from(), m_reordering->to()) >= m_count)
+        endReordering(false);
+
     for (const auto& [place, cell] : std::exchange(m_rows, {})) {
-        if (place < m_count && mustStay(*cell)) {
-            kept.emplace(place, cell);
-            putInPlace(*cell, place);
-            if (m_delegate)
-                m_delegate->tableViewWillDisplayCellForRowAtIndexPath(*this, *cell, {0, place});
+        if (place < m_count && isHeld(*cell)) {
+            m_rows.emplace(place, cell);
+            m_behind.insert(cell);
         } else {
             m_reusable.emplace_back(place, cell);
         }
     }
-    m_rows = std::move(kept);
     setNeedsLayout();
 }
 
@@ -136,27 +137,61 @@ void UITableView::layoutSubviews()
     if (m_laidOutWidth != bounds().size.width)
         placeAllRows();
 
+    if (m_reordering)
+        m_reordering->contentMoved();
+
     const std::optional<std::int64_t> focused = focusedRow();
     const Rows rows = rowsInSight();
     for (auto entry = m_rows.begin(); entry != m_rows.end();) {
         const bool isInSight = entry->first >= rows.first && entry->first < rows.end;
-        if (isInSight || mustStay(*entry->second)) {
+        if (isInSight || isHeld(*entry->second)) {
             ++entry;
             continue;
         }
         m_reusable.emplace_back(entry->first, entry->second);
         entry = m_rows.erase(entry);
     }
+    makeUpForRowsLetGo();
     for (std::int64_t place = rows.first; place < rows.end; ++place) {
         if (!m_rows.contains(place))
             m_rows.emplace(place, makeRow(place));
     }
     if (focused)
         keepFocusInSight(*focused);
+    takeRowsOutOfUse();
+}
+
+void UITableView::makeUpForRowsLetGo()
+{
+    const auto rows = m_rows;
+    for (const auto& [place, cell] : rows) {
+        if (isHeld(*cell) || m_behind.erase(cell) == 0)
+            continue;
+        // As if the data were reloaded only now. How far it was swiped aside is not the table's to change.
+        const CGPoint before = cell->center();
+        const CGFloat aside = before.x - cell->bounds().midX();
+        m_rows.erase(place);
+        m_reusable.emplace_back(place, cell);
+        const std::shared_ptr<UITableViewCell> again = makeRow(place);
+        m_rows.emplace(place, again);
+        const CGPoint now = again->center() + CGVector{aside, 0};
+        if (now == before)
+            continue;
+        again->setCenter(before);
+        UIView::animate(updateDuration, 0, [&] { again->setCenter(now); });
+    }
+}
+
+void UITableView::takeRowsOutOfUse()
+{
+    // Taking a row away may end a gesture on it, and whoever hears of that may ask for rows.
+    const auto unused = m_reusable;
     for (auto& [place, cell] : m_reusable) {
         place = nowhere;
-        cell->removeFromSuperview();
+        m_behind.erase(cell);
     }
+    for (const auto& [place, cell] : unused)
+        cell->removeFromSuperview();
 }
 
 void UITableView::placeAllRows()
@@ -164,29 +199,32 @@ void UITableView::placeAllRows()
     m_laidOutWidth = bounds().size.width;
     updateContentSize();
     for (const auto& [place, cell] : m_rows)
-        putInPlace(*cell, place);
+        putInPlaceUnlessHeld(cell, place);
 }
 
-bool UITableView::mustStay(const UITableViewCell& cell) const
+void UITableView::putInPlaceUnlessHeld(const std::shared_ptr<UITableViewCell>& cell, std::int64_t place)
 {
-    if (isReordering(cell))
-        return true;
+    if (!isHeld(*cell)) {
+        putInPlace(*cell, place);
+        return;
+    }
+    m_behind.insert(cell);
+    if (cell->hasGestureGoingOn())
+        return;
+    // What is typed into a row is read there: it is as wide as the table at any time.
+    cell->setBounds({{0, 0}, rectForRow(place).size});
+    cell->setCenter({rectForRow(place).midX(), cell->center().y});
+}
+
+bool UITableView::isHeld(const UITableViewCell& cell)
+{
     const auto* responder = dynamic_cast<const UIView*>(UIResponder::current());
-    return responder && responder->isDescendantOf(cell);
+    return cell.hasGestureGoingOn() || (responder && responder->isDescendantOf(cell));
 }
 
 std::int64_t UITableView::dataRow(std::int64_t place) const
 {
-    if (!m_reordering)
-        return place;
-    const auto [from, to] = std::pair(m_reordering->from, m_reordering->to);
-    if (place == to)
-        return from;
-    if (from < to && place >= from && place < to)
-        return place + 1;
-    if (to < from && place > to && place <= from)
-        return place - 1;
-    return place;
+    return m_reordering ? m_reordering->dataRow(place) : place;
 }
 
 std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
@@ -203,23 +241,24 @@ std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
     return cell;
 }
 
-std::vector<std::shared_ptr<UITableViewCell>> UITableView::visibleCells()
+std::vector<std::shared_ptr<UITableViewCell>> UITableView::visibleCells() const
 {
-    layoutIfNeeded();
-    const Rows rows = rowsInSight();
     std::vector<std::shared_ptr<UITableViewCell>> cells;
-    for (const auto& [place, cell] : m_rows) {
-        if (place >= rows.first && place < rows.end)
-            cells.push_back(cell);
-    }
+    for (const auto& entry : m_rows)
+        cells.push_back(entry.second);
     return cells;
 }
 
-std::shared_ptr<UITableViewCell> UITableView::cellForRow(IndexPath path)
+std::shared_ptr<UITableViewCell> UITableView::cellForRow(IndexPath path) const
 {
-    layoutIfNeeded();
     const auto found = m_rows.find(path.row);
     return found == m_rows.end() ? nullptr : found->second;
+}
+
+void UITableView::scrollToRow(std::int64_t row)
+{
+    scrollRectToVisible(rectForRow(row), false);
+    layoutIfNeeded();
 }
 
 std::optional<std::int64_t> UITableView::placeOf(const UIView& view) const
@@ -255,7 +294,8 @@ std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
 void UITableView::handleTap(CGPoint point)
 {
     const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
-    if (row >= 0 && row < m_count)
+    layoutIfNeeded();
+    if (cellForRow({0, row}))
         selectByUser(row);
 }
 
@@ -280,7 +320,6 @@ void UITableView::select(std::int64_t row)
 void UITableView::beginUpdates()
 {
     m_isUpdating = true;
-    endReordering(false);
 }
 
 void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRowAnimation)
@@ -296,11 +335,13 @@ void UITableView::endUpdates()
     m_count = m_dataSource->tableViewNumberOfRowsInSection(*this, 0);
     if (m_count != before - static_cast<std::int64_t>(m_deletions.size()))
         fatalError("The number of rows after the update does not fit the rows that were deleted");
-    applyDeletions();
+    std::sort(m_deletions.begin(), m_deletions.end(), std::greater<>());
+    for (const std::int64_t row : std::exchange(m_deletions, {}))
+        applyDeletion(row);
     updateContentSize();
     UIView::animate(updateDuration, 0, [this] {
         for (const auto& [place, cell] : m_rows)
-            putInPlace(*cell, place);
+            putInPlaceUnlessHeld(cell, place);
         if (!isDragging() && !isDecelerating())
             UIScrollView::layoutSubviews();
     });
@@ -318,33 +359,107 @@ void UITableView::endUpdates()
     }
 }
 
-void UITableView::applyDeletions()
+void UITableView::applyDeletion(std::int64_t row)
 {
-    std::sort(m_deletions.begin(), m_deletions.end());
-    std::map<std::int64_t, std::shared_ptr<UITableViewCell>> remaining;
-    for (const auto& [place, cell] : m_rows) {
-        const auto notBefore = std::lower_bound(m_deletions.begin(), m_deletions.end(), place);
-        if (notBefore == m_deletions.end() || *notBefore != place) {
-            remaining.emplace(place - (notBefore - m_deletions.begin()), cell);
+    if (m_reordering && m_reordering->from() == row)
+        endReordering(false);
+    const std::int64_t gone = m_reordering ? m_reordering->placeOfDataRow(row) : row;
+    if (m_reordering)
+        m_reordering->rowDeleted(row, gone);
+    if (m_selectedRow == row)
+        m_selectedRow.reset();
+    else if (m_selectedRow > row)
+        --*m_selectedRow;
+    for (auto& entry : m_reusable) {
+        if (entry.first == gone)
+            entry.first = nowhere;
+        else if (entry.first > gone)
+            --entry.first;
+    }
+    std::shared_ptr<UITableViewCell> goneCell;
+    for (auto& [place, cell] : std::exchange(m_rows, {})) {
+        if (place == gone)
+            goneCell = cell;
+        else
+            m_rows.emplace(place < gone ? place : place - 1, cell);
+    }
+    if (goneCell)
+        fadeOut(goneCell);
+}
+
+void UITableView::fadeOut(const std::shared_ptr<UITableViewCell>& cell)
+{
+    // It is not used again, and shows and reports a row that is no more.
+    cell->setUserInteractionEnabled(false);
+    UIApplication::shared().cancelTouches(*cell);
+    UIView::animate(
+        updateDuration, 0, [&] { cell->setAlpha(0); },
+        [weakCell = std::weak_ptr<UITableViewCell>(cell)] {
+            if (const auto gone = weakCell.lock())
+                gone->removeFromSuperview();
+        });
+}
+
+void UITableView::setEditing(bool editing)
+{
+    if (m_editing == editing)
+        return;
+    endReordering(false);
+    m_editing = editing;
+    for (const auto& [place, cell] : m_rows)
+        cell->setShowsReorderControl(
+            editing && m_dataSource->tableViewCanEditRowAtIndexPath(*this, {0, place}));
+}
+
+void UITableView::beginReordering(UITableViewCell& cell, CGFloat y)
+{
+    const std::optional<std::int64_t> place = placeOf(cell);
+    if (m_reordering || !place)
+        return;
+    // What springs back to its place may get there.
+    if (inside(contentOffset()) == contentOffset())
+        stopDecelerating();
+    const std::shared_ptr<UITableViewCell> lifted = m_rows.at(*place);
+    // On top of all others, with a shadow, as if it were lifted.
+    addSubview(lifted);
+    lifted->layer().setShadow({{0, 0}, cell.bounds().size}, UIColor::black().withAlpha(0.6), {0, 2}, 8);
+    m_reordering.emplace(*this, lifted, *place, y);
+}
+
+void UITableView::continueReordering(CGFloat y)
+{
+    if (m_reordering)
+        m_reordering->moveTo(y);
+}
+
+void UITableView::endReordering(bool isDropped)
+{
+    if (!m_reordering)
+        return;
+    if (!isDropped)
+        m_reordering->goBack();
+    const std::shared_ptr<UITableViewCell> cell = m_reordering->cell();
+    const auto [from, to] = std::pair(m_reordering->from(), m_reordering->to());
+    m_reordering.reset();
+    cell->layer().removeShadow();
+    // The row sinks from where it was let go into its place.
+    UIView::animate(moveAsideDuration, 0, [&, to = to] { putInPlace(*cell, to); });
+    if (isDropped)
+        m_dataSource->tableViewMoveRowAtIndexPathToIndexPath(*this, {0, from}, {0, to});
+}
+
+void UITableView::swapRows(std::int64_t place, std::int64_t otherPlace)
+{
+    for (const auto& [cell, newPlace] :
+        {std::pair(cellForRow({0, place}), otherPlace), std::pair(cellForRow({0, otherPlace}), place)}) {
+        if (!cell) {
+            m_rows.erase(newPlace);
             continue;
         }
-        // A row that was deleted fades where it is, and is not used again.
-        cell->setUserInteractionEnabled(false);
-        UIView::animate(
-            updateDuration, 0, [&cell = cell] { cell->setAlpha(0); },
-            [weakCell = std::weak_ptr<UITableViewCell>(cell)] {
-                if (const auto gone = weakCell.lock())
-                    gone->removeFromSuperview();
-            });
+        m_rows[newPlace] = cell;
+        putInPlaceUnlessHeld(cell, newPlace);
     }
-    m_rows = std::move(remaining);
-    if (m_selectedRow) {
-        const auto notBefore = std::lower_bound(m_deletions.begin(), m_deletions.end(), *m_selectedRow);
-        const bool isGone = notBefore != m_deletions.end() && *notBefore == *m_selectedRow;
-        m_selectedRow =
-            isGone ? std::nullopt : std::optional(*m_selectedRow - (notBefore - m_deletions.begin()));
-    }
-    m_deletions.clear();
+    setNeedsLayout();
 }
 
 } // namespace velmorath

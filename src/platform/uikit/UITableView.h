@@ -3,9 +3,11 @@
 #include "IndexPath.h"
 #include "UIScrollView.h"
 #include "UITableViewCell.h"
+#include "UITableViewReordering.h"
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -51,6 +53,10 @@ public:
 
 /// Rows of one height, one below the other. Only the rows in sight exist as views; those that leave are
 /// used again for those that come. One section.
+///
+/// A row in which a gesture is going on (a swipe, a drag by its handle) or a text is edited is held: it is
+/// neither moved nor bound anew nor used for another place, whatever reload, layout or resize comes. What it
+/// missed is made up once it is let go.
 class UITableView : public UIScrollView {
 public:
     using MakeCell =
@@ -76,13 +82,15 @@ public:
     /// comes first.
     std::shared_ptr<UITableViewCell> dequeueReusableCell(const std::string& identifier, IndexPath);
 
-    /// Asks the data source for everything again. A row that is being typed into stays as it is.
-    /// No row is selected afterwards.
+    /// Asks the data source for everything again, with the next layout. No row is selected afterwards.
     void reloadData();
-    /// The rows in sight, from top to bottom.
-    std::vector<std::shared_ptr<UITableViewCell>> visibleCells();
-    /// Nothing when the row is not in sight.
-    std::shared_ptr<UITableViewCell> cellForRow(IndexPath);
+    /// The rows that are there as views, from top to bottom: as the last layout left them, without those
+    /// that a reload since then gives up.
+    std::vector<std::shared_ptr<UITableViewCell>> visibleCells() const;
+    /// Nothing when the row is not among them.
+    std::shared_ptr<UITableViewCell> cellForRow(IndexPath) const;
+    /// Scrolls at once to where a row is in sight that is not.
+    void scrollToRow(std::int64_t row);
 
     /// The mode in which rows are dragged to other places.
     bool isEditing() const { return m_editing; }
@@ -109,25 +117,15 @@ public:
     bool keyPressed(const HostKeyPress&) override;
     void layoutSubviews() override;
 
-    /// For the row's handle. y in window coordinates.
+    /// For the handle of a row: a finger has it, moves, and lets it go. y in window coordinates.
     void beginReordering(UITableViewCell&, CGFloat y);
-    /// Whether it is this row that is being dragged: one at a time is.
-    bool isReordering(const UITableViewCell&) const;
     void continueReordering(CGFloat y);
     /// Not dropped: the row goes back to where it came from.
     void endReordering(bool isDropped);
 
 private:
-    struct Reordering {
-        std::shared_ptr<UITableViewCell> cell;
-        std::int64_t from;
-        /// Where the row would go if it were dropped now.
-        std::int64_t to;
-        /// From the finger to the row's centre.
-        CGFloat grip;
-        CGFloat fingerInWindow;
-        int displayLink;
-    };
+    friend class UITableViewReordering;
+
     struct Rows {
         std::int64_t first = 0;
         std::int64_t end = 0;
@@ -138,11 +136,16 @@ private:
     void putInPlace(UITableViewCell&, std::int64_t row) const;
     Rows rowsInSight() const;
     void updateContentSize();
-    /// The row of the data that is shown at this place while another is being dragged.
+    /// The row of the data that is shown at this place: another than it, while one is being dragged.
     std::int64_t dataRow(std::int64_t place) const;
     std::shared_ptr<UITableViewCell> makeRow(std::int64_t place);
-    bool mustStay(const UITableViewCell&) const;
+    static bool isHeld(const UITableViewCell&);
     void placeAllRows();
+    void putInPlaceUnlessHeld(const std::shared_ptr<UITableViewCell>&, std::int64_t place);
+    void makeUpForRowsLetGo();
+    void takeRowsOutOfUse();
+    /// For a row on its way to another place.
+    void swapRows(std::int64_t place, std::int64_t otherPlace);
     void handleTap(CGPoint);
     std::int64_t rowsOfAPage() const;
     std::optional<std::int64_t> focusedRow() const;
@@ -154,9 +157,8 @@ private:
     /// Keys that a row of the table has go to the first one of the new page.
     void scrollByReader(CGPoint offset);
     void select(std::int64_t row);
-    void applyDeletions();
-    void moveDraggedRowTo(std::int64_t place);
-    void scrollWhileReordering(double now);
+    void applyDeletion(std::int64_t row);
+    void fadeOut(const std::shared_ptr<UITableViewCell>&);
 
     UITableViewDataSource* m_dataSource = nullptr;
     UITableViewDelegate* m_delegate = nullptr;
@@ -173,8 +175,9 @@ private:
     std::vector<std::pair<std::int64_t, std::shared_ptr<UITableViewCell>>> m_reusable;
     std::vector<std::int64_t> m_deletions;
     std::optional<std::int64_t> m_selectedRow;
-    std::optional<Reordering> m_reordering;
-    double m_lastReorderingStep = 0;
+    /// Held rows that missed a reload or a move.
+    std::set<std::shared_ptr<UITableViewCell>> m_behind;
+    std::optional<UITableViewReordering> m_reordering;
 };
 
 } // namespace velmorath

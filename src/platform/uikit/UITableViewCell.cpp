@@ -111,6 +111,12 @@ std::optional<UIAccessibilityInfo> UITableViewCell::accessibilityInfo()
     return info;
 }
 
+void UITableViewCell::gestureEnded()
+{
+    if (UITableView* around = table())
+        around->setNeedsLayout();
+}
+
 void UITableViewCell::layoutSubviews()
 {
     const CGSize size = bounds().size;

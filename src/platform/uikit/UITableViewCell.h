@@ -55,6 +55,8 @@ public:
     /// The built-in text as an item of the table; a checkmark counts as selected.
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
     void layoutSubviews() override;
+    /// The table makes up for what it did not do to the row for the sake of the gesture.
+    void gestureEnded() override;
 
     void touchesBegan(const UITouches&) override { setHighlighted(true); }
     void touchesEnded(const UITouches&) override { setHighlighted(false); }

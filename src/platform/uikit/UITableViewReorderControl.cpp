@@ -1,50 +1,66 @@
 #include "UITableViewReorderControl.h"
+#include "UIGestureRecognizer.h"
 #include "UITableView.h"
-#include "UITouch.h"
 
 namespace velmorath {
 
 namespace {
 
-/// Nothing when the handle was taken away under the finger.
-UITableViewCell* cellAround(const UIView& control)
-{
-    return static_cast<UITableViewCell*>(control.superview());
-}
-
-/// Nothing while the table drags another row, or none.
-UITableView* tableDraggingRowOf(const UIView& control)
-{
-    const UITableViewCell* cell = cellAround(control);
-    UITableView* table = cell ? cell->table() : nullptr;
-    return table && table->isReordering(*cell) ? table : nullptr;
-}
+/// Begins as soon as a finger is down, and follows it.
+class GripRecognizer : public UIGestureRecognizer {
+public:
+    void touchesBegan(const UITouches& began) override
+    {
+        UIGestureRecognizer::touchesBegan(began);
+        if (state() == State::possible)
+            begin();
+    }
+    void touchesMoved(const UITouches&) override
+    {
+        if (isActive())
+            change();
+    }
+    void touchesEnded(const UITouches& ended) override
+    {
+        if (isActive())
+            end();
+        UIGestureRecognizer::touchesEnded(ended);
+    }
+    CGFloat y() const { return touches().front()->location().y; }
+};
 
 } // namespace
 
-void UITableViewReorderControl::touchesBegan(const UITouches& touches)
+UITableViewReorderControl::UITableViewReorderControl()
 {
-    UITableViewCell* cell = cellAround(*this);
-    if (UITableView* table = cell ? cell->table() : nullptr)
-        table->beginReordering(*cell, touches.front()->location().y);
+    const auto grip = std::make_shared<GripRecognizer>();
+    grip->addTarget([this](UIGestureRecognizer& recognizer) { handleGrip(recognizer); });
+    addGestureRecognizer(grip);
 }
 
-void UITableViewReorderControl::touchesMoved(const UITouches& touches)
+UITableViewCell* UITableViewReorderControl::cell() const
 {
-    if (UITableView* table = tableDraggingRowOf(*this))
-        table->continueReordering(touches.front()->location().y);
+    return static_cast<UITableViewCell*>(superview());
 }
 
-void UITableViewReorderControl::touchesEnded(const UITouches&)
+void UITableViewReorderControl::handleGrip(UIGestureRecognizer& recognizer)
 {
-    if (UITableView* table = tableDraggingRowOf(*this))
-        table->endReordering(true);
+    UITableView* const table = cell() ? cell()->table() : nullptr;
+    if (!table)
+        return;
+    const CGFloat y = static_cast<GripRecognizer&>(recognizer).y();
+    if (recognizer.state() == UIGestureRecognizer::State::began)
+        table->beginReordering(*cell(), y);
+    else if (recognizer.state() == UIGestureRecognizer::State::changed)
+        table->continueReordering(y);
+    else
+        table->endReordering(recognizer.state() == UIGestureRecognizer::State::ended);
 }
 
-void UITableViewReorderControl::touchesCancelled(const UITouches&)
+void UITableViewReorderControl::gestureEnded()
 {
-    if (UITableView* table = tableDraggingRowOf(*this))
-        table->endReordering(false);
+    if (cell())
+        cell()->gestureEnded();
 }
 
 void UITableViewReorderControl::draw(CGContext& context) const

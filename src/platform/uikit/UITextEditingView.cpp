@@ -83,8 +83,8 @@ bool UITextEditingView::becomeFirstResponder()
     const std::shared_ptr<UIView> keepAlive = shared_from_this();
     if (!shouldBeginEditing() || !UIView::becomeFirstResponder())
         return false;
-    // Ending another view's editing may have taken this one off the screen.
-    if (!window()) {
+    // Ending another view's editing may have taken this one off the screen, or what it shows away.
+    if (!canBeUsed()) {
         setCurrent(nullptr);
         return false;
     }

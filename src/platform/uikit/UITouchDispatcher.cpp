@@ -4,6 +4,23 @@
 
 namespace velmorath {
 
+namespace {
+
+using Addressed = std::vector<std::pair<std::shared_ptr<UIGestureRecognizer>, UITouches>>;
+
+void address(Addressed& addressed, const std::shared_ptr<UIGestureRecognizer>& recognizer,
+    const std::shared_ptr<UITouch>& touch)
+{
+    const auto known = std::find_if(
+        addressed.begin(), addressed.end(), [&](const auto& entry) { return entry.first == recognizer; });
+    if (known == addressed.end())
+        addressed.push_back({recognizer, {touch}});
+    else
+        known->second.push_back(touch);
+}
+
+} // namespace
+
 void UITouchDispatcher::touchesChanged(UIView& root, const std::vector<HostTouch>& changed, double time)
 {
     std::vector<std::int64_t> began, moved, ended, cancelled;
@@ -46,6 +63,31 @@ void UITouchDispatcher::cancelAll()
     m_fingers.clear();
 }
 
+void UITouchDispatcher::cancelTouches(const UIView& gone)
+{
+    // First all are taken away, then everybody is told: whoever is told may do anything.
+    Addressed addressed;
+    UITouches touchesOfViews;
+    for (auto& [identifier, finger] : m_fingers) {
+        for (const auto& recognizer : std::exchange(finger.recognizers, {})) {
+            if (!recognizer->view() || !recognizer->view()->isDescendantOf(gone))
+                finger.recognizers.push_back(recognizer);
+            else
+                address(addressed, recognizer, finger.touch);
+        }
+        if (finger.touch->view()->isDescendantOf(gone) && std::exchange(finger.viewIsTold, false))
+            touchesOfViews.push_back(finger.touch);
+    }
+    for (auto& [recognizer, touches] : addressed) {
+        std::erase_if(touches,
+            [&recognizer = recognizer](const auto& touch) { return !recognizer->isTracking(*touch); });
+        if (!touches.empty())
+            recognizer->touchesCancelled(touches);
+    }
+    for (const auto& touch : touchesOfViews)
+        touch->view()->touchesCancelled({touch});
+}
+
 void UITouchDispatcher::addFinger(UIView& root, const HostTouch& touch, double time)
 {
     std::shared_ptr<UIView> view = root.hitTest(root.convertFromWindow(touch.location));
@@ -55,8 +97,6 @@ void UITouchDispatcher::addFinger(UIView& root, const HostTouch& touch, double t
     for (UIView* around = view.get(); around; around = around->superview()) {
         const auto& recognizers = around->gestureRecognizers();
         finger.recognizers.insert(finger.recognizers.end(), recognizers.begin(), recognizers.end());
-        if (around->keepsTouchesToItself())
-            break;
     }
     finger.touch = std::make_shared<UITouch>(touch.location, time, std::move(view));
     m_fingers.emplace(touch.identifier, std::move(finger));
@@ -73,21 +113,14 @@ void UITouchDispatcher::deliver(
 
 void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver toRecognizer)
 {
-    std::vector<std::pair<std::shared_ptr<UIGestureRecognizer>, UITouches>> addressed;
+    Addressed addressed;
     for (std::int64_t identifier : fingers) {
         // What the fingers before this one set off may have taken it away.
         const auto found = m_fingers.find(identifier);
         if (found == m_fingers.end())
             continue;
-        const Finger& finger = found->second;
-        for (const auto& recognizer : finger.recognizers) {
-            const auto known = std::find_if(addressed.begin(), addressed.end(),
-                [&](const auto& entry) { return entry.first == recognizer; });
-            if (known == addressed.end())
-                addressed.push_back({recognizer, {finger.touch}});
-            else
-                known->second.push_back(finger.touch);
-        }
+        for (const auto& recognizer : found->second.recognizers)
+            address(addressed, recognizer, found->second.touch);
     }
     const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
     std::vector<std::shared_ptr<UIGestureRecognizer>> winners;
@@ -95,10 +128,9 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
         const std::shared_ptr<UIGestureRecognizer>& recognizer = entry.first;
         UITouches& touches = entry.second;
         // What a recognizer before this one set off may have taken the touches away.
-        if (m_fingers.empty())
-            return;
-        if (!areNew)
-            std::erase_if(touches, [&](const auto& touch) { return !recognizer->isTracking(*touch); });
+        std::erase_if(touches, [&](const auto& touch) {
+            return areNew ? !isOfferedTo(*touch, recognizer) : !recognizer->isTracking(*touch);
+        });
         // A gesture that begins as soon as the finger is down has it before the others hear of it.
         for (const auto& winner : winners)
             std::erase_if(touches, [&](const auto& touch) { return winner->isTracking(*touch); });
@@ -112,15 +144,26 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
     }
 }
 
+bool UITouchDispatcher::isOfferedTo(
+    const UITouch& touch, const std::shared_ptr<UIGestureRecognizer>& recognizer) const
+{
+    return std::any_of(m_fingers.begin(), m_fingers.end(), [&](const auto& entry) {
+        const auto& recognizers = entry.second.recognizers;
+        return entry.second.touch.get() == &touch
+            && std::find(recognizers.begin(), recognizers.end(), recognizer) != recognizers.end();
+    });
+}
+
 void UITouchDispatcher::giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner)
 {
+    // A gesture with a length is the only one until it is over; others only have their own fingers.
+    const bool hasAll = winner->isActive();
     // What failing and cancelling sets off may change the fingers.
     const auto fingers = m_fingers;
     for (const auto& [identifier, finger] : fingers) {
-        const auto& recognizers = finger.recognizers;
-        if (std::find(recognizers.begin(), recognizers.end(), winner) == recognizers.end())
+        if (!hasAll && !isOfferedTo(*finger.touch, winner))
             continue;
-        for (const auto& recognizer : recognizers) {
+        for (const auto& recognizer : finger.recognizers) {
             if (recognizer != winner && recognizer->isTracking(*finger.touch))
                 recognizer->fail();
         }

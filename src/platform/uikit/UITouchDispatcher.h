@@ -9,9 +9,10 @@ namespace velmorath {
 
 class UIView;
 
-/// Takes the fingers that the host reports to the recognizers and views under them, and sees to it
-/// that one gesture has a finger at a time: from the innermost view outwards the first recognizer to
-/// begin takes it from all others. While a gesture is going on, further fingers are not listened to.
+/// Takes the fingers that the host reports to the recognizers and views under them, and sees to it that
+/// there is one gesture at a time: from the innermost view outwards the first recognizer to begin takes its
+/// fingers from all others, and those of the other fingers fail, too. While a gesture is going on, further
+/// fingers are not listened to.
 class UITouchDispatcher {
 public:
     void touchesChanged(UIView& root, const std::vector<HostTouch>&, double time);
@@ -20,6 +21,9 @@ public:
 
     /// Takes all fingers away from whoever has them; they are ignored until they leave.
     void cancelAll();
+    /// Takes the touches on this view, and on all that is in it, from it and its recognizers. Recognizers of
+    /// the views around it keep them: a list goes on scrolling when the row under the finger has gone.
+    void cancelTouches(const UIView&);
 
 private:
     struct Finger {
@@ -35,6 +39,7 @@ private:
     void deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver);
     void deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView);
     void giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner);
+    bool isOfferedTo(const UITouch&, const std::shared_ptr<UIGestureRecognizer>&) const;
     bool isGestureGoingOn() const;
 
     std::map<std::int64_t, Finger> m_fingers;

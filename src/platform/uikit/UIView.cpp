@@ -1,8 +1,10 @@
 #include "UIView.h"
 #include "CATimeline.h"
 #include "Host.h"
+#include "UIApplication.h"
 #include "UIGestureRecognizer.h"
 #include "UIViewController.h"
+#include <algorithm>
 
 namespace velmorath {
 
@@ -116,7 +118,11 @@ void UIView::addSubview(std::shared_ptr<UIView> view)
 
 void UIView::insertSubview(std::shared_ptr<UIView> view, std::size_t index)
 {
-    view->removeFromSuperview();
+    const bool isNew = view->m_superview != this;
+    if (isNew)
+        view->removeFromSuperview();
+    else
+        view->detach();
     view->m_superview = this;
     // The new view's layer goes right below the layer of the view that it is put under; layers that were
     // inserted by hand stay where they are.
@@ -130,28 +136,39 @@ void UIView::insertSubview(std::shared_ptr<UIView> view, std::size_t index)
     index = std::min(index, m_subviews.size());
     m_subviews.insert(m_subviews.begin() + static_cast<std::ptrdiff_t>(index), view);
     setNeedsLayout();
-    if (window())
+    if (isNew && window())
         view->tellMovedToWindow();
 }
 
 void UIView::tellMovedToWindow()
 {
     didMoveToWindow();
-    for (const auto& subview : m_subviews)
+    const auto subviews = m_subviews;
+    for (const auto& subview : subviews)
         subview->tellMovedToWindow();
+}
+
+void UIView::detach()
+{
+    m_layer->removeFromSuperlayer();
+    std::erase_if(m_superview->m_subviews, [this](const auto& subview) { return subview.get() == this; });
+    m_superview = nullptr;
 }
 
 void UIView::removeFromSuperview()
 {
     if (!m_superview)
         return;
-    endEditing();
     const std::shared_ptr<UIView> keepAlive = shared_from_this();
-    UIView& parent = *m_superview;
     const bool wasInWindow = window();
-    m_superview = nullptr;
-    m_layer->removeFromSuperlayer();
-    std::erase(parent.m_subviews, keepAlive);
+    if (wasInWindow) {
+        endEditing();
+        UIApplication::shared().cancelTouches(*this);
+    }
+    // Whoever was told of that may have taken the view away already.
+    if (!m_superview)
+        return;
+    detach();
     if (wasInWindow)
         tellMovedToWindow();
 }
@@ -240,6 +257,23 @@ void UIView::addGestureRecognizer(std::shared_ptr<UIGestureRecognizer> recognize
 {
     recognizer->setView(this);
     m_gestureRecognizers.push_back(std::move(recognizer));
+}
+
+bool UIView::canBeUsed()
+{
+    for (const UIView* view = this; view; view = view->m_superview) {
+        if (view->isHidden() || !view->m_userInteractionEnabled)
+            return false;
+    }
+    return window();
+}
+
+bool UIView::hasGestureGoingOn() const
+{
+    return std::any_of(m_gestureRecognizers.begin(), m_gestureRecognizers.end(),
+               [](const auto& recognizer) { return recognizer->isActive(); })
+        || std::any_of(m_subviews.begin(), m_subviews.end(),
+            [](const auto& subview) { return subview->hasGestureGoingOn(); });
 }
 
 } // namespace velmorath

@@ -73,9 +73,11 @@ public:
     /// The view, or one that it is in, came into a window or left it.
     virtual void didMoveToWindow() { }
     bool isDescendantOf(const UIView&) const;
+    /// On top. One that is in this view already is raised, and stays in the window.
     void addSubview(std::shared_ptr<UIView>);
     /// An index beyond the end means on top.
     void insertSubview(std::shared_ptr<UIView>, std::size_t index);
+    /// Ends what is edited in it and takes the touches on it away: they go with the view.
     void removeFromSuperview();
     /// Makes whatever is typed into, in this view or below it, end. False when it refuses.
     bool endEditing();
@@ -105,6 +107,10 @@ public:
     {
         return m_gestureRecognizers;
     }
+    /// Whether one of the recognizers here, or in what is in it, follows its fingers just now.
+    bool hasGestureGoingOn() const;
+    /// Whether it is in a window and neither hidden nor closed to the user, nor in something that is.
+    bool canBeUsed();
     /// Whether keys can be pointed at this view.
     virtual bool canBecomeFocused() const { return false; }
     UIViewController* viewController() const { return m_viewController; }
@@ -117,8 +123,8 @@ public:
     const std::string& accessibilityLabel() const { return m_accessibilityLabel; }
     void setAccessibilityLabel(std::string label) { m_accessibilityLabel = std::move(label); }
 
-    /// Touches that begin here are not offered to the recognizers of the views around it.
-    virtual bool keepsTouchesToItself() const { return false; }
+    /// A gesture of one of its recognizers is over.
+    virtual void gestureEnded() { }
 
 protected:
     /// Draws what the view shows, over its background and below its subviews.
@@ -129,6 +135,8 @@ protected:
 private:
     void drawLayer(const CALayer&, CGContext& context) override { draw(context); }
     std::function<void(CGContext&)> keptLayerDrawing(const CALayer&) const override { return keptDrawing(); }
+    /// Out of the superview and out of its layer, and nothing else.
+    void detach();
     void tellMovedToWindow();
     CGAffineTransform toSuperview() const;
     void autoresize(CGSize superviewBefore, CGSize superviewNow);
