@@ -78,6 +78,16 @@ TEST_F(UITableViewTest, ARowUsedAgainShowsNothingOfItsPast)
     host.advance(0.5);
     host.wheel({100, 100}, -1200);
     host.advance(0.1);
+    // What comes into sight while a note is typed gives way like the others, until the typing ends.
+    for (const auto& cell : rows()) {
+        EXPECT_EQ(cell->alpha(), cell->label->isEditing() ? 1 : 0.3);
+        EXPECT_EQ(cell->transform(), CGAffineTransform::translation(0, -180));
+    }
+    type("three");
+    host.wheel({100, 100}, 1200);
+    host.advance(1);
+    host.wheel({100, 100}, -1200);
+    host.advance(0.1);
     for (const auto& cell : rows()) {
         EXPECT_EQ(cell->alpha(), 1);
         EXPECT_EQ(cell->transform(), CGAffineTransform::identity());

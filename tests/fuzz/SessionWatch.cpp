@@ -1,0 +1,446 @@
+#include "SessionWatch.h"
+#include "Bundle.h"
+#include "CATimeline.h"
+#include "KeyedArchiver.h"
+#include "KeyedUnarchiver.h"
+#include "Main.h"
+#include "RowLook.h"
+#include "Settings.h"
+#include "UIApplication.h"
+#include "UserDefaults.h"
+#include "VistaNoteViewController.h"
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+namespace velmorath {
+
+namespace {
+
+constexpr const char* themes[] = {"Red", "Green", "Violet", "Blue", "Yellow", "Mixed", "Black"};
+
+std::string archivePath(HeadlessHost& host)
+{
+    return *host.files().documentDirectory() + "/noteSalvate.archive";
+}
+
+bool isEmpty(const ToDoItem2& note)
+{
+    return !note.text || note.text->empty();
+}
+
+/// The row that this view is, or is in.
+std::shared_ptr<TableViewCell> rowAround(UIView* view)
+{
+    for (; view; view = view->superview()) {
+        if (dynamic_cast<TableViewCell*>(view))
+            return std::static_pointer_cast<TableViewCell>(view->shared_from_this());
+    }
+    return nullptr;
+}
+
+std::shared_ptr<ToDoItem2> noteAround(UIView* view)
+{
+    const auto row = rowAround(view);
+    return row ? row->toDoItem() : nullptr;
+}
+
+bool areEqual(const std::vector<std::shared_ptr<ToDoItem2>>& notes,
+    const std::vector<std::shared_ptr<ToDoItem2>>& others)
+{
+    return std::equal(
+        notes.begin(), notes.end(), others.begin(), others.end(), [](const auto& a, const auto& b) {
+            return a->text == b->text && a->data == b->data && a->completed == b->completed;
+        });
+}
+
+void collect(const AccessibilityElement& around, std::vector<AccessibilityElement>& found)
+{
+    found.push_back(around);
+    for (const AccessibilityElement& child : around.children)
+        collect(child, found);
+}
+
+} // namespace
+
+SessionWatch::SessionWatch()
+    : m_tells(std::getenv("VELMORATH_TELL"))
+{
+    forgetMemory();
+}
+
+SessionWatch::~SessionWatch()
+{
+    host.quit();
+    forgetMemory();
+}
+
+void SessionWatch::forgetMemory()
+{
+    UserDefaults::standard().reset();
+    Bundle::main().reset();
+    CATimeline::main().reset();
+}
+
+void SessionWatch::require(bool isTrue, const std::string& what) const
+{
+    if (isTrue)
+        return;
+    std::fprintf(stderr, "After \"%s\": %s\n", m_step.c_str(), what.c_str());
+    std::abort();
+}
+
+void SessionWatch::putNotes(std::size_t count, bool badge, std::size_t theme)
+{
+    UserDefaults& defaults = UserDefaults::standard();
+    SettingsDictionary settings = defaultSettings(themes[theme]);
+    settings.insert_or_assign("appIconBadge", badge ? "true" : "false");
+    defaults.setObject(settingsKey, settings);
+    defaults.setBool("HasLaunchedOnce", true);
+    defaults.setObject("primoAvvioApp7", "No");
+    defaults.setObject("nuovaNota", "No");
+    defaults.synchronize();
+    Notes notes;
+    for (std::size_t i = 0; i < count; ++i) {
+        notes.push_back(std::make_shared<ToDoItem2>());
+        notes.back()->text =
+            "note " + std::to_string(i) + (i % 5 == 4 ? " with a text longer than any row" : "");
+        notes.back()->completed = i % 3 == 2;
+        if (i % 4 != 3)
+            notes.back()->data = "Nov 20, 2026";
+    }
+    KeyedArchiver::archiveRootObject(notes, archivePath(host), [](bool) {});
+}
+
+void SessionWatch::launch()
+{
+    velmorath::main(0, nullptr);
+    host.advance(0.1);
+    m_known.clear();
+    for (const auto& note : list().arrayNote)
+        m_known[note] = {note->text, note->completed};
+    m_underFingers.clear();
+    m_swiped.clear();
+    m_leftAside.clear();
+    m_datesEdited.clear();
+    m_wasPinching = m_pinchWasTakenAway = false;
+    m_tree = {};
+    checkBadge();
+}
+
+void SessionWatch::start()
+{
+    launch();
+    // The sample note of a first start reaches the file with the next change.
+    m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+}
+
+ViewController& SessionWatch::list() const
+{
+    return static_cast<ViewController&>(*UIApplication::shared().keyWindow()->rootViewController());
+}
+
+std::vector<std::shared_ptr<TableViewCell>> SessionWatch::rows() const
+{
+    std::vector<std::shared_ptr<TableViewCell>> found;
+    for (const auto& view : table().subviews()) {
+        if (auto row = std::dynamic_pointer_cast<TableViewCell>(view))
+            found.push_back(std::move(row));
+    }
+    return found;
+}
+
+SessionWatch::Notes SessionWatch::savedNotes(HeadlessHost& host)
+{
+    Notes notes;
+    const Result<std::string> bytes = host.files().read(archivePath(host));
+    if (!bytes)
+        return notes;
+    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+    if (!root || !root->array())
+        return notes;
+    for (const ArchivedValue& element : *root->array())
+        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
+    return notes;
+}
+
+void SessionWatch::act(const char* name, const std::function<void()>& action)
+{
+    m_step = name;
+    if (m_tells)
+        std::fprintf(stderr, "%s\n", name);
+    auto* const edited = dynamic_cast<UIView*>(UIResponder::current());
+    m_typed = noteAround(edited);
+    if (m_typed && rowAround(edited)->labelData.get() == edited)
+        m_datesEdited.insert(m_typed);
+    if (const auto detail =
+            std::dynamic_pointer_cast<VistaNoteViewController>(list().presentedViewController()))
+        m_inDetail = detail->arrayNotePortato.empty()
+            ? nullptr
+            : detail->arrayNotePortato.at(
+                std::min<std::size_t>(static_cast<std::size_t>(*detail->indirizzoNotaDaVisualizzare),
+                    detail->arrayNotePortato.size() - 1));
+    action();
+    compareNotes();
+    watchGestures(m_step == "lift");
+    m_targets.clear();
+}
+
+void SessionWatch::noteWrites()
+{
+    for (const std::string& line : host.console().lines()) {
+        if (line == "Success writing to file!")
+            m_isInFile = true;
+        else if (line == "Unable to write to file!")
+            m_isInFile = false;
+    }
+    host.console().clear();
+}
+
+void SessionWatch::compareNotes()
+{
+    const std::vector<std::string>& lines = host.console().lines();
+    auto added = std::count(lines.begin(), lines.end(), "toDoItemAddedAtIndex");
+    noteWrites();
+    std::size_t removed = 0;
+    const Notes& now = list().arrayNote;
+    for (const auto& note : now) {
+        const auto known = m_known.find(note);
+        if (known == m_known.end()) {
+            require(added > 0, "a note is there that nothing added");
+            --added;
+            continue;
+        }
+        const bool mayBeEdited = note == m_typed || note == m_inDetail;
+        require(known->second.text == note->text || mayBeEdited, "the text of another note changed");
+        require(known->second.completed == note->completed || m_targets.contains(note),
+            "another note was completed or reopened");
+    }
+    for (const auto& [note, known] : m_known) {
+        if (std::find(now.begin(), now.end(), note) != now.end())
+            continue;
+        ++removed;
+        const bool wasEmptied = isEmpty(*note) && (note == m_typed || m_targets.contains(note));
+        require(wasEmptied || m_targets.contains(note) || note == m_inDetail,
+            "the note \"" + note->text.value_or("") + "\" is gone, and nothing deleted it");
+    }
+    require(removed <= 1, "more than one note is gone");
+    m_known.clear();
+    for (const auto& note : now)
+        m_known[note] = {note->text, note->completed};
+}
+
+void SessionWatch::watchGestures(bool isLift)
+{
+    const bool isPinching = list().pinchRecognizer->isActive();
+    if (isPinching || m_wasPinching)
+        m_pinchWasTakenAway = !isPinching && !isLift;
+    m_wasPinching = isPinching;
+
+    std::set<const TableViewCell*> existing;
+    for (const auto& row : rows()) {
+        existing.insert(row.get());
+        if (row->hasGestureGoingOn()) {
+            m_swiped[row.get()] |= list().tastieraAttiva;
+            m_leftAside.erase(row.get());
+            continue;
+        }
+        const auto swiped = m_swiped.find(row.get());
+        if (swiped != m_swiped.end()) {
+            if (!isLift || swiped->second)
+                m_leftAside.insert(row.get());
+            m_swiped.erase(swiped);
+        }
+    }
+    std::erase_if(m_leftAside, [&](const auto* row) { return !existing.contains(row); });
+    std::erase_if(m_swiped, [&](const auto& entry) { return !existing.contains(entry.first); });
+}
+
+void SessionWatch::touch(Fingers& fingers, const std::vector<HostTouch>& touches)
+{
+    std::vector<HostTouch> known;
+    const char* name = "move";
+    for (HostTouch touch : touches) {
+        const auto finger = fingers.find(touch.identifier);
+        if (touch.phase == HostTouch::Phase::began) {
+            if (finger != fingers.end())
+                continue;
+            name = "finger";
+            fingers[touch.identifier] = touch.location;
+            UIWindow& window = *UIApplication::shared().keyWindow();
+            m_underFingers[touch.identifier] = noteAround(window.hitTest(touch.location).get());
+        } else if (finger == fingers.end()) {
+            continue;
+        } else if (touch.phase == HostTouch::Phase::moved) {
+            finger->second = touch.location;
+        } else {
+            name = touch.phase == HostTouch::Phase::ended ? "lift" : "cancel";
+            touch.location = finger->second;
+            fingers.erase(finger);
+        }
+        known.push_back(touch);
+    }
+    if (known.empty())
+        return;
+    for (const HostTouch& touch : known) {
+        if (touch.phase == HostTouch::Phase::ended)
+            m_targets.insert(m_underFingers[touch.identifier]);
+    }
+    if (m_tells)
+        std::fprintf(stderr, "%d at %g %g: ", static_cast<int>(known[0].identifier), known[0].location.x,
+            known[0].location.y);
+    act(name, [&] { host.touch(known); });
+}
+
+void SessionWatch::press(const HostKeyPress& key)
+{
+    if (m_tells)
+        std::fprintf(stderr, "%d ", static_cast<int>(key.key));
+    m_targets.insert(noteAround(UIApplication::shared().focusSystem().focusedView().get()));
+    act("key", [&] { host.client().keyPressed(key); });
+}
+
+void SessionWatch::useReader(bool readsFirst, std::size_t kind, std::size_t element, std::size_t action)
+{
+    if (readsFirst)
+        act("read", [&] { m_tree = host.client().accessibilityTree(); });
+    std::vector<AccessibilityElement> all;
+    collect(m_tree, all);
+    const AccessibilityElement& chosen = all[element % all.size()];
+    if (m_tells)
+        std::fprintf(stderr, "%s %zu ", chosen.label.c_str(), action);
+    for (const auto& [note, known] : m_known) {
+        if (known.text.value_or("") == chosen.label || (isEmpty(*note) && chosen.label == "Empty note"))
+            m_targets.insert(note);
+    }
+    if (kind == 0)
+        act("reader presses", [&] { host.client().pressElement(chosen.identifier); });
+    else if (kind == 1)
+        act("reader acts", [&] { host.client().performElementAction(chosen.identifier, action); });
+    else
+        act("reader focuses", [&] { host.client().focusElement(chosen.identifier); });
+}
+
+void SessionWatch::advance(double seconds)
+{
+    if (m_tells)
+        std::fprintf(stderr, "%g ", seconds);
+    act("advance", [&] { host.advance(seconds); });
+}
+
+void SessionWatch::setDiskFails(bool fails)
+{
+    host.files().setFault(
+        [fails](HeadlessFiles::Operation operation, const std::string&) -> std::optional<Error> {
+            if (fails && operation != HeadlessFiles::Operation::read)
+                return Error{"the disk is full"};
+            return {};
+        });
+}
+
+void SessionWatch::restart(Fingers& fingers)
+{
+    act("quit", [&] {
+        // The records outlive the program, with what was still being typed.
+        Notes kept = list().arrayNote;
+        host.quit();
+        noteWrites();
+        std::erase_if(kept, [](const auto& note) { return isEmpty(*note); });
+        forgetMemory();
+        launch();
+        require(
+            !m_isInFile || areEqual(list().arrayNote, kept), "a note was lost or changed between two starts");
+        m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+    });
+    fingers.clear();
+}
+
+void SessionWatch::comeToRest(Fingers& fingers)
+{
+    while (!fingers.empty())
+        touch(fingers, {{fingers.begin()->first, HostTouch::Phase::ended, {}}});
+    act("active", [&] { host.client().stateChanged(HostState::active); });
+    act("return", [&] { host.textInput().pressReturn(); });
+    if (list().presentedViewController())
+        act("end typing", [&] { UIApplication::shared().keyWindow()->endEditing(); });
+    advance(3);
+    m_step += " (at rest)";
+    const int frames = host.framesPrepared();
+    host.advance(0.3);
+    require(host.framesPrepared() == frames, "frames are asked for at rest");
+    for (const auto& note : list().arrayNote)
+        require(!isEmpty(*note), "an empty note is in the list");
+    checkFile();
+    if (list().presentedViewController())
+        return;
+    checkRows();
+    act("open", [&] { list().Info(); });
+    advance(1);
+    press({HostKey::escape});
+    advance(1);
+    require(!list().presentedViewController(), "a screen does not close");
+    checkBadge();
+}
+
+void SessionWatch::checkFile()
+{
+    require(!m_isInFile || areEqual(savedNotes(host), list().arrayNote), "the file is not the list");
+}
+
+void SessionWatch::checkBadge()
+{
+    if (list().appIconBadge != "true")
+        return;
+    const auto open = std::count_if(
+        list().arrayNote.begin(), list().arrayNote.end(), [](const auto& note) { return !note->completed; });
+    require(host.effects().badge() == open, "the badge is not the count of open notes");
+}
+
+void SessionWatch::checkRows()
+{
+    const Notes& notes = list().arrayNote;
+    const CGRect sight = table().bounds();
+    require(sight.origin.y
+            == std::clamp(sight.origin.y, 0.0,
+                std::max(0.0, static_cast<CGFloat>(notes.size()) * 60 - sight.size.height)),
+        "the list is pulled past its end");
+    std::set<std::int64_t> shown;
+    for (const auto& row : rows()) {
+        if (row == list().placeHolderCell) {
+            require(m_pinchWasTakenAway, "the placeholder is still there");
+            continue;
+        }
+        const std::optional<std::int64_t> place = table().placeOf(*row);
+        require(place && *place < static_cast<std::int64_t>(notes.size()), "a row is there that is nobody's");
+        shown.insert(*place);
+        const auto& note = notes[static_cast<std::size_t>(*place)];
+        const std::string name = "row " + std::to_string(*place) + " ";
+        require(row->toDoItem() == note, name + "shows another note");
+        require(row->label->text() == note->text.value_or("")
+                && row->labelData->text() == note->data.value_or(""),
+            name + "shows another text");
+        require(row->label->strikeThrough() == note->completed
+                && row->itemCompleteLayer->isHidden() != note->completed,
+            name + "is not shown as it is completed");
+        // One that was swiped when the gesture was taken away stays aside until the next one.
+        const bool isAside = m_leftAside.contains(row.get());
+        require(row->frame().size.width == sight.size.width && row->frame().size.height == 60,
+            name + "has the wrong size");
+        require(isAside || row->center().x == sight.size.width / 2, name + "is aside");
+        require(row->center().y == static_cast<CGFloat>(*place) * 60 + 30, name + "is not in its place");
+        require(
+            m_pinchWasTakenAway || row->transform() == CGAffineTransform::identity(), name + "is moved away");
+        require(
+            row->alpha() == 1 && !row->isHidden() && row->isUserInteractionEnabled(), name + "is not opaque");
+        const double ramp = rowRamp(*place, notes.size());
+        require(row->backgroundColor() == themeColor(list().theme, std::isnan(ramp) ? 0 : ramp),
+            name + "has another colour");
+    }
+    for (std::int64_t place = 0; place < static_cast<std::int64_t>(notes.size()); ++place) {
+        const CGFloat top = static_cast<CGFloat>(place) * 60;
+        const bool isInSight = top < sight.maxY() && top + 60 > sight.minY();
+        require(!isInSight || shown.contains(place), "row " + std::to_string(place) + " is not there");
+    }
+}
+
+} // namespace velmorath

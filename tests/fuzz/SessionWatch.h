@@ -1,0 +1,88 @@
+#pragma once
+
+#include "HeadlessHost.h"
+#include "ToDoItem2.h"
+#include "UITouch.h"
+#include "ViewController.h"
+#include <map>
+#include <set>
+#include <string>
+
+namespace velmorath {
+
+/// Where each finger is that is down.
+using Fingers = std::map<std::int64_t, CGPoint>;
+
+/// The program on the headless host, watched: each step is compared with the one before, and when everything
+/// has come to rest the screen, the file and the badge with the list. What must not be ends the process with
+/// a line that says it.
+class SessionWatch {
+public:
+    SessionWatch();
+    ~SessionWatch();
+
+    /// A list and options of an earlier day, before the start. Every third note is completed.
+    void putNotes(std::size_t count, bool badge, std::size_t theme);
+    void start();
+
+    /// Fingers that are not down move and leave nowhere.
+    void touch(Fingers&, const std::vector<HostTouch>&);
+    void press(const HostKeyPress&);
+    /// Chooses an element of what is on the screen, or was when it was read last, and presses it, does one of
+    /// its actions or points keys at it.
+    void useReader(bool readsFirst, std::size_t kind, std::size_t element, std::size_t action);
+    void advance(double seconds);
+    /// Anything else that happens.
+    void act(const char* name, const std::function<void()>&);
+    void setDiskFails(bool);
+    /// The program ends, and starts again over the same files.
+    void restart(Fingers&);
+    /// Lifts the fingers, ends the typing, lets three seconds pass, and looks at everything.
+    void comeToRest(Fingers&);
+
+    HeadlessHost host{VELMORATH_RESOURCES};
+
+private:
+    struct Known {
+        std::optional<std::string> text;
+        bool completed;
+    };
+    using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
+
+    ViewController& list() const;
+    UITableView& table() const { return *list().tableView.lock(); }
+    std::vector<std::shared_ptr<TableViewCell>> rows() const;
+    static Notes savedNotes(HeadlessHost&);
+
+    void launch();
+    void forgetMemory();
+    /// Whether what was written last got there.
+    void noteWrites();
+    void compareNotes();
+    void watchGestures(bool isLift);
+    void checkRows();
+    void checkFile();
+    void checkBadge();
+    void require(bool, const std::string& what) const;
+
+    /// What the list was after the last step.
+    std::map<std::shared_ptr<ToDoItem2>, Known> m_known;
+    /// The notes that the current step may complete or delete, and those whose text it may change.
+    std::set<std::shared_ptr<ToDoItem2>> m_targets;
+    std::shared_ptr<ToDoItem2> m_typed;
+    std::shared_ptr<ToDoItem2> m_inDetail;
+    std::map<std::int64_t, std::shared_ptr<ToDoItem2>> m_underFingers;
+    /// Rows that a swipe was going on in, with whether a text was typed meanwhile, and those that one left
+    /// aside because it was taken away or did not count.
+    std::map<const TableViewCell*, bool> m_swiped;
+    std::set<const TableViewCell*> m_leftAside;
+    std::set<std::shared_ptr<ToDoItem2>> m_datesEdited;
+    bool m_wasPinching = false;
+    bool m_pinchWasTakenAway = false;
+    bool m_isInFile = true;
+    AccessibilityElement m_tree;
+    std::string m_step;
+    bool m_tells;
+};
+
+} // namespace velmorath
