@@ -1,20 +1,48 @@
+#include "KeyedArchiver.h"
 #include "KeyedUnarchiver.h"
+#include "ManyNotes.h"
 #include <cstdint>
 #include <cstdlib>
 
 using namespace velmorath;
 
+namespace {
+
+// Nothing where the program would not take what was read for its list.
+std::optional<Notes> read(std::string_view bytes)
+{
+    auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
+    // An error says on one line what is wrong.
+    if (!root
+        && (root.error().description.empty() || root.error().description.find('\n') != std::string::npos))
+        std::abort();
+    if (!root || !root->array())
+        return {};
+    Notes notes;
+    for (auto& element : *root->array()) {
+        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
+        if (!notes.back())
+            return {};
+    }
+    return notes;
+}
+
+} // namespace
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    KeyedUnarchiver::setClass("_TtC9Velmorath9ToDoItem2", [](KeyedUnarchiver& unarchiver) {
-        unarchiver.decodeString("text");
-        unarchiver.decodeString("data");
-        unarchiver.decodeBool("completed");
-        return std::make_shared<Object>();
-    });
-    auto value = KeyedUnarchiver::unarchiveTopLevelObject({reinterpret_cast<const char*>(data), size});
-    // An error says what is wrong.
-    if (!value && value.error().description.empty())
+    ToDoItem2::enterInUnarchiver();
+    auto notes = read({reinterpret_cast<const char*>(data), size});
+    if (!notes)
+        return 0;
+    // What could be read is saved, and read again, and the same.
+    auto again = read(KeyedArchiver::archivedData(*notes));
+    if (!again || again->size() != notes->size())
         std::abort();
+    for (std::size_t i = 0; i < notes->size(); ++i) {
+        bool isFirst = (*notes)[i] == notes->front();
+        if (*(*again)[i] != *(*notes)[i] || ((*again)[i] == again->front()) != isFirst)
+            std::abort();
+    }
     return 0;
 }

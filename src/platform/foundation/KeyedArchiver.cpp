@@ -19,7 +19,7 @@ KeyedArchiver::KeyedArchiver(std::size_t recordCount)
     , m_classKey(m_writer.addString("$class"))
 {
     // Room for records with a text of usual length.
-    m_writer.reserve(recordCount * 4, recordCount * 128);
+    m_writer.reserve(recordCount * 5, recordCount * 128);
     m_objects.reserve(recordCount * 2);
     m_elements.reserve(recordCount);
     addObject(m_writer.addString("$null"));

@@ -218,7 +218,14 @@ ArchivedValue KeyedUnarchiver::decodeOther(const Plist::Object& record)
 BinaryPropertyListReader::Object KeyedUnarchiver::className(const Plist::Object& record)
 {
     auto uid = entry(record, "$class");
-    return uid.kind == Kind::uid ? entry(objectAt(uid), "$classname") : Plist::Object();
+    if (uid.kind != Kind::uid)
+        return {};
+    // Mostly the same one as last time.
+    if (uid.integer != m_classUID) {
+        m_classUID = uid.integer;
+        m_className = entry(objectAt(uid), "$classname");
+    }
+    return m_className;
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& record, std::string_view name)

@@ -59,6 +59,8 @@ private:
     Plist::Object m_objects;
     Plist::Object m_record;
     std::vector<Key> m_keys;
+    std::int64_t m_classUID = -1;
+    Plist::Object m_className;
     /// For each archived object: not met yet, being decoded, or where its value is.
     std::vector<std::uint32_t> m_places;
     std::deque<ArchivedValue> m_values;

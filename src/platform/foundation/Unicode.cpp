@@ -67,16 +67,11 @@ bool isASCII(std::string_view bytes)
 char32_t takeCharacter(std::string_view& utf8)
 {
     auto first = byteAt(utf8, 0);
-    std::size_t length = first < 0x80 ? 1
-        : first < 0xC2                ? 0
-        : first < 0xE0                ? 2
-        : first < 0xF0                ? 3
-        : first < 0xF5                ? 4
-                                      : 0;
-    if (length < 2) {
+    if (first < 0xC2 || first > 0xF4) {
         utf8.remove_prefix(1);
-        return length == 1 ? first : replacementCharacter;
+        return first < 0x80 ? first : replacementCharacter;
     }
+    std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
     char32_t character = first & (0x7Fu >> length);
     std::size_t taken = 1;
     for (; taken < length && taken < utf8.size(); ++taken) {
