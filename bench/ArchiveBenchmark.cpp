@@ -8,7 +8,6 @@
 #include "ManyNotes.h"
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <malloc.h>
 #include <unistd.h>
 
 namespace velmorath {
@@ -93,10 +92,9 @@ void load(benchmark::State& state)
         if (!root || root->array()->size() != notes.size())
             state.SkipWithError("cannot load");
         size = bytes->size();
-        // The program keeps its list, and reads it when it has nothing else yet.
+        // The program keeps its list.
         state.PauseTiming();
         root = ArchivedValue();
-        malloc_trim(0);
         state.ResumeTiming();
     }
     countBytes(state, size);
