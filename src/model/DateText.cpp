@@ -9,7 +9,8 @@ std::string ottieniData()
 {
     print("viewcontroller   -----   ottieniData");
     DateFormatter formatter;
-    formatter.setTimeZone("UTC");
+    if (const auto zone = TimeZone::named("UTC"))
+        formatter.setTimeZone(*zone);
     const std::string nuovaData = formatter.string(Host::current().clock().wallTime());
     print("👍👍👍👍👍👍 Local Time nuovaData : " + nuovaData);
     print(nuovaData);

@@ -21,7 +21,7 @@ std::any pictureNamed(const std::string& name, std::string_view description)
 
 std::shared_ptr<UIImage> makeHighlightImage()
 {
-    std::shared_ptr<UIImage> image = UIImage::filled({1, 1}, UIColor::black());
+    std::shared_ptr<UIImage> image = UIImage::blackPixel();
     if (!image)
         fatalError("The picture behind the pressed button cannot be made");
     return image;

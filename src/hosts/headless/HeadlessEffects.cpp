@@ -12,10 +12,9 @@ bool HeadlessEffects::openAddress(const std::string& address)
     return true;
 }
 
-void HeadlessEffects::requestNotificationPermission(
-    bool badge, bool sound, bool alert, std::function<void(bool)> answer)
+void HeadlessEffects::requestNotificationPermission(std::function<void(bool)> answer)
 {
-    m_permissionsAsked.push_back({badge, sound, alert});
+    ++m_permissionsAsked;
     answer(true);
 }
 

@@ -10,20 +10,13 @@ namespace velmorath {
 /// Keeps what would have reached the user.
 class HeadlessEffects : public Effects {
 public:
-    struct Permission {
-        bool badge;
-        bool sound;
-        bool alert;
-    };
-
     void playSound(const std::string& path) override { m_felt.push_back(path.substr(path.rfind('/') + 1)); }
     void vibrate() override { m_felt.emplace_back("vibration"); }
     void setBadge(long long number) override { m_badge = number; }
     bool openAddress(const std::string& address) override;
     bool canSendMail() override { return m_canSendMail; }
     Device device() override { return m_device; }
-    void requestNotificationPermission(
-        bool badge, bool sound, bool alert, std::function<void(bool)> answer) override;
+    void requestNotificationPermission(std::function<void(bool)> answer) override;
 
     /// File names of sounds and the word "vibration", in order.
     const std::vector<std::string>& felt() const { return m_felt; }
@@ -35,7 +28,8 @@ public:
     void setCanSendMail(bool can) { m_canSendMail = can; }
     void setDevice(Device device) { m_device = std::move(device); }
     const std::vector<std::string>& openedAddresses() const { return m_openedAddresses; }
-    const std::vector<Permission>& permissionsAsked() const { return m_permissionsAsked; }
+    /// How many times.
+    int permissionsAsked() const { return m_permissionsAsked; }
 
 private:
     std::vector<std::string> m_felt;
@@ -44,7 +38,7 @@ private:
     bool m_canSendMail = true;
     Device m_device{"Phone", "Test phone", "Headless", "1.0", false};
     std::vector<std::string> m_openedAddresses;
-    std::vector<Permission> m_permissionsAsked;
+    int m_permissionsAsked = 0;
 };
 
 } // namespace velmorath

@@ -4,7 +4,7 @@
 
 namespace velmorath {
 
-std::string HeadlessLocale::mediumDate(double wallTime, std::string_view)
+std::string HeadlessLocale::mediumDate(double wallTime)
 {
     static const char* const months[] = {
         "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};

@@ -4,11 +4,11 @@
 
 namespace velmorath {
 
-/// A user whose languages the test chooses. Dates are written in English, in UTC whatever the zone.
+/// A user whose languages the test chooses. Dates are written in English.
 class HeadlessLocale : public Locale {
 public:
     std::vector<std::string> preferredLanguages() override { return m_languages; }
-    std::string mediumDate(double wallTime, std::string_view timeZone) override;
+    std::string mediumDate(double wallTime) override;
 
     void setPreferredLanguages(std::vector<std::string> languages) { m_languages = std::move(languages); }
 

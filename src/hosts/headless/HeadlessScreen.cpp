@@ -36,13 +36,12 @@ CGTextMetrics HeadlessScreen::measure(std::string_view utf8, const CGFont& font,
 std::shared_ptr<CGImage> HeadlessScreen::decodeImage(std::string_view bytes)
 {
     const bool isPicture = bytes.starts_with("\x89PNG") || bytes.starts_with("\xFF\xD8");
-    return isPicture ? std::make_shared<HeadlessImage>(CGSize{72, 72}, CGColor{0, 0, 0, 0}, bytes.size())
-                     : nullptr;
-}
-
-std::shared_ptr<CGImage> HeadlessScreen::makeBitmap(CGSize pixels, const CGColor& color)
-{
-    return m_makesBitmaps ? std::make_shared<HeadlessImage>(pixels, color) : nullptr;
+    if (!isPicture || !m_decodesImages)
+        return nullptr;
+    constexpr std::size_t longestPixel = 100;
+    if (bytes.size() < longestPixel)
+        return std::make_shared<HeadlessImage>(CGSize{1, 1}, CGColor::gray(0));
+    return std::make_shared<HeadlessImage>(CGSize{72, 72}, CGColor{0, 0, 0, 0}, bytes.size());
 }
 
 } // namespace velmorath

@@ -10,21 +10,20 @@ namespace velmorath {
 class HeadlessScreen : public Screen {
 public:
     CGSize size() const override { return m_size; }
-    CGFloat scale() const override { return 2; }
     void requestFrame() override { m_frameRequested = true; }
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
-    /// A PNG's or JPEG's first bytes are all that is looked at; every picture is 72 pixels square.
+    /// A PNG's or JPEG's first bytes are all that is looked at; every picture is 72 pixels square, but one
+    /// that is hardly longer than these bytes is a black pixel.
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
-    std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) override;
 
     void setSize(CGSize size) { m_size = size; }
-    void setMakesBitmaps(bool makes) { m_makesBitmaps = makes; }
+    void setDecodesImages(bool decodes) { m_decodesImages = decodes; }
     bool isFrameRequested() const { return m_frameRequested; }
     void takeFrameRequest() { m_frameRequested = false; }
 
 private:
     CGSize m_size{375, 667};
-    bool m_makesBitmaps = true;
+    bool m_decodesImages = true;
     bool m_frameRequested = false;
 };
 

@@ -4,6 +4,15 @@
 
 namespace velmorath {
 
+int indexOf(const QAccessibleInterface* child, const QAccessibleInterface& parent)
+{
+    for (int index = 0; index < parent.childCount(); ++index) {
+        if (parent.child(index) == child)
+            return index;
+    }
+    return -1;
+}
+
 AccessibleElement::AccessibleElement(AccessibleMirror& mirror, std::int64_t identifier)
     : m_mirror(mirror)
     , m_identifier(identifier)
@@ -57,11 +66,7 @@ QAccessibleInterface* AccessibleElement::childAt(int x, int y) const
 
 int AccessibleElement::indexOfChild(const QAccessibleInterface* wanted) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        if (child(index) == wanted)
-            return index;
-    }
-    return -1;
+    return indexOf(wanted, *this);
 }
 
 QString AccessibleElement::text(QAccessible::Text kind) const

@@ -7,6 +7,9 @@ namespace velmorath {
 
 class AccessibleMirror;
 
+/// The place of a child among those of its parent, -1 when it is none of them.
+int indexOf(const QAccessibleInterface* child, const QAccessibleInterface& parent);
+
 /// One element of the screen as screen readers know it. Not valid any more when the element has gone.
 class AccessibleElement final : public QAccessibleInterface,
                                 public QAccessibleActionInterface,

@@ -1,4 +1,5 @@
 #include "AccessibleScreen.h"
+#include "AccessibleElement.h"
 #include "ScreenWidget.h"
 
 namespace velmorath {
@@ -37,11 +38,7 @@ QAccessibleInterface* AccessibleScreen::child(int index) const
 
 int AccessibleScreen::indexOfChild(const QAccessibleInterface* wanted) const
 {
-    for (int index = 0; index < childCount(); ++index) {
-        if (child(index) == wanted)
-            return index;
-    }
-    return -1;
+    return indexOf(wanted, *this);
 }
 
 QAccessibleInterface* AccessibleScreen::focusChild() const

@@ -1,6 +1,7 @@
 #include "Editor.h"
 #include <QGuiApplication>
 #include <QInputMethod>
+#include <QInputMethodEvent>
 
 namespace velmorath {
 
@@ -21,6 +22,14 @@ void Editor::textMayHaveChanged()
         return;
     m_knownText = now;
     m_client->textInputDidChange(now.toStdString());
+}
+
+void Editor::inputMethodSaid(const QInputMethodEvent& event, const std::function<void()>& tell)
+{
+    // Set first: committing part of a text changes it while the rest is unfinished still.
+    m_unfinished = event.preeditString();
+    tell();
+    textMayHaveChanged();
 }
 
 void Editor::didReturn()

@@ -2,9 +2,11 @@
 
 #include "TextInput.h"
 #include <QString>
+#include <functional>
 
-class QWidget;
+class QInputMethodEvent;
 class QRect;
+class QWidget;
 
 namespace velmorath {
 
@@ -38,9 +40,15 @@ protected:
     /// What the client knows without being told.
     void setKnownText(const QString& text) { m_knownText = text; }
 
+    /// An input method said something: `tell` lets Qt's editor hear it.
+    void inputMethodSaid(const QInputMethodEvent&, const std::function<void()>& tell);
+    /// What an input method has not finished yet; it stands at the caret.
+    const QString& unfinished() const { return m_unfinished; }
+
 private:
     TextInputClient* m_client;
     QString m_knownText;
+    QString m_unfinished;
 };
 
 } // namespace velmorath

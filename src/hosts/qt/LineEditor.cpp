@@ -28,7 +28,7 @@ QRect LineEditor::geometryOver(const QRect& frame) const
 
 QString LineEditor::text() const
 {
-    return QLineEdit::text().insert(cursorPosition(), m_unfinished);
+    return QLineEdit::text().insert(cursorPosition(), unfinished());
 }
 
 void LineEditor::removeLineBreaks(const QString& edited)
@@ -58,10 +58,7 @@ void LineEditor::keyPressEvent(QKeyEvent* event)
 
 void LineEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    // Set first: committing part of a text changes it while the rest is unfinished still.
-    m_unfinished = event->preeditString();
-    QLineEdit::inputMethodEvent(event);
-    textMayHaveChanged();
+    inputMethodSaid(*event, [&] { QLineEdit::inputMethodEvent(event); });
 }
 
 } // namespace velmorath

@@ -22,7 +22,6 @@ protected:
 private:
     void removeLineBreaks(const QString& edited);
 
-    QString m_unfinished;
     bool m_doneKey;
 };
 

@@ -5,7 +5,7 @@
 
 namespace velmorath {
 
-/// Colours are clamped here and nowhere else.
+/// Components are clamped: a colour of ours may lie outside of what can be shown.
 inline QColor toQColor(const CGColor& color)
 {
     const auto component = [](CGFloat value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };

@@ -156,7 +156,7 @@ Device QtEffects::device()
     return device;
 }
 
-void QtEffects::requestNotificationPermission(bool, bool, bool, std::function<void(bool granted)> answer)
+void QtEffects::requestNotificationPermission(std::function<void(bool granted)> answer)
 {
     answer(true);
 }

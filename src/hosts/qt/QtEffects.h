@@ -25,8 +25,7 @@ public:
     bool openAddress(const std::string& address) override;
     bool canSendMail() override;
     Device device() override;
-    void requestNotificationPermission(
-        bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) override;
+    void requestNotificationPermission(std::function<void(bool granted)> answer) override;
 
 private:
     void inBackground(std::function<void()>);

@@ -1,6 +1,7 @@
 #include "QtHost.h"
 #include "AccessibleScreen.h"
 #include "EndSignals.h"
+#include "QtImage.h"
 #include <QApplication>
 #include <QIcon>
 #include <QWindow>
@@ -53,7 +54,8 @@ QtHost::QtHost(const ProgramFolders& folders)
 {
     AccessibleScreen::install();
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
-    m_widget.setWindowIcon(QIcon(QString::fromStdString(folders.resources + "/icons/velmorath-64.png")));
+    if (const auto icon = m_files.read(folders.resources + "/icons/velmorath-64.png"))
+        m_widget.setWindowIcon(QPixmap::fromImage(QtImage::decoded(*icon)));
     QObject::connect(qApp, &QGuiApplication::applicationStateChanged, &m_widget, [this] { updateState(); });
     // What a log-out finds here must be saved; it may be called off, or be none: the program goes on until
     // the desktop closes its window.

@@ -2,6 +2,7 @@
 
 #include "CGImage.h"
 #include <QImage>
+#include <string_view>
 
 namespace velmorath {
 
@@ -12,6 +13,9 @@ public:
         : m_image(image.convertToFormat(QImage::Format_ARGB32_Premultiplied))
     {
     }
+
+    /// PNG or JPEG; the null image when the bytes are neither.
+    static QImage decoded(std::string_view bytes);
 
     const QImage& image() const { return m_image; }
     CGSize pixelSize() const override

@@ -41,32 +41,19 @@ std::vector<std::string> QtLocale::preferredLanguages()
     return languages;
 }
 
-std::string QtLocale::mediumDate(double wallTime, std::string_view timeZone)
-{
-    if (!m_format || timeZone != m_timeZone)
-        setTimeZone(timeZone);
-    if (!m_format)
-        return {};
-    icu::UnicodeString text;
-    m_format->format(wallTime * 1000, text);
-    std::string utf8;
-    return text.toUTF8String(utf8);
-}
-
-void QtLocale::setTimeZone(std::string_view timeZone)
+std::string QtLocale::mediumDate(double wallTime)
 {
     if (!m_format) {
         m_format.reset(
             icu::DateFormat::createDateInstance(icu::DateFormat::kMedium, knownLocale(localeOfDates())));
         if (!m_format)
-            return;
+            return {};
+        m_format->setTimeZone(*icu::TimeZone::getGMT());
     }
-    m_timeZone = timeZone;
-    std::unique_ptr<icu::TimeZone> zone(
-        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(m_timeZone)));
-    if (*zone == icu::TimeZone::getUnknown())
-        zone.reset(icu::TimeZone::createDefault());
-    m_format->adoptTimeZone(zone.release());
+    icu::UnicodeString text;
+    m_format->format(wallTime * 1000, text);
+    std::string utf8;
+    return text.toUTF8String(utf8);
 }
 
 } // namespace velmorath

@@ -10,13 +10,10 @@ namespace velmorath {
 class QtLocale final : public Locale {
 public:
     std::vector<std::string> preferredLanguages() override;
-    std::string mediumDate(double wallTime, std::string_view timeZone) override;
+    std::string mediumDate(double wallTime) override;
 
 private:
-    void setTimeZone(std::string_view);
-
     std::unique_ptr<icu::DateFormat> m_format;
-    std::string m_timeZone;
 };
 
 } // namespace velmorath

@@ -1,8 +1,5 @@
 #include "QtScreen.h"
-#include "QtColor.h"
 #include "QtImage.h"
-#include <QBuffer>
-#include <QImageReader>
 
 namespace velmorath {
 
@@ -21,25 +18,8 @@ CGTextMetrics QtScreen::measure(std::string_view utf8, const CGFont& font, CGFlo
 
 std::shared_ptr<CGImage> QtScreen::decodeImage(std::string_view bytes)
 {
-    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&data);
-    QImageReader reader(&buffer);
-    const QByteArray format = reader.format();
-    if (format != "png" && format != "jpeg")
-        return nullptr;
-    reader.setAutoTransform(true);
-    const QImage image = reader.read();
+    const QImage image = QtImage::decoded(bytes);
     return image.isNull() ? nullptr : std::make_shared<QtImage>(image);
-}
-
-std::shared_ptr<CGImage> QtScreen::makeBitmap(CGSize pixels, const CGColor& color)
-{
-    QImage image(
-        static_cast<int>(pixels.width), static_cast<int>(pixels.height), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull())
-        return nullptr;
-    image.fill(toQColor(color));
-    return std::make_shared<QtImage>(image);
 }
 
 } // namespace velmorath

@@ -14,11 +14,9 @@ public:
     }
 
     CGSize size() const override;
-    CGFloat scale() const override { return m_widget.devicePixelRatioF(); }
     void requestFrame() override { m_widget.requestFrame(); }
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
-    std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) override;
 
 private:
     ScreenWidget& m_widget;

@@ -33,7 +33,7 @@ QString TextEditor::text() const
     QString text = document()->toRawText();
     text.chop(
         text.endsWith(QChar::ParagraphSeparator) && text.size() == document()->characterCount() ? 1 : 0);
-    text.insert(textCursor().position(), m_unfinished);
+    text.insert(textCursor().position(), unfinished());
     for (QChar& character : text) {
         if (character == QChar::ParagraphSeparator || character == QChar::LineSeparator)
             character = QLatin1Char('\n');
@@ -51,10 +51,7 @@ void TextEditor::keyPressEvent(QKeyEvent* event)
 
 void TextEditor::inputMethodEvent(QInputMethodEvent* event)
 {
-    // Set first: committing part of a text changes it while the rest is unfinished still.
-    m_unfinished = event->preeditString();
-    QTextEdit::inputMethodEvent(event);
-    textMayHaveChanged();
+    inputMethodSaid(*event, [&] { QTextEdit::inputMethodEvent(event); });
 }
 
 } // namespace velmorath

@@ -17,9 +17,6 @@ public:
 protected:
     void keyPressEvent(QKeyEvent*) override;
     void inputMethodEvent(QInputMethodEvent*) override;
-
-private:
-    QString m_unfinished;
 };
 
 } // namespace velmorath

@@ -29,8 +29,6 @@ void pageMeasure(const char* text, std::size_t length, const char* family, std::
     double size, bool bold, double wrapWidth, double* result);
 /// A number for the picture, and its size in pixels into `size`; 0 when the bytes are none.
 int pageDecodeImage(const char* bytes, std::size_t length, double* size);
-/// Colour components from 0 to 1.
-int pageMakeImage(double width, double height, double red, double green, double blue, double alpha);
 void pageReleaseImage(int image);
 
 /// The text's colour as in CommandBuffer. Alignments are those of CGTextAlignment, in their order.
@@ -51,7 +49,7 @@ void pageSetFileAside(const char* path, std::size_t length);
 
 /// Language tags with a line break between them.
 std::size_t pageLanguages();
-std::size_t pageMediumDate(double wallTime, const char* timeZone, std::size_t length);
+std::size_t pageMediumDate(double wallTime);
 
 void pagePlaySound(const char* path, std::size_t length);
 void pageVibrate();

@@ -34,7 +34,7 @@ Device WebEffects::device()
         std::move(texts[0]), std::move(texts[1]), std::move(texts[2]), std::move(texts[3]), pageIsTablet()};
 }
 
-void WebEffects::requestNotificationPermission(bool, bool, bool, std::function<void(bool granted)> answer)
+void WebEffects::requestNotificationPermission(std::function<void(bool granted)> answer)
 {
     m_answer = std::move(answer);
     pageRequestPermission();

@@ -13,8 +13,7 @@ public:
     /// A browser does not tell whether anything takes such addresses: it asks its user.
     bool canSendMail() override { return true; }
     Device device() override;
-    void requestNotificationPermission(
-        bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) override;
+    void requestNotificationPermission(std::function<void(bool granted)> answer) override;
 
     /// What the user answered.
     void permissionAnswered(bool granted);

@@ -10,9 +10,9 @@ std::vector<std::string> WebLocale::preferredLanguages()
     return splitLines(IncomingBytes::take(pageLanguages()));
 }
 
-std::string WebLocale::mediumDate(double wallTime, std::string_view timeZone)
+std::string WebLocale::mediumDate(double wallTime)
 {
-    return IncomingBytes::take(pageMediumDate(wallTime, timeZone.data(), timeZone.size()));
+    return IncomingBytes::take(pageMediumDate(wallTime));
 }
 
 } // namespace velmorath

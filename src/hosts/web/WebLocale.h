@@ -7,7 +7,7 @@ namespace velmorath {
 class WebLocale final : public Locale {
 public:
     std::vector<std::string> preferredLanguages() override;
-    std::string mediumDate(double wallTime, std::string_view timeZone) override;
+    std::string mediumDate(double wallTime) override;
 };
 
 } // namespace velmorath

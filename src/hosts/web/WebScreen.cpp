@@ -11,11 +11,6 @@ CGSize WebScreen::size() const
     return {std::max(1.0, pageWidth()), std::max(1.0, pageHeight())};
 }
 
-CGFloat WebScreen::scale() const
-{
-    return pageScale();
-}
-
 void WebScreen::requestFrame()
 {
     pageRequestFrame();
@@ -36,13 +31,6 @@ std::shared_ptr<CGImage> WebScreen::decodeImage(std::string_view bytes)
     return number > 0 ? std::make_shared<WebImage>(number, CGSize{size[0], size[1]}) : nullptr;
 }
 
-std::shared_ptr<CGImage> WebScreen::makeBitmap(CGSize pixels, const CGColor& color)
-{
-    const int number =
-        pageMakeImage(pixels.width, pixels.height, color.red, color.green, color.blue, color.alpha);
-    return number > 0 ? std::make_shared<WebImage>(number, pixels) : nullptr;
-}
-
 void WebScreen::makeFrame(HostClient& client, bool everything)
 {
     const CGRect damage = client.prepareFrame();
@@ -51,7 +39,7 @@ void WebScreen::makeFrame(HostClient& client, bool everything)
         return;
     m_commands.clear();
     {
-        WebContext context(m_commands, scale(), area);
+        WebContext context(m_commands, pageScale(), area);
         client.draw(context, area);
     }
     pagePaint(m_commands.words().data(), m_commands.words().size());

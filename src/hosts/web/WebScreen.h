@@ -10,11 +10,9 @@ namespace velmorath {
 class WebScreen final : public Screen {
 public:
     CGSize size() const override;
-    CGFloat scale() const override;
     void requestFrame() override;
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
-    std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) override;
 
     /// Lets the client prepare a frame and hands the page what changed, or everything.
     void makeFrame(HostClient&, bool everything);

@@ -42,10 +42,9 @@ public:
     /// The same for as long as the program runs.
     virtual Device device() = 0;
 
-    /// Asks for permission to use the badge, sounds and alerts. The answer may come at once or never;
-    /// a machine that does not ask grants it.
-    virtual void requestNotificationPermission(
-        bool badge, bool sound, bool alert, std::function<void(bool granted)> answer) = 0;
+    /// Asks for permission to get the user's attention: the badge, sounds and alerts. The answer may come
+    /// at once or never; a machine that does not ask grants it.
+    virtual void requestNotificationPermission(std::function<void(bool granted)> answer) = 0;
 };
 
 } // namespace velmorath

@@ -44,7 +44,7 @@ public:
     /// A key went down, or repeats, while no text is edited. False when it means nothing here.
     virtual bool keyPressed(const HostKeyPress&) = 0;
 
-    /// Size or scale changed: Screen has the new values already. A frame follows.
+    /// The size changed, or how many pixels a point has: Screen knows it already. A frame follows.
     virtual void screenChanged() = 0;
 
     /// Brings everything up to this frame's moment and says which part of the screen, in points, must

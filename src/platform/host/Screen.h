@@ -16,9 +16,6 @@ public:
     /// In points. Both sides are finite and at least 1.
     virtual CGSize size() const = 0;
 
-    /// Device pixels per point.
-    virtual CGFloat scale() const = 0;
-
     /// HostClient::prepareFrame() is called once, in time for the display's next frame. Asking again
     /// before that changes nothing. While the program cannot be seen the frame may wait.
     virtual void requestFrame() = 0;
@@ -29,10 +26,6 @@ public:
 
     /// PNG or JPEG; nothing when the bytes are no picture that the host can read.
     virtual std::shared_ptr<CGImage> decodeImage(std::string_view bytes) = 0;
-
-    /// A picture of whole pixels, at least one each way, all of one colour; nothing when the machine
-    /// cannot make it.
-    virtual std::shared_ptr<CGImage> makeBitmap(CGSize pixels, const CGColor&) = 0;
 };
 
 } // namespace velmorath

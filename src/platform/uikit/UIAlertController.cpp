@@ -1,5 +1,4 @@
 #include "UIAlertController.h"
-#include "Host.h"
 
 namespace velmorath {
 
@@ -8,16 +7,11 @@ namespace {
 constexpr CGFloat boxWidth = 270;
 constexpr CGFloat padding = 20;
 constexpr CGFloat buttonHeight = 48;
+constexpr CGFloat hairline = 0.5;
 const CGColor boxColor = CGColor::gray(0.16);
 const CGColor lineColor = CGColor::gray(0.35);
 const CGColor standardColor{0.35, 0.68, 1, 1};
 const CGColor destructiveColor{1, 0.35, 0.32, 1};
-
-/// As thin as the screen can show.
-CGFloat hairlineWidth()
-{
-    return 1 / Host::current().screen().scale();
-}
 
 std::shared_ptr<UIView> line(const CGRect& frame)
 {
@@ -87,7 +81,6 @@ bool UIAlertController::escapePressed()
 
 void UIAlertController::layOutBox(UIView& box)
 {
-    const CGFloat hairline = hairlineWidth();
     CGFloat y = addText(box, m_title, UIFont::boldSystemFont(17), padding, true);
     if (m_message)
         y = addText(box, *m_message, UIFont::systemFont(14), y + 6, false);

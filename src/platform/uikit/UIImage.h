@@ -1,6 +1,5 @@
 #pragma once
 
-#include "CGColor.h"
 #include "CGImage.h"
 #include <memory>
 #include <string>
@@ -15,9 +14,8 @@ public:
     /// `scale` is how many of its pixels make a point.
     static std::shared_ptr<UIImage> named(std::string_view name, std::string_view type, CGFloat scale);
 
-    /// A picture of this many points, a pixel each, all of one colour; nothing when the
-    /// machine cannot make it.
-    static std::shared_ptr<UIImage> filled(CGSize, const CGColor&);
+    /// A picture of one black pixel, a point in size; nothing when the machine cannot make it.
+    static std::shared_ptr<UIImage> blackPixel();
 
     UIImage(std::shared_ptr<CGImage> image, CGFloat scale)
         : m_image(std::move(image))

@@ -15,7 +15,8 @@ class UNUserNotificationCenter {
 public:
     static UNUserNotificationCenter current() { return {}; }
 
-    /// Asks the user, where the machine asks. The answer comes later, or never.
+    /// Asks the user, where the machine asks: machines know one permission for all of the options. The
+    /// answer comes later, or never.
     void requestAuthorization(unsigned options, std::function<void(bool granted)> completion);
 };
 

@@ -71,7 +71,8 @@ TEST_F(EditorPlace, TextDoesNotMoveWhenItsEditingStarts)
     const CGRect moved = CGRectMake(20.5, 100.5, 200, 160);
     const std::string longText = "one two three four five six seven eight nine ten\n\neleven \u00e9 twelve";
     std::vector<Case> cases;
-    const bool pointsAreWholePixels = host.screen().scale() == std::floor(host.screen().scale());
+    const bool pointsAreWholePixels =
+        host.widget().devicePixelRatioF() == std::floor(host.widget().devicePixelRatioF());
     for (const CGRect& where : {even, odd, moved}) {
         // Where a point is not whole pixels, a row that slides past may be off by a part of a pixel.
         if (where == moved && !pointsAreWholePixels)
@@ -122,7 +123,7 @@ TEST_F(EditorPlace, ShowsOnlyWhatIsInsideTheClipAndFades)
     begin("HHHHHHHHHH");
     QApplication::focusWidget()->clearFocus();
     const auto brightest = [this](const QRect& points) {
-        const double scale = host.screen().scale();
+        const double scale = host.widget().devicePixelRatioF();
         const QImage image = grab();
         int level = 0;
         for (int y = int(points.top() * scale); y < points.bottom() * scale; ++y) {

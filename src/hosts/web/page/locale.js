@@ -4,27 +4,20 @@ export function languages() {
 }
 
 let format = null;
-let formatZone = null;
 
-/** An unknown zone means the machine's own, and languages can be malformed. */
-function dateFormat(timeZone) {
-    const dateStyle = "medium";
-    for (const [tags, zone] of [[languages(), timeZone], [languages(), undefined]]) {
-        try {
-            return new Intl.DateTimeFormat(tags, { dateStyle, timeZone: zone });
-        } catch {
-            // The next one is simpler.
-        }
+/** Browsers know no customs of their own for dates: they follow the languages, which can be malformed. */
+function dateFormat() {
+    const options = { dateStyle: "medium", timeZone: "UTC" };
+    try {
+        return new Intl.DateTimeFormat(languages(), options);
+    } catch {
+        return new Intl.DateTimeFormat(undefined, options);
     }
-    return new Intl.DateTimeFormat(undefined, { dateStyle });
 }
 
-/** The day on which a moment (seconds since 1970 UTC) falls in a time zone. */
-export function mediumDate(seconds, timeZone) {
-    if (timeZone !== formatZone) {
-        format = dateFormat(timeZone);
-        formatZone = timeZone;
-    }
+/** The day on which a moment (seconds since 1970 UTC) falls in UTC. */
+export function mediumDate(seconds) {
+    format ??= dateFormat();
     const date = new Date(seconds * 1000);
     return Number.isNaN(date.getTime()) ? "" : format.format(date);
 }

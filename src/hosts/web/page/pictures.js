@@ -49,22 +49,6 @@ export class Pictures {
         return { number, ...size };
     }
 
-    /** A picture of one colour, components from 0 to 1; 0 when it is too large. */
-    make(width, height, ...components) {
-        const canvas = document.createElement("canvas");
-        canvas.width = width;
-        canvas.height = height;
-        const context = canvas.getContext("2d");
-        if (!context) {
-            return 0;
-        }
-        const [red, green, blue, alpha] = components.map((component) => Math.min(Math.max(component, 0), 1));
-        context.fillStyle = `rgba(${red * 255}, ${green * 255}, ${blue * 255}, ${alpha})`;
-        context.fillRect(0, 0, width, height);
-        this.#bitmaps.set(++this.#lastNumber, canvas);
-        return this.#lastNumber;
-    }
-
     release(number) {
         this.#bitmaps.get(number)?.close?.();
         this.#bitmaps.delete(number);

@@ -157,7 +157,6 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
             }
             return picture?.number ?? 0;
         },
-        pageMakeImage: (...values) => pictures.make(...values),
         pageReleaseImage: (number) => pictures.release(number),
 
         pageBeginEditing(start, length, label, labelLength, family, familyLength, size, bold, color, alignment,
@@ -191,7 +190,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageSetFileAside: (start, length) => files.setAside(text(start, length)),
 
         pageLanguages: () => program.sendText(locale.languages().join("\n")),
-        pageMediumDate: (time, zone, length) => program.sendText(locale.mediumDate(time, text(zone, length))),
+        pageMediumDate: (time) => program.sendText(locale.mediumDate(time)),
 
         pagePlaySound: (start, length) => effects.playSound(text(start, length)),
         pageVibrate: () => effects.vibrate(),
