@@ -25,6 +25,23 @@ bool isFinger(const QMouseEvent& event)
     return event.button() == Qt::LeftButton && event.source() == Qt::MouseEventNotSynthesized;
 }
 
+CGPoint toCGPoint(QPointF point)
+{
+    return {point.x(), point.y()};
+}
+
+HostTouch::Phase phase(QEventPoint::State state)
+{
+    switch (state) {
+    case QEventPoint::Pressed:
+        return HostTouch::Phase::began;
+    case QEventPoint::Released:
+        return HostTouch::Phase::ended;
+    default:
+        return HostTouch::Phase::moved;
+    }
+}
+
 /// Nothing for keys that mean nothing outside a text.
 std::optional<HostKey> hostKey(const QKeyEvent& event)
 {
@@ -74,7 +91,7 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
 ScreenWidget::ScreenWidget(const Clock& clock)
     : m_clock(clock)
     , m_mirror(*this)
-    , m_input([this](const std::vector<HostTouch>& touches) {
+    , m_fingers([this](const std::vector<HostTouch>& touches) {
         if (m_client)
             m_client->touchesChanged(touches, m_clock.now());
     })
@@ -186,7 +203,7 @@ void ScreenWidget::focusInEvent(QFocusEvent* event)
 
 void ScreenWidget::hideEvent(QHideEvent*)
 {
-    m_input.cancel();
+    m_fingers.cancel();
 }
 
 bool ScreenWidget::eventFilter(QObject* object, QEvent* event)
@@ -209,13 +226,13 @@ bool ScreenWidget::event(QEvent* event)
     case QEvent::TouchEnd:
         return touchEvent(*static_cast<QTouchEvent*>(event));
     case QEvent::TouchCancel:
-        m_input.cancel();
+        m_fingers.cancel();
         return true;
     case QEvent::WindowDeactivate:
-        m_input.cancelButton();
+        m_fingers.cancelButton();
         break;
     case QEvent::NativeGesture:
-        m_input.pinch(*static_cast<QNativeGestureEvent*>(event));
+        pinchEvent(*static_cast<QNativeGestureEvent*>(event));
         return true;
     default:
         break;
@@ -236,19 +253,33 @@ bool ScreenWidget::touchEvent(QTouchEvent& event)
     if (event.deviceType() == QInputDevice::DeviceType::TouchPad)
         return false;
     // Qt makes a mouse of a finger that nobody takes: so the editor gets those that touch it.
-    if (event.type() == QEvent::TouchBegin && m_input.isEmpty() && isOverChild(event)) {
+    if (event.type() == QEvent::TouchBegin && m_fingers.isEmpty() && isOverChild(event)) {
         event.ignore();
         return true;
     }
     event.accept();
-    m_input.touch(event);
+    std::vector<HostTouch> changed;
+    for (const QEventPoint& point : event.points()) {
+        if (point.state() != QEventPoint::Stationary)
+            changed.push_back({point.id(), phase(point.state()), toCGPoint(point.position())});
+    }
+    m_fingers.touch(changed, event.device());
     return true;
+}
+
+void ScreenWidget::pinchEvent(const QNativeGestureEvent& event)
+{
+    if (event.gestureType() == Qt::ZoomNativeGesture)
+        m_fingers.pinch(toCGPoint(event.position()), 1 + event.value());
+    else if (event.gestureType() == Qt::EndNativeGesture)
+        m_fingers.pinchEnded();
 }
 
 void ScreenWidget::mousePressEvent(QMouseEvent* event)
 {
     if (isFinger(*event))
-        m_input.buttonPressed(event->position(), event->modifiers().testFlag(Qt::ControlModifier));
+        m_fingers.buttonPressed(
+            toCGPoint(event->position()), event->modifiers().testFlag(Qt::ControlModifier));
 }
 
 void ScreenWidget::mouseDoubleClickEvent(QMouseEvent* event)
@@ -259,13 +290,13 @@ void ScreenWidget::mouseDoubleClickEvent(QMouseEvent* event)
 void ScreenWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (event->source() == Qt::MouseEventNotSynthesized)
-        m_input.buttonMoved(event->position());
+        m_fingers.buttonMoved(toCGPoint(event->position()));
 }
 
 void ScreenWidget::mouseReleaseEvent(QMouseEvent* event)
 {
     if (isFinger(*event))
-        m_input.buttonReleased(event->position());
+        m_fingers.buttonReleased(toCGPoint(event->position()));
 }
 
 void ScreenWidget::keyPressEvent(QKeyEvent* event)

@@ -2,12 +2,14 @@
 
 #include "AccessibleMirror.h"
 #include "Clock.h"
+#include "Fingers.h"
 #include "HostClient.h"
 #include "ShadowCache.h"
 #include "TextCache.h"
-#include "TouchInput.h"
 #include <QTimer>
 #include <QWidget>
+
+class QNativeGestureEvent;
 
 namespace velmorath {
 
@@ -44,6 +46,7 @@ protected:
 
 private:
     bool touchEvent(QTouchEvent&);
+    void pinchEvent(const QNativeGestureEvent&);
     bool isOverChild(const QTouchEvent&) const;
     bool isInSight() const;
     bool displayPacesFrames() const;
@@ -56,7 +59,7 @@ private:
     AccessibleMirror m_mirror;
     TextCache m_texts;
     ShadowCache m_shadows;
-    TouchInput m_input;
+    Fingers m_fingers;
     QTimer m_frameTimer;
     double m_lastFrame = 0;
     double m_scale = 0;

@@ -1,5 +1,4 @@
 #include "IncomingBytes.h"
-#include <algorithm>
 #include <utility>
 
 namespace velmorath {
@@ -12,9 +11,7 @@ std::string s_bytes;
 
 char* IncomingBytes::makeRoom(std::size_t size)
 {
-    // Long enough to lie outside the object itself, aligned for numbers.
-    constexpr std::size_t smallestRoom = 64;
-    s_bytes.resize(std::max(size, smallestRoom));
+    s_bytes.resize(size);
     return s_bytes.data();
 }
 
@@ -22,11 +19,6 @@ std::string IncomingBytes::take(std::size_t size)
 {
     s_bytes.resize(size);
     return std::exchange(s_bytes, {});
-}
-
-const double* IncomingBytes::numbers()
-{
-    return reinterpret_cast<const double*>(s_bytes.data());
 }
 
 } // namespace velmorath

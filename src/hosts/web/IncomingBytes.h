@@ -10,9 +10,6 @@ class IncomingBytes {
 public:
     static char* makeRoom(std::size_t size);
     static std::string take(std::size_t size);
-
-    /// As numbers, which lie at the start of the room.
-    static const double* numbers();
 };
 
 } // namespace velmorath

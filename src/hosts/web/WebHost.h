@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Fingers.h"
 #include "Host.h"
 #include "WebClock.h"
 #include "WebConsole.h"
@@ -27,9 +28,18 @@ public:
 
     /// Only after run().
     HostClient& client() { return *m_client; }
+    /// For what the page reports of this moment.
+    Fingers& fingers(double time)
+    {
+        m_touchTime = time;
+        return m_fingers;
+    }
 
 private:
     HostClient* m_client = nullptr;
+    double m_touchTime = 0;
+    Fingers m_fingers{
+        [this](const std::vector<HostTouch>& touches) { m_client->touchesChanged(touches, m_touchTime); }};
     WebScreen m_screen;
     WebTextInput m_textInput;
     WebClock m_clock;

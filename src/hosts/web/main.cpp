@@ -36,16 +36,46 @@ extern "C" {
     velmorath::main(1, arguments);
 }
 
-/// The incoming bytes are numbers, four for each finger: identifier, phase, x, y.
-[[clang::export_name("touchesChanged")]] void touchesChanged(int count, double time)
+/// Phases are those of HostTouch, in their order; numbers are the browser's own.
+[[clang::export_name("touchChanged")]] void touchChanged(
+    int number, int phase, double x, double y, double time)
 {
-    std::vector<HostTouch> touches;
-    const double* numbers = IncomingBytes::numbers();
-    for (int i = 0; i < count; ++i, numbers += 4) {
-        touches.push_back({static_cast<std::int64_t>(numbers[0]),
-            static_cast<HostTouch::Phase>(static_cast<int>(numbers[1])), {numbers[2], numbers[3]}});
-    }
-    host().client().touchesChanged(touches, time);
+    host().fingers(time).touch({{number, static_cast<HostTouch::Phase>(phase), {x, y}}});
+}
+
+[[clang::export_name("buttonPressed")]] void buttonPressed(double x, double y, bool twoFingers, double time)
+{
+    host().fingers(time).buttonPressed({x, y}, twoFingers);
+}
+
+[[clang::export_name("buttonMoved")]] void buttonMoved(double x, double y, double time)
+{
+    host().fingers(time).buttonMoved({x, y});
+}
+
+[[clang::export_name("buttonReleased")]] void buttonReleased(double x, double y, double time)
+{
+    host().fingers(time).buttonReleased({x, y});
+}
+
+[[clang::export_name("buttonCancelled")]] void buttonCancelled(double time)
+{
+    host().fingers(time).cancelButton();
+}
+
+[[clang::export_name("pinched")]] void pinched(double x, double y, double factor, double time)
+{
+    host().fingers(time).pinch({x, y}, factor);
+}
+
+[[clang::export_name("pinchEnded")]] void pinchEnded(double time)
+{
+    host().fingers(time).pinchEnded();
+}
+
+[[clang::export_name("fingersCancelled")]] void fingersCancelled(double time)
+{
+    host().fingers(time).cancel();
 }
 
 [[clang::export_name("scrolled")]] void scrolled(double x, double y, double dx, double dy)

@@ -73,10 +73,7 @@ function connect(program, { screen, editor, mirror }) {
     screen.onFrameDone = () => mirror.refreshSoon();
     editor.onChange = (text) => program.call("textChanged", program.sendText(text));
     editor.onReturn = () => program.call("textReturned");
-    const pointer = new Pointer(stage, (fingers, seconds) => {
-        program.sendNumbers(fingers.flatMap(({ identifier, phase, x, y }) => [identifier, phase, x, y]));
-        program.call("touchesChanged", fingers.length, seconds);
-    }, (x, y, dx, dy) => program.call("scrolled", x, y, dx, dy));
+    const pointer = new Pointer(stage, (...call) => program.call(...call));
     const press = (...key) => {
         mirror.refreshSoon();
         return program.call("keyPressed", ...key);

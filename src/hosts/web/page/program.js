@@ -79,10 +79,6 @@ export class Program {
         return this.send(encoder.encode(text));
     }
 
-    sendNumbers(numbers) {
-        return this.send(new Uint8Array(new Float64Array(numbers).buffer));
-    }
-
     /** Valid until the program is called again. */
     bytes(start, length) {
         return new Uint8Array(this.#exports.memory.buffer, start, length);
