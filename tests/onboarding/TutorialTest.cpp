@@ -153,10 +153,10 @@ TEST_F(TutorialTest, WhatCannotBeIsFatal)
     strip->setFrame(CGRectMake(0, 0, 1e-3, 1));
     EXPECT_DEATH(strip->setContentOffset({1e17, 0}), "no number") << "more pages than there are numbers";
 
-    host.screen().setDecodesImages(false);
-    EXPECT_DEATH(made.initWithViews({}), "cannot be made");
     std::filesystem::remove(resources + "/pictures/2info.jpg");
     EXPECT_DEATH(presentTutorial(root(), *this), "2info.jpg is missing");
+    host.screen().setDecodesImages(false);
+    EXPECT_DEATH(made.initWithViews({}), "cannot be made");
 }
 
 } // namespace velmorath
