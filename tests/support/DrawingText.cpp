@@ -80,19 +80,11 @@ std::string line(const DrawingCommand& command, const CGRect& visible)
     std::string text = std::string(kinds[static_cast<std::size_t>(command.kind)]) + rectangle(command.rect);
     if (visible != command.rect)
         text += " | seen" + rectangle(visible);
-    if (command.alpha != 1)
-        text += " | alpha" + numbers({command.alpha});
+    if (command.imageAlpha != 1)
+        text += " | alpha" + numbers({command.imageAlpha});
     if (command.cornerRadius != 0)
         text += " | radius" + numbers({command.cornerRadius});
     return text + details(command);
-}
-
-bool isDrawn(const DrawingCommand& command)
-{
-    const bool hasColor =
-        command.kind != DrawingCommand::Kind::gradient && command.kind != DrawingCommand::Kind::image;
-    const bool isEmptyText = command.kind == DrawingCommand::Kind::text && command.text.empty();
-    return command.alpha > 0 && !isEmptyText && (!hasColor || command.color.alpha > 0);
 }
 
 std::string editor(const HeadlessTextInput& input)
@@ -112,7 +104,7 @@ std::vector<std::string> textOf(const DrawingRecorder& drawing, const HeadlessTe
     std::vector<std::string> lines;
     for (const DrawingCommand& command : drawing.commands()) {
         const CGRect visible = command.visible.intersected(screen);
-        if (isDrawn(command) && !visible.isEmpty())
+        if (!visible.isEmpty())
             lines.push_back(line(command, visible));
     }
     if (input.isEditing())

@@ -3,66 +3,54 @@
 
 namespace velmorath {
 
-void DrawingRecorder::restoreState()
+void DrawingRecorder::beginClip(const CGRect& rect, CGFloat)
 {
-    m_state = m_saved.back();
-    m_saved.pop_back();
-}
-
-void DrawingRecorder::concatenate(const CGAffineTransform& transform)
-{
-    m_state.transform = transform.concatenated(m_state.transform);
-}
-
-void DrawingRecorder::clip(const CGRect& rect, CGFloat)
-{
-    m_state.clip = m_state.clip.intersected(m_state.transform.apply(rect));
+    m_clips.push_back(m_clips.back().intersected(transform().apply(rect)));
 }
 
 DrawingCommand& DrawingRecorder::add(DrawingCommand::Kind kind, const CGRect& rect)
 {
     DrawingCommand command;
     command.kind = kind;
-    command.rect = m_state.transform.apply(rect);
-    command.visible = command.rect.intersected(m_state.clip);
-    command.alpha = m_state.alpha;
+    command.rect = transform().apply(rect);
+    command.visible = command.rect.intersected(m_clips.back());
     m_commands.push_back(command);
     return m_commands.back();
 }
 
-void DrawingRecorder::fill(const CGRect& rect, CGFloat cornerRadius, const CGColor& color)
+void DrawingRecorder::paintColor(const CGRect& rect, CGFloat cornerRadius, const CGColor& color)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::fill, rect);
     command.color = color;
     command.cornerRadius = cornerRadius;
 }
 
-void DrawingRecorder::fill(const CGRect& rect, CGFloat cornerRadius, const CGGradient& gradient)
+void DrawingRecorder::paintGradient(const CGRect& rect, CGFloat cornerRadius, const CGGradient& gradient)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::gradient, rect);
     command.gradient = gradient;
     command.cornerRadius = cornerRadius;
 }
 
-void DrawingRecorder::stroke(
+void DrawingRecorder::paintLine(
     const CGRect& rect, CGFloat cornerRadius, CGFloat lineWidth, const CGColor& color)
 {
-    DrawingCommand& command = add(DrawingCommand::Kind::stroke, rect);
-    command.lineWidth = lineWidth;
+    DrawingCommand& command = add(DrawingCommand::Kind::stroke, rect.insetBy(-lineWidth / 2, -lineWidth / 2));
     command.color = color;
     command.cornerRadius = cornerRadius;
+    command.lineWidth = lineWidth;
 }
 
-void DrawingRecorder::drawShadow(
+void DrawingRecorder::paintShadow(
     const CGRect& rect, CGFloat cornerRadius, const CGColor& color, CGVector offset, CGFloat blurRadius)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::shadow, rect.offsetBy(offset.dx, offset.dy));
-    command.blurRadius = blurRadius;
     command.color = color;
     command.cornerRadius = cornerRadius;
+    command.blurRadius = blurRadius;
 }
 
-void DrawingRecorder::drawText(std::string_view utf8, const CGRect& rect, const CGTextStyle& style)
+void DrawingRecorder::paintText(std::string_view utf8, const CGRect& rect, const CGTextStyle& style)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::text, rect);
     command.text = utf8;
@@ -70,10 +58,11 @@ void DrawingRecorder::drawText(std::string_view utf8, const CGRect& rect, const 
     command.color = style.color;
 }
 
-void DrawingRecorder::drawImage(const CGImage& image, const CGRect& rect)
+void DrawingRecorder::paintImage(const CGImage& image, const CGRect& rect, CGFloat alpha)
 {
     DrawingCommand& command = add(DrawingCommand::Kind::image, rect);
     command.imagePixels = image.pixelSize();
+    command.imageAlpha = alpha;
     if (const auto* known = dynamic_cast<const HeadlessImage*>(&image)) {
         command.color = known->color();
         command.imageBytes = known->byteCount();
@@ -84,7 +73,7 @@ std::vector<std::string> DrawingRecorder::texts() const
 {
     std::vector<std::string> found;
     for (const DrawingCommand& command : m_commands) {
-        if (command.kind == DrawingCommand::Kind::text && !command.visible.isEmpty() && command.alpha > 0)
+        if (command.kind == DrawingCommand::Kind::text && !command.visible.isEmpty())
             found.push_back(command.text);
     }
     return found;
@@ -103,8 +92,7 @@ CGColor DrawingRecorder::colorAt(CGPoint point) const
 {
     CGColor color{0, 0, 0, 0};
     for (const DrawingCommand& command : m_commands) {
-        const bool isOpaque =
-            command.kind == DrawingCommand::Kind::fill && command.color.alpha * command.alpha >= 1;
+        const bool isOpaque = command.kind == DrawingCommand::Kind::fill && command.color.alpha >= 1;
         if (isOpaque && command.visible.contains(point))
             color = command.color;
     }

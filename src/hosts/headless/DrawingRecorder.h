@@ -16,8 +16,8 @@ struct DrawingCommand {
     CGRect rect;
     /// What of it is inside the clip.
     CGRect visible;
+    /// With the opacity of all that it is in.
     CGColor color;
-    CGFloat alpha = 1;
     CGFloat cornerRadius = 0;
     /// Of a stroke.
     CGFloat lineWidth = 0;
@@ -29,24 +29,12 @@ struct DrawingCommand {
     /// Of a picture: its pixels, and the length of the file that it comes from.
     CGSize imagePixels;
     std::size_t imageBytes = 0;
+    CGFloat imageAlpha = 1;
 };
 
 /// Draws into a list that a test can ask about.
 class DrawingRecorder : public CGContext {
 public:
-    void saveState() override { m_saved.push_back(m_state); }
-    void restoreState() override;
-    void concatenate(const CGAffineTransform&) override;
-    void clip(const CGRect&, CGFloat cornerRadius) override;
-    void multiplyAlpha(CGFloat alpha) override { m_state.alpha *= alpha; }
-    void fill(const CGRect&, CGFloat cornerRadius, const CGColor&) override;
-    void fill(const CGRect&, CGFloat cornerRadius, const CGGradient&) override;
-    void stroke(const CGRect&, CGFloat cornerRadius, CGFloat lineWidth, const CGColor&) override;
-    void drawShadow(
-        const CGRect&, CGFloat cornerRadius, const CGColor&, CGVector offset, CGFloat blurRadius) override;
-    void drawText(std::string_view utf8, const CGRect&, const CGTextStyle&) override;
-    void drawImage(const CGImage&, const CGRect&) override;
-
     const std::vector<DrawingCommand>& commands() const& { return m_commands; }
     std::vector<DrawingCommand> commands() && { return std::move(m_commands); }
     /// The texts on the screen in the order of drawing: those that show at all.
@@ -57,16 +45,19 @@ public:
     CGColor colorAt(CGPoint) const;
 
 private:
-    struct State {
-        CGAffineTransform transform;
-        CGRect clip{{-1e9, -1e9}, {2e9, 2e9}};
-        CGFloat alpha = 1;
-    };
+    void beginClip(const CGRect&, CGFloat cornerRadius) override;
+    void endClip() override { m_clips.pop_back(); }
+    void paintColor(const CGRect&, CGFloat cornerRadius, const CGColor&) override;
+    void paintGradient(const CGRect&, CGFloat cornerRadius, const CGGradient&) override;
+    void paintLine(const CGRect&, CGFloat cornerRadius, CGFloat lineWidth, const CGColor&) override;
+    void paintShadow(
+        const CGRect&, CGFloat cornerRadius, const CGColor&, CGVector offset, CGFloat blurRadius) override;
+    void paintText(std::string_view utf8, const CGRect&, const CGTextStyle&) override;
+    void paintImage(const CGImage&, const CGRect&, CGFloat alpha) override;
 
     DrawingCommand& add(DrawingCommand::Kind, const CGRect&);
 
-    State m_state;
-    std::vector<State> m_saved;
+    std::vector<CGRect> m_clips{{{-1e9, -1e9}, {2e9, 2e9}}};
     std::vector<DrawingCommand> m_commands;
 };
 

@@ -14,125 +14,111 @@ QRectF toQRect(const CGRect& rect)
     return {rect.minX(), rect.minY(), rect.size.width, rect.size.height};
 }
 
+QColor toQColor(const CGColor& color)
+{
+    return {CGColor::toByte(color.red), CGColor::toByte(color.green), CGColor::toByte(color.blue),
+        CGColor::toByte(color.alpha)};
+}
+
 } // namespace
 
 QtContext::QtContext(QPainter& painter, TextCache& texts, ShadowCache& shadows)
     : m_painter(painter)
     , m_texts(texts)
     , m_shadows(shadows)
+    , m_toDevice(painter.transform())
 {
     m_painter.setPen(Qt::NoPen);
 }
 
-QColor QtContext::toQColor(const CGColor& color) const
+void QtContext::useTransform()
 {
-    return {CGColor::toByte(color.red), CGColor::toByte(color.green), CGColor::toByte(color.blue),
-        CGColor::toByte(std::min(color.alpha, 1.0) * m_alpha)};
+    const CGAffineTransform& t = transform();
+    if (m_used == t)
+        return;
+    m_used = t;
+    m_painter.setTransform(QTransform(t.a, t.b, t.c, t.d, t.tx, t.ty) * m_toDevice);
 }
 
-void QtContext::saveState()
+void QtContext::beginClip(const CGRect& rect, CGFloat cornerRadius)
 {
     m_painter.save();
-    m_savedAlphas.push_back(m_alpha);
-}
-
-void QtContext::restoreState()
-{
-    m_painter.restore();
-    m_alpha = m_savedAlphas.back();
-    m_savedAlphas.pop_back();
-}
-
-void QtContext::concatenate(const CGAffineTransform& t)
-{
-    m_painter.setTransform(QTransform(t.a, t.b, t.c, t.d, t.tx, t.ty), true);
-}
-
-void QtContext::clip(const CGRect& rect, CGFloat cornerRadius)
-{
-    const CGFloat radius = limitedRadius(rect, cornerRadius);
-    if (rect.isEmpty() || radius <= 0) {
-        m_painter.setClipRect(rect.isEmpty() ? QRectF() : toQRect(rect), Qt::IntersectClip);
+    useTransform();
+    if (cornerRadius <= 0) {
+        m_painter.setClipRect(toQRect(rect), Qt::IntersectClip);
         return;
     }
     QPainterPath path;
-    path.addRoundedRect(toQRect(rect), radius, radius);
+    path.addRoundedRect(toQRect(rect), cornerRadius, cornerRadius);
     m_painter.setRenderHint(QPainter::Antialiasing);
     m_painter.setClipPath(path, Qt::IntersectClip);
     m_painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void QtContext::multiplyAlpha(CGFloat alpha)
+void QtContext::endClip()
 {
-    m_alpha *= std::clamp(alpha, 0.0, 1.0);
+    m_painter.restore();
+    m_used.reset();
 }
 
-void QtContext::fill(const CGRect& rect, CGFloat cornerRadius, const QBrush& brush)
+void QtContext::paint(const CGRect& rect, CGFloat cornerRadius, const QBrush& brush)
 {
-    const CGFloat radius = limitedRadius(rect, cornerRadius);
-    if (radius <= 0 && m_painter.transform().type() <= QTransform::TxScale) {
+    useTransform();
+    if (cornerRadius <= 0 && transform().isUpright()) {
         // Edges on whole pixels: rows that touch leave no seam.
         m_painter.fillRect(toQRect(rect), brush);
         return;
     }
     m_painter.setRenderHint(QPainter::Antialiasing);
     m_painter.setBrush(brush);
-    m_painter.drawRoundedRect(toQRect(rect), radius, radius);
+    m_painter.drawRoundedRect(toQRect(rect), cornerRadius, cornerRadius);
     m_painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void QtContext::fill(const CGRect& rect, CGFloat cornerRadius, const CGColor& color)
+void QtContext::paintColor(const CGRect& rect, CGFloat cornerRadius, const CGColor& color)
 {
-    const QColor painted = toQColor(color);
-    if (!rect.isEmpty() && painted.alpha() > 0)
-        fill(rect, cornerRadius, QBrush(painted));
+    paint(rect, cornerRadius, toQColor(color));
 }
 
-void QtContext::fill(const CGRect& rect, CGFloat cornerRadius, const CGGradient& gradient)
+void QtContext::paintGradient(const CGRect& rect, CGFloat cornerRadius, const CGGradient& gradient)
 {
-    if (rect.isEmpty() || gradient.colors.empty())
-        return;
     QLinearGradient painted(0, rect.minY(), 0, rect.maxY());
     QGradientStops stops;
     stops.reserve(static_cast<qsizetype>(gradient.colors.size()));
     for (std::size_t i = 0; i < gradient.colors.size(); ++i)
-        stops.append({std::clamp(gradient.locations[i], 0.0, 1.0), toQColor(gradient.colors[i])});
+        stops.append({gradient.locations[i], toQColor(gradient.colors[i])});
     painted.setStops(stops);
-    fill(rect, cornerRadius, QBrush(painted));
+    paint(rect, cornerRadius, painted);
 }
 
-void QtContext::stroke(const CGRect& rect, CGFloat cornerRadius, CGFloat lineWidth, const CGColor& color)
+void QtContext::paintLine(const CGRect& rect, CGFloat cornerRadius, CGFloat lineWidth, const CGColor& color)
 {
-    if (rect.isEmpty() || lineWidth <= 0)
-        return;
-    const CGFloat radius = std::max(0.0, limitedRadius(rect, cornerRadius) - lineWidth / 2);
+    useTransform();
     m_painter.setRenderHint(QPainter::Antialiasing);
     m_painter.setBrush(Qt::NoBrush);
     m_painter.setPen(QPen(toQColor(color), lineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    m_painter.drawRoundedRect(toQRect(rect.insetBy(lineWidth / 2, lineWidth / 2)), radius, radius);
+    m_painter.drawRoundedRect(toQRect(rect), cornerRadius, cornerRadius);
     m_painter.setPen(Qt::NoPen);
     m_painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
-void QtContext::drawShadow(
+void QtContext::paintShadow(
     const CGRect& rect, CGFloat cornerRadius, const CGColor& color, CGVector offset, CGFloat blurRadius)
 {
-    const QColor painted = toQColor(color);
-    if (rect.isEmpty() || painted.alpha() == 0)
-        return;
     const CGRect moved = rect.offsetBy(offset.dx, offset.dy);
     const double scale = m_painter.device()->devicePixelRatioF();
     const int blur = qRound(blurRadius * scale);
     if (blur <= 0) {
-        fill(moved, cornerRadius, color);
+        paintColor(moved, cornerRadius, color);
         return;
     }
-    const int corner = qRound(limitedRadius(rect, cornerRadius) * scale);
+    useTransform();
+    const int corner = qRound(cornerRadius * scale);
     // A larger core looks the same but for its length, and comes from stretching the pixel in its middle.
     const int largestCore = 2 * (corner + blur) + 1;
     const int width = std::clamp(qRound(rect.size.width * scale), 1, largestCore);
     const int height = std::clamp(qRound(rect.size.height * scale), 1, largestCore);
-    const QImage& image = m_shadows.find({width, height, corner, blur, painted.rgba()});
+    const QImage& image = m_shadows.find({width, height, corner, blur, toQColor(color).rgba()});
 
     const QRectF target = toQRect(moved.insetBy(-blurRadius, -blurRadius));
     const auto split = [scale](int pixels, double start, double length, std::array<double, 4>& to,
@@ -155,26 +141,22 @@ void QtContext::drawShadow(
     }
 }
 
-void QtContext::drawText(std::string_view utf8, const CGRect& rect, const CGTextStyle& style)
+void QtContext::paintText(std::string_view utf8, const CGRect& rect, const CGTextStyle& style)
 {
-    const QColor color = toQColor(style.color);
-    if (utf8.empty() || rect.isEmpty() || color.alpha() == 0)
-        return;
-    m_painter.setPen(color);
+    useTransform();
+    m_painter.setPen(toQColor(style.color));
     m_texts.find(utf8, style, rect.size.width).draw(m_painter, rect);
     m_painter.setPen(Qt::NoPen);
 }
 
-void QtContext::drawImage(const CGImage& image, const CGRect& rect)
+void QtContext::paintImage(const CGImage& image, const CGRect& rect, CGFloat alpha)
 {
-    if (rect.isEmpty())
-        return;
-    const double opacity = m_painter.opacity();
-    m_painter.setOpacity(opacity * m_alpha);
+    useTransform();
+    m_painter.setOpacity(alpha);
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
     m_painter.drawImage(toQRect(rect), static_cast<const QtImage&>(image).image());
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
-    m_painter.setOpacity(opacity);
+    m_painter.setOpacity(1);
 }
 
 } // namespace velmorath

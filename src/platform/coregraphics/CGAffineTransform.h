@@ -17,6 +17,9 @@ struct CGAffineTransform {
     static CGAffineTransform translation(CGFloat tx, CGFloat ty) { return {1, 0, 0, 1, tx, ty}; }
     static CGAffineTransform scale(CGFloat sx, CGFloat sy) { return {sx, 0, 0, sy, 0, 0}; }
 
+    /// Upright rectangles stay upright.
+    bool isUpright() const { return b == 0 && c == 0; }
+
     /// First this transform, then the other.
     CGAffineTransform concatenated(const CGAffineTransform& then) const;
 
