@@ -35,7 +35,7 @@ TEST_F(VistaNoteViewControllerTest, ItSlidesInAndOutAndIsDeafMeanwhile)
     tapBesideWords(0);
     const auto first = presented();
     host.advance(0.1);
-    const CALayerGeometry shown = first->view()->layer().presented(host.clock().now());
+    const CALayerState shown = first->view()->layer().presented(host.clock().now());
     EXPECT_GT(shown.position.y, 268);
     EXPECT_LT(shown.position.y, 268 + 536);
     tapSave();

@@ -7,7 +7,7 @@ class DeleteTest : public ListTest {
 protected:
     CGFloat shownTop(const TableViewCell& cell)
     {
-        const CALayerGeometry shown = cell.layer().presented(host.clock().now());
+        const CALayerState shown = cell.layer().presented(host.clock().now());
         return shown.position.y - shown.bounds.size.height / 2;
     }
 };

@@ -46,7 +46,7 @@ TEST_F(ReorderTest, TheListChangesWhenTheRowIsLetGo)
     EXPECT_EQ(saved(), (Lines{"Three", "One", "Two", "Four"}));
     EXPECT_EQ(shown(), saved());
     host.advance(1);
-    EXPECT_FALSE(row(0).layer().shadowPath());
+    EXPECT_FALSE(row(0).layer().model().shadow);
 }
 
 TEST_F(ReorderTest, ADragThatIsTakenAwayPutsTheRowBack)

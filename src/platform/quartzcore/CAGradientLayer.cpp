@@ -8,10 +8,10 @@ void CAGradientLayer::setGradient(CGGradient gradient)
     setNeedsDisplay();
 }
 
-void CAGradientLayer::drawContent(CGContext& context, const CALayerGeometry& shown) const
+void CAGradientLayer::drawContent(CGContext& context, const CALayerState& shown) const
 {
     if (!m_gradient.colors.empty())
-        context.fill(shown.bounds, cornerRadius(), m_gradient);
+        context.fill(shown.bounds, shown.cornerRadius, m_gradient);
 }
 
 } // namespace velmorath

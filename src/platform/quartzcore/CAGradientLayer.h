@@ -11,7 +11,7 @@ public:
     void setGradient(CGGradient);
 
 protected:
-    void drawContent(CGContext&, const CALayerGeometry&) const override;
+    void drawContent(CGContext&, const CALayerState&) const override;
 
 private:
     CGGradient m_gradient;

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "CGAffineTransform.h"
-#include "CGColor.h"
+#include "CAAnimation.h"
+#include "CALayerState.h"
+#include "CATimeline.h"
 #include "CGContext.h"
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace velmorath {
@@ -32,19 +33,6 @@ struct CATransition {
     double duration = 0.25;
 };
 
-/// What of a layer can move: as it is set (the model), or as it is shown at a moment.
-struct CALayerGeometry {
-    CGRect bounds;
-    CGPoint position;
-    CGAffineTransform transform;
-    CGFloat opacity = 1;
-    CGColor backgroundColor{0, 0, 0, 0};
-    /// How much of the content shows, the rest being what it was before a transition.
-    CGFloat contentShare = 1;
-
-    bool operator==(const CALayerGeometry&) const = default;
-};
-
 /// A rectangle that draws: shadow, background, its own content, sublayers in order, border. Setters
 /// change the model at once; inside an animation block what is shown follows over time, from where it
 /// is shown now; setting what is set already changes nothing, a running animation included. A layer is owned
@@ -57,37 +45,35 @@ public:
     virtual ~CALayer();
     CALayer& operator=(const CALayer&) = delete;
 
+    /// As it is set.
+    const CALayerState& model() const { return m_model; }
     const CGRect& bounds() const { return m_model.bounds; }
-    void setBounds(const CGRect&);
-    /// The centre, in the superlayer's coordinates.
+    void setBounds(const CGRect& bounds) { move(&CALayerState::bounds, bounds); }
     CGPoint position() const { return m_model.position; }
-    void setPosition(CGPoint);
+    void setPosition(CGPoint position) { move(&CALayerState::position, position); }
     const CGAffineTransform& transform() const { return m_model.transform; }
-    void setTransform(const CGAffineTransform&);
+    void setTransform(const CGAffineTransform& transform) { move(&CALayerState::transform, transform); }
     /// Derived from position, bounds and transform. Setting it keeps the transform.
-    CGRect frame() const;
+    CGRect frame() const { return m_model.toSuperlayer().apply(m_model.bounds); }
     void setFrame(const CGRect&);
 
     CGFloat opacity() const { return m_model.opacity; }
-    void setOpacity(CGFloat);
+    void setOpacity(CGFloat opacity) { move(&CALayerState::opacity, opacity); }
     const CGColor& backgroundColor() const { return m_model.backgroundColor; }
-    void setBackgroundColor(const CGColor&);
+    void setBackgroundColor(const CGColor& color) { move(&CALayerState::backgroundColor, color); }
 
-    bool isHidden() const { return m_hidden; }
-    void setHidden(bool);
-    CGFloat cornerRadius() const { return m_cornerRadius; }
-    void setCornerRadius(CGFloat);
+    bool isHidden() const { return m_model.isHidden; }
+    void setHidden(bool hidden) { change(&CALayerState::isHidden, hidden); }
+    CGFloat cornerRadius() const { return m_model.cornerRadius; }
+    void setCornerRadius(CGFloat radius) { change(&CALayerState::cornerRadius, radius); }
     void setBorder(CGFloat width, const CGColor&);
     /// Sublayers are cut off at the bounds, corners included.
-    bool masksToBounds() const { return m_masksToBounds; }
-    void setMasksToBounds(bool);
-    /// The rectangle that casts the shadow, in the layer's coordinates; without one there is no shadow.
+    bool masksToBounds() const { return m_model.masksToBounds; }
+    void setMasksToBounds(bool masks) { change(&CALayerState::masksToBounds, masks); }
     void setShadow(const CGRect& path, const CGColor&, CGVector offset, CGFloat radius);
-    void removeShadow();
-    const std::optional<CGRect>& shadowPath() const { return m_shadowPath; }
+    void removeShadow() { change<std::optional<CAShadow>>(&CALayerState::shadow, std::nullopt); }
 
     const std::vector<std::shared_ptr<CALayer>>& sublayers() const { return m_sublayers; }
-    CALayer* superlayer() const { return m_superlayer; }
     void addSublayer(std::shared_ptr<CALayer>);
     /// An index beyond the end means the end. A layer that is somewhere else already moves.
     void insertSublayer(std::shared_ptr<CALayer>, std::size_t index);
@@ -102,52 +88,35 @@ public:
     void setNeedsDisplay();
 
     /// What is shown at a moment of the timeline.
-    CALayerGeometry presented(double time) const;
-    /// From the superlayer's coordinates to this layer's, as things are at that moment.
-    static CGAffineTransform toSuperlayer(const CALayerGeometry&);
+    CALayerState presented(double time) const;
+    /// Forgets what only counted before that moment.
+    void dropFinishedAnimations(double time);
 
-    /// Stands for this layer and the state of its own drawing, never reused.
+    /// Stands for this layer and the state of its content, never reused.
     std::uint64_t identity() const { return m_identity; }
     std::uint64_t version() const { return m_version; }
 
     /// Shadow, background and content, in the layer's coordinates.
-    void drawBehindSublayers(CGContext&, const CALayerGeometry&) const;
-    void drawBorder(CGContext&, const CALayerGeometry&) const;
-    /// What the above can reach, in the layer's coordinates.
-    CGRect drawnArea(const CALayerGeometry&) const;
+    void drawBehindSublayers(CGContext&, const CALayerState& shown) const;
 
 protected:
     /// For layers that fill themselves with more than a colour.
-    virtual void drawContent(CGContext&, const CALayerGeometry&) const { }
+    virtual void drawContent(CGContext&, const CALayerState&) const { }
 
 private:
-    using Value = std::array<CGFloat, 6>;
-    enum class Key { bounds, position, transform, opacity, backgroundColor, contentShare };
-    struct Animation {
-        Key key;
-        Value from;
-        double begin;
-        double duration;
-    };
+    using Animation = std::variant<CAAnimation<CGFloat>, CAAnimation<CGPoint>, CAAnimation<CGRect>,
+        CAAnimation<CGAffineTransform>, CAAnimation<CGColor>>;
 
-    static Value value(const CALayerGeometry&, Key);
-    static void setValue(CALayerGeometry&, Key, const Value&);
-    void change(Key, const CALayerGeometry& newModel);
-    template <typename T> void changeModel(Key, T CALayerGeometry::*part, const T& newValue);
+    /// Sets a part of the model, which shows at once.
+    template <typename T> void change(T CALayerState::*member, const T& value);
+    /// Sets a part of the model; what is shown follows as the timeline says.
+    template <typename T> void move(T CALayerState::*member, const T& value);
+    template <typename T> void removeAnimationsOf(T CALayerState::*member);
+    static void requestFrame();
     void drawOwnContent(CGContext&) const;
-    template <typename T> void changeLook(T& member, const T& value);
 
-    CALayerGeometry m_model;
+    CALayerState m_model;
     std::vector<Animation> m_animations;
-    bool m_hidden = false;
-    bool m_masksToBounds = false;
-    CGFloat m_cornerRadius = 0;
-    CGFloat m_borderWidth = 0;
-    CGColor m_borderColor;
-    std::optional<CGRect> m_shadowPath;
-    CGColor m_shadowColor;
-    CGVector m_shadowOffset;
-    CGFloat m_shadowRadius = 0;
     std::vector<std::shared_ptr<CALayer>> m_sublayers;
     CALayer* m_superlayer = nullptr;
     CALayerDelegate* m_delegate = nullptr;
@@ -155,5 +124,34 @@ private:
     std::uint64_t m_identity;
     std::uint64_t m_version = 0;
 };
+
+template <typename T> void CALayer::change(T CALayerState::*member, const T& value)
+{
+    if (m_model.*member == value)
+        return;
+    m_model.*member = value;
+    requestFrame();
+}
+
+template <typename T> void CALayer::move(T CALayerState::*member, const T& value)
+{
+    if (m_model.*member == value)
+        return;
+    const CATimeline& timeline = CATimeline::main();
+    const T shown = presented(timeline.frameTime()).*member;
+    removeAnimationsOf(member);
+    change(member, value);
+    const std::optional<CAAnimationTiming>& timing = timeline.animating();
+    if (timing && timing->duration > 0 && shown != value)
+        m_animations.push_back(CAAnimation<T>{member, shown, value, timing->begin, timing->duration});
+}
+
+template <typename T> void CALayer::removeAnimationsOf(T CALayerState::*member)
+{
+    std::erase_if(m_animations, [&](const Animation& animation) {
+        const auto* ofThisKind = std::get_if<CAAnimation<T>>(&animation);
+        return ofThisKind && ofThisKind->member == member;
+    });
+}
 
 } // namespace velmorath

@@ -3,36 +3,28 @@
 
 namespace velmorath {
 
-namespace {
-
-bool isInvisible(const CALayer& layer, const CALayerGeometry& shown)
-{
-    return layer.isHidden() || shown.opacity <= 0;
-}
-
-} // namespace
-
-void CARenderer::collect(const CALayer& layer, double time, const CGAffineTransform& parent, CGFloat opacity,
+void CARenderer::collect(CALayer& layer, double time, const CGAffineTransform& parent, CGFloat opacity,
     const CGRect& clip, Frame& frame)
 {
-    const CALayerGeometry shown = layer.presented(time);
-    if (isInvisible(layer, shown))
+    layer.dropFinishedAnimations(time);
+    const CALayerState shown = layer.presented(time);
+    if (!shown.isVisible())
         return;
-    const CGAffineTransform toScreen = CALayer::toSuperlayer(shown).concatenated(parent);
+    const CGAffineTransform toScreen = shown.toSuperlayer().concatenated(parent);
     const CGFloat totalOpacity = opacity * shown.opacity;
-    const CGRect area = toScreen.apply(layer.drawnArea(shown)).intersected(clip);
+    const CGRect area = toScreen.apply(shown.drawnArea()).intersected(clip);
     if (!area.isEmpty())
         frame.emplace(
             layer.identity(), Shown{layer.version(), shown, toScreen, totalOpacity, area, frame.size()});
 
-    const CGRect innerClip = layer.masksToBounds() ? clip.intersected(toScreen.apply(shown.bounds)) : clip;
+    const CGRect innerClip = shown.masksToBounds ? clip.intersected(toScreen.apply(shown.bounds)) : clip;
     if (innerClip.isEmpty())
         return;
     for (const auto& sublayer : layer.sublayers())
         collect(*sublayer, time, toScreen, totalOpacity, innerClip, frame);
 }
 
-CGRect CARenderer::update(const CALayer& root, double time, const CGRect& screen)
+CGRect CARenderer::update(CALayer& root, double time, const CGRect& screen)
 {
     Frame frame;
     frame.reserve(m_lastFrame.size() + 16);
@@ -71,33 +63,32 @@ CGRect CARenderer::update(const CALayer& root, double time, const CGRect& screen
 
 void CARenderer::draw(const CALayer& layer, double time, CGContext& context, const CGRect& area)
 {
-    const CALayerGeometry shown = layer.presented(time);
-    if (isInvisible(layer, shown))
+    const CALayerState shown = layer.presented(time);
+    if (!shown.isVisible())
         return;
-    const CGAffineTransform toParent = CALayer::toSuperlayer(shown);
+    const CGAffineTransform toParent = shown.toSuperlayer();
     const CGRect areaInside = toParent.inverted().apply(area);
-    const bool drawsItself = layer.drawnArea(shown).intersects(areaInside);
-    if (layer.masksToBounds() && !drawsItself)
+    const bool drawsItself = shown.drawnArea().intersects(areaInside);
+    if (shown.masksToBounds && !drawsItself)
         return;
 
     context.saveState();
     context.concatenate(toParent);
-    if (shown.opacity < 1)
-        context.multiplyAlpha(shown.opacity);
+    context.multiplyAlpha(shown.opacity);
     if (drawsItself)
         layer.drawBehindSublayers(context, shown);
     if (!layer.sublayers().empty()) {
-        if (layer.masksToBounds()) {
+        if (shown.masksToBounds) {
             context.saveState();
-            context.clip(shown.bounds, layer.cornerRadius());
+            context.clip(shown.bounds, shown.cornerRadius);
         }
         for (const auto& sublayer : layer.sublayers())
             draw(*sublayer, time, context, areaInside);
-        if (layer.masksToBounds())
+        if (shown.masksToBounds)
             context.restoreState();
     }
     if (drawsItself)
-        layer.drawBorder(context, shown);
+        context.stroke(shown.bounds, shown.cornerRadius, shown.borderWidth, shown.borderColor);
     context.restoreState();
 }
 

@@ -11,7 +11,7 @@ class CARenderer {
 public:
     /// Looks at the tree as it is shown at this moment and returns what must be drawn again, in the
     /// root's superlayer's coordinates; the null rectangle when nothing changed.
-    CGRect update(const CALayer& root, double time, const CGRect& screen);
+    CGRect update(CALayer& root, double time, const CGRect& screen);
 
     /// Draws what falls inside the area as it is shown at this moment.
     static void draw(const CALayer& root, double time, CGContext&, const CGRect& area);
@@ -19,7 +19,7 @@ public:
 private:
     struct Shown {
         std::uint64_t version;
-        CALayerGeometry geometry;
+        CALayerState state;
         CGAffineTransform toScreen;
         CGFloat opacity;
         CGRect area;
@@ -27,14 +27,14 @@ private:
 
         bool looksLike(const Shown& other) const
         {
-            return version == other.version && geometry == other.geometry && toScreen == other.toScreen
+            return version == other.version && state == other.state && toScreen == other.toScreen
                 && opacity == other.opacity && area == other.area;
         }
     };
     using Frame = std::unordered_map<std::uint64_t, Shown>;
 
-    static void collect(const CALayer&, double time, const CGAffineTransform& parent, CGFloat opacity,
-        const CGRect& clip, Frame&);
+    static void collect(
+        CALayer&, double time, const CGAffineTransform& parent, CGFloat opacity, const CGRect& clip, Frame&);
 
     Frame m_lastFrame;
 };

@@ -62,11 +62,8 @@ void UIView::setFrame(const CGRect& frame)
 
 void UIView::setBounds(const CGRect& newBounds)
 {
-    const CGPoint center = m_layer->position();
-    const CGPoint origin = newBounds.origin;
     const CGSize before = bounds().size;
-    m_layer->setBounds({origin, newBounds.size});
-    m_layer->setPosition(center);
+    m_layer->setBounds(newBounds);
     if (before == newBounds.size)
         return;
     for (const auto& subview : m_subviews)
@@ -192,7 +189,7 @@ std::shared_ptr<UIView> UIView::hitTest(CGPoint point)
 
 CGAffineTransform UIView::toSuperview() const
 {
-    return CALayer::toSuperlayer({bounds(), center(), transform()});
+    return m_layer->model().toSuperlayer();
 }
 
 CGPoint UIView::convertToWindow(CGPoint point) const
@@ -214,7 +211,7 @@ CGRect UIView::shownInWindow(const CGRect& rect) const
     const double time = CATimeline::main().frameTime();
     CGRect shown = rect;
     for (const UIView* view = this; view->m_superview; view = view->m_superview)
-        shown = CALayer::toSuperlayer(view->m_layer->presented(time)).apply(shown);
+        shown = view->m_layer->presented(time).toSuperlayer().apply(shown);
     return shown;
 }
 

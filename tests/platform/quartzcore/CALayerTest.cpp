@@ -9,7 +9,7 @@ class CALayerTest : public ListTest {
 protected:
     std::shared_ptr<UIView> view = std::make_shared<UIView>(CGRectMake(10, 20, 100, 60));
 
-    CALayerGeometry shownAt(double time) const { return view->layer().presented(time); }
+    CALayerState shownAt(double time) const { return view->layer().presented(time); }
     void moveTo(CGFloat x, double delay = 0)
     {
         UIView::animate(1, delay, [&] { view->setCenter({x, 0}); });
