@@ -33,8 +33,8 @@ public:
     void Info();
     /// The reorder button: into the mode in which rows are dragged to other places, and back.
     void settaggi();
-    /// Not while a text is typed, nor where the window is too low to show a row that could be typed into.
-    bool canAddNote() const { return !tastieraAttiva && table()->bounds().size.height > 0; }
+    /// Not while a text is typed.
+    bool canAddNote() const { return !tastieraAttiva; }
     /// Adds a note at the top and starts to type it. False when none can be added now.
     bool nuovaNota();
     void tutorialPrimaVolta();
