@@ -173,13 +173,12 @@ void SessionWatch::act(const char* name, const std::function<void()>& action)
     m_typed = noteAround(edited);
     if (m_typed && rowAround(edited)->labelData.get() == edited)
         m_datesEdited.insert(m_typed);
+    // The screen's own list is ahead of the list from the saving of an emptied note until the screen is gone.
     if (const auto detail =
-            std::dynamic_pointer_cast<VistaNoteViewController>(list().presentedViewController()))
-        m_inDetail = detail->arrayNotePortato.empty()
-            ? nullptr
-            : detail->arrayNotePortato.at(
-                std::min<std::size_t>(static_cast<std::size_t>(*detail->indirizzoNotaDaVisualizzare),
-                    detail->arrayNotePortato.size() - 1));
+            std::dynamic_pointer_cast<VistaNoteViewController>(list().presentedViewController());
+        detail && detail->arrayNotePortato.size() == list().arrayNote.size())
+        m_inDetail =
+            detail->arrayNotePortato.at(static_cast<std::size_t>(*detail->indirizzoNotaDaVisualizzare));
     action();
     compareNotes();
     watchGestures(m_step == "lift");

@@ -1,6 +1,7 @@
 #include "ScreenTest.h"
 #include "UIActivityIndicatorView.h"
 #include "UIPageControl.h"
+#include "UITextField.h"
 
 namespace velmorath {
 
@@ -61,6 +62,19 @@ TEST_F(UIViewsTest, APageControlKeepsToThePagesThatThereAre)
     control.setNumberOfPages(0);
     control.sizeToFit();
     EXPECT_EQ(control.frame().size.width, 0);
+}
+
+TEST_F(UIViewsTest, AFieldMayBeTakenAwayByWhomItTellsOfItsEnd)
+{
+    struct Remover : UITextFieldDelegate {
+        void textFieldDidEndEditing(UITextField& field) override { field.removeFromSuperview(); }
+    } remover;
+    const auto field = add<UITextField>(CGRectMake(0, 0, 200, 40));
+    field->setDelegate(&remover);
+    ASSERT_TRUE(field->becomeFirstResponder());
+    field->removeFromSuperview();
+    EXPECT_FALSE(field->superview());
+    EXPECT_FALSE(host.textInput().isEditing());
 }
 
 } // namespace velmorath
