@@ -53,7 +53,8 @@ CGFloat UIScrollRange::showing(CGFloat offset, CGFloat from, CGFloat to) const
 {
     if (from < offset)
         return inside(from);
-    return inside(to > offset + length ? to - length : offset);
+    // A stretch that is longer than what is in sight is shown from its beginning.
+    return inside(to > offset + length ? std::min(from, to - length) : offset);
 }
 
 } // namespace velmorath

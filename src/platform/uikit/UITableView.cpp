@@ -65,7 +65,9 @@ UITableView::Rows UITableView::rowsInSight() const
 {
     const CGFloat top = contentOffset().y;
     const auto first = static_cast<std::int64_t>(std::floor(top / m_rowHeight));
-    const auto end = static_cast<std::int64_t>(std::ceil((top + bounds().size.height) / m_rowHeight));
+    const auto last = static_cast<std::int64_t>(std::ceil((top + bounds().size.height) / m_rowHeight));
+    // One row is there even where the window leaves no height: so that a note can be typed in any window.
+    const std::int64_t end = std::max(first + 1, last);
     return {std::clamp<std::int64_t>(first, 0, m_count), std::clamp<std::int64_t>(end, 0, m_count)};
 }
 
