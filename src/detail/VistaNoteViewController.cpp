@@ -16,7 +16,7 @@ ToDoItem2& VistaNoteViewController::note() const
 
 std::shared_ptr<UITextView> VistaNoteViewController::textView() const
 {
-    const std::shared_ptr<UITextView> connected = testo.lock();
+    std::shared_ptr<UITextView> connected = testo.lock();
     if (!connected)
         fatalError("The note's text view is not connected");
     return connected;

@@ -115,7 +115,7 @@ void ViewController::settaggi()
 
 std::shared_ptr<UITableView> ViewController::table() const
 {
-    const std::shared_ptr<UITableView> connected = tableView.lock();
+    std::shared_ptr<UITableView> connected = tableView.lock();
     if (!connected)
         fatalError("The list's table is not connected");
     return connected;

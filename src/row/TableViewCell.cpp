@@ -100,7 +100,7 @@ void TableViewCell::layoutSubviews()
 
 std::shared_ptr<UIView> TableViewCell::hitTest(CGPoint point)
 {
-    const std::shared_ptr<UIView> hit = UITableViewCell::hitTest(point);
+    std::shared_ptr<UIView> hit = UITableViewCell::hitTest(point);
     const bool isOnText = hit == label || hit == labelData;
     if (!isOnText)
         return hit;

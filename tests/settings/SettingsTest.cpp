@@ -85,11 +85,11 @@ TEST_F(SettingsTest, ATransitionFromItGoesOnToItsDestinationsOwn)
     openInformation();
     const auto made = UIStoryboard::named("Transitions").instantiateInitialViewController();
     auto& destination = static_cast<Destination&>(*made);
-    UIStoryboardSegue segue{"any", top(), destination};
+    UIStoryboardSegue segue{"any", destination};
     top().prepareForSegue(segue, {});
     EXPECT_EQ(destination.identifier, "info2");
     EXPECT_EQ(destination.sender, &top());
-    UIStoryboardSegue deadEnd{"any", top(), list()};
+    UIStoryboardSegue deadEnd{"any", list()};
     EXPECT_DEATH(top().prepareForSegue(deadEnd, {}), "no transition named info2");
 }
 

@@ -20,7 +20,7 @@ public:
     /// Runs all work whose time has come. What that work adds waits for the next turn.
     void runDue();
 
-    /// Drops all waiting work: for tests, which start one program after another.
+    /// Drops all waiting work: the program is at its end.
     void removeAll();
 
 private:

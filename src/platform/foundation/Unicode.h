@@ -30,8 +30,8 @@ void appendUTF8(std::string&, char32_t character);
 std::string validUTF8(std::string_view);
 
 /// UTF-16, the most significant byte first.
-void appendUTF16(std::string& bigEndian, std::string_view utf8);
+void appendUTF16(std::string& bytes, std::string_view utf8);
 /// A last odd byte is left out; halves of characters give the replacement character.
-std::string utf8FromUTF16(std::string_view bigEndian);
+std::string utf8FromUTF16(std::string_view bytes);
 
 } // namespace velmorath

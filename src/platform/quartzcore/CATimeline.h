@@ -38,7 +38,7 @@ public:
     /// what still moves goes on to its end.
     void finish();
 
-    /// Drops whatever still moves or waits: for tests, which start one program after another.
+    /// Drops whatever still moves or waits: the program is at its end.
     void reset();
 
 private:

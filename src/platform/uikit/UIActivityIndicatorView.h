@@ -12,7 +12,6 @@ public:
     explicit UIActivityIndicatorView(const CGRect& frame);
 
     void setColor(const CGColor&);
-    bool isAnimating() const { return m_isAnimating; }
     void startAnimating();
     void stopAnimating();
 

@@ -23,8 +23,6 @@ public:
     /// Without a message there is only the title.
     UIAlertController(std::string title, std::optional<std::string> message);
 
-    const std::string& title() const { return m_title; }
-    const std::vector<UIAlertAction>& actions() const { return m_actions; }
     /// Buttons stand in the order of their actions. All are added before the alert is presented.
     void addAction(UIAlertAction action) { m_actions.push_back(std::move(action)); }
 

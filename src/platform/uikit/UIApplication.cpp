@@ -45,7 +45,7 @@ UIApplication& UIApplication::shared()
 
 UIApplication::~UIApplication() = default;
 
-int UIApplicationMain(int, char**, std::optional<std::string>, const std::string& delegateClassName)
+int UIApplicationMain(int, char**, const std::optional<std::string>&, const std::string& delegateClassName)
 {
     Class::enter<UIRemoteKeyboardWindow>("UIRemoteKeyboardWindow");
     s_shared.reset(new UIApplication);

@@ -42,7 +42,6 @@ public:
 
     static UIApplication& shared();
 
-    UIApplicationDelegate& delegate() { return *m_delegate; }
     /// From back to front.
     const std::vector<std::shared_ptr<UIWindow>>& windows() const { return m_windows; }
     /// Nothing while the program is being launched.
@@ -85,7 +84,7 @@ public:
     void willTerminate() override;
 
 private:
-    friend int UIApplicationMain(int, char**, std::optional<std::string>, const std::string&);
+    friend int UIApplicationMain(int, char**, const std::optional<std::string>&, const std::string&);
 
     UIApplication() = default;
     void launch(const std::string& delegateClassName);
@@ -108,7 +107,7 @@ private:
 /// Makes the application and its delegate, an object of the class entered under that name, launches it
 /// with the storyboard "Main" and runs the host's loop. No principal class name means the platform's own
 /// application class; there is no other. Returns the process's exit code.
-int UIApplicationMain(int argc, char** argv, std::optional<std::string> principalClassName,
+int UIApplicationMain(int argc, char** argv, const std::optional<std::string>& principalClassName,
     const std::string& delegateClassName);
 
 } // namespace velmorath

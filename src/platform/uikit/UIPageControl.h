@@ -9,7 +9,6 @@ class UIPageControl : public UIView {
 public:
     using UIView::UIView;
 
-    int numberOfPages() const { return m_numberOfPages; }
     void setNumberOfPages(int);
     std::int64_t currentPage() const { return m_currentPage; }
     /// A page that does not exist means the nearest one.

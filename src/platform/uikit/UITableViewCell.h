@@ -30,7 +30,6 @@ public:
     /// What the row shows at its right end.
     UITableViewCellAccessoryType accessoryType() const { return m_accessoryType; }
     void setAccessoryType(UITableViewCellAccessoryType);
-    bool isSelected() const { return m_selected; }
     void setSelected(bool);
 
     /// What the row is to those who do not see it: an item of the list, unless it is set.

@@ -26,7 +26,6 @@ public:
     }
 
     /// The smallest size that the text may shrink to where it is allowed to shrink.
-    CGFloat minimumFontSize() const { return m_minimumFontSize; }
     void setMinimumFontSize(CGFloat size) { m_minimumFontSize = size; }
     /// How much of the field's right end its text keeps off.
     void setRightInset(CGFloat);

@@ -84,7 +84,7 @@ public:
 
     /// The topmost view under a point of this view's coordinates, by model values.
     virtual std::shared_ptr<UIView> hitTest(CGPoint);
-    virtual bool pointInside(CGPoint point) const { return bounds().contains(point); }
+    bool pointInside(CGPoint point) const { return bounds().contains(point); }
     /// Between this view's coordinates and the window's, by model values.
     CGPoint convertToWindow(CGPoint) const;
     CGPoint convertFromWindow(CGPoint) const;

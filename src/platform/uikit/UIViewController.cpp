@@ -135,13 +135,13 @@ void UIViewController::dismiss(bool animated, std::function<void()> completion)
         finish();
 }
 
-void UIViewController::performSegue(const std::string& identifier, std::any sender)
+void UIViewController::performSegue(const std::string& identifier, const std::any& sender)
 {
     const std::shared_ptr<UIViewController> destination =
         m_scene ? m_scene->destinationOf(identifier) : nullptr;
     if (!destination)
         fatalError("The storyboard has no transition named " + identifier + " from this screen");
-    UIStoryboardSegue segue{identifier, *this, *destination};
+    UIStoryboardSegue segue{identifier, *destination};
     prepareForSegue(segue, sender);
     present(destination, true);
 }

@@ -13,7 +13,6 @@ class UIStoryboardScene;
 /// A transition between two screens of a storyboard, about to be made.
 struct UIStoryboardSegue {
     std::string identifier;
-    UIViewController& source;
     UIViewController& destination;
 };
 
@@ -49,7 +48,7 @@ public:
 
     /// Makes the transition's destination, lets prepareForSegue() hand values over and presents it. It
     /// is fatal when this controller's storyboard has no such transition.
-    void performSegue(const std::string& identifier, std::any sender);
+    void performSegue(const std::string& identifier, const std::any& sender);
     virtual void prepareForSegue(UIStoryboardSegue&, const std::any& /*sender*/) { }
 
     bool keyPressed(const HostKeyPress&) override;
@@ -61,11 +60,9 @@ public:
     /// For the window and for presentations.
     void appearIn(UIWindow&, bool animated);
 
-protected:
-    /// Makes the view: an empty one, or what the storyboard says.
-    virtual std::shared_ptr<UIView> loadView();
-
 private:
+    /// Makes the view: an empty one, or what the storyboard says.
+    std::shared_ptr<UIView> loadView();
     void didAppearOver(UIViewController& presenter);
     void showAgain(bool animated);
 
