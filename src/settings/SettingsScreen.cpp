@@ -40,7 +40,7 @@ void SettingsScreen::chiudi()
 
 std::shared_ptr<UITableView> SettingsScreen::table() const
 {
-    const std::shared_ptr<UITableView> connected = tabella.lock();
+    std::shared_ptr<UITableView> connected = tabella.lock();
     if (!connected)
         fatalError("The screen's table is not connected");
     return connected;
@@ -60,7 +60,7 @@ std::int64_t SettingsScreen::tableViewNumberOfRowsInSection(UITableView&, std::i
 
 std::shared_ptr<UITableViewCell> SettingsScreen::makeCell(UITableView& list, IndexPath path)
 {
-    const std::shared_ptr<UITableViewCell> cell = list.dequeueReusableCell("myCell", path);
+    std::shared_ptr<UITableViewCell> cell = list.dequeueReusableCell("myCell", path);
     cell->textLabel().setText(item(path.row));
     cell->textLabel().setTextColor(UIColor::white());
     const auto sheen = std::make_shared<CAGradientLayer>();

@@ -1,6 +1,6 @@
 #include "HeadlessFiles.h"
+#include <cstdlib>
 #include <filesystem>
-#include <stdlib.h>
 
 namespace velmorath {
 
@@ -59,7 +59,7 @@ void HeadlessFiles::replace(const std::string& path, std::string_view bytes, Com
 {
     if (m_answersLate) {
         completion = [this, completion = std::move(completion)](const std::optional<Error>& error) {
-            m_answers.push_back([completion, error] { completion(error); });
+            m_answers.emplace_back([completion, error] { completion(error); });
         };
     }
     if (auto error = fault(Operation::replace, path)) {

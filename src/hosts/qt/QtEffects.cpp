@@ -60,9 +60,9 @@ QtEffects::~QtEffects()
     if (m_thread->wait(longestWait))
         return;
     // It hangs in somebody's library: the end of the process is the end of it.
-    m_worker.release();
-    m_player.release();
-    m_thread.release();
+    static_cast<void>(m_worker.release());
+    static_cast<void>(m_player.release());
+    static_cast<void>(m_thread.release());
 }
 
 void QtEffects::inBackground(std::function<void()> work)

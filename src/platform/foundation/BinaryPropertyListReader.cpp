@@ -189,6 +189,8 @@ Object BinaryPropertyListReader::object(std::uint64_t reference) const
         return scalar(rest);
     }
     auto count = takeCount(rest);
+    // A file whose references have no size was refused at once.
+    // NOLINTNEXTLINE(clang-analyzer-core.DivideZero)
     if (!count || *count > rest.size() / unitSize)
         return {};
     object.count = static_cast<std::size_t>(*count);

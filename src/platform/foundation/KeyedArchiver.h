@@ -34,8 +34,8 @@ public:
     }
 
     /// Both are called by a record that encodes itself, once for each of its keys.
-    void encodeString(const std::optional<std::string>&, std::string_view key);
-    void encodeBool(bool, std::string_view key);
+    void encodeString(const std::optional<std::string>&, std::string_view name);
+    void encodeBool(bool, std::string_view name);
 
 private:
     using Reference = BinaryPropertyListWriter::Reference;

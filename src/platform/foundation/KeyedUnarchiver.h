@@ -50,7 +50,7 @@ private:
     ArchivedValue decodeOther(const Plist::Object& record);
 
     Plist::Object className(const Plist::Object& record);
-    Plist::Object entry(const Plist::Object& record, std::string_view key);
+    Plist::Object entry(const Plist::Object& record, std::string_view name);
     Plist::Object objectAt(const Plist::Object& uid);
     bool spend(std::uint64_t cost);
     ArchivedValue fail(std::string description);

@@ -52,6 +52,7 @@ std::string withMailLineBreaks(const std::string& text)
 std::string mailAddress(const std::vector<std::string>& recipients, const std::string& body)
 {
     std::vector<std::string> encoded;
+    encoded.reserve(recipients.size());
     for (const std::string& recipient : recipients)
         encoded.push_back(encodedRecipient(recipient));
     std::string address = "mailto:" + joined(encoded, ",");

@@ -14,7 +14,7 @@ public:
     CGRect update(CALayer& root, double time, const CGRect& screen);
 
     /// Draws what falls inside the area as it is shown at this moment.
-    static void draw(const CALayer& root, double time, CGContext&, const CGRect& area);
+    static void draw(const CALayer&, double time, CGContext&, const CGRect& area);
 
 private:
     struct Shown {
