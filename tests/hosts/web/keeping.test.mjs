@@ -50,8 +50,8 @@ test("everything is there after a reload, without a server too", async () => {
     await site.server.resume();
 });
 
-// Waits for the frame in which a place of the canvas gets another colour, one that passes a test, and no longer.
-async function untilPainted(list, [x, y], test, action) {
+// Waits for the frame in which a place of the canvas gets another colour, one that is meant, and no longer.
+async function untilPainted(list, [x, y], isMeant, action) {
     await list.page.evaluate(([across, down, source]) => {
         const passes = new Function("color", `return (${source})(color)`);
         const context = document.getElementById("screen").getContext("2d");
@@ -65,7 +65,7 @@ async function untilPainted(list, [x, y], test, action) {
                 frames.onFrame = () => {};
             }
         };
-    }, [x, y, test.toString()]);
+    }, [x, y, isMeant.toString()]);
     await list.untilSaid("It is painted", action);
 }
 

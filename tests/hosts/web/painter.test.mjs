@@ -17,7 +17,7 @@ const white = 0xffffffff;
 // pixels at these places are.
 function paint(commands, places) {
     const words = commands.flatMap(([name, ...numbers]) => [names.indexOf(name), ...numbers]);
-    return tab.page.evaluate(async ([words, places]) => {
+    return tab.page.evaluate(async ([numbers, points]) => {
         const { Painter } = await import("./painter.js");
         const canvas = document.createElement("canvas");
         canvas.width = 100;
@@ -29,9 +29,9 @@ function paint(commands, places) {
         half.fillStyle = "lime";
         half.fillRect(0, 0, 2, 1);
         const painter = new Painter(canvas, null, { bitmap: (number) => number === 7 ? picture : null });
-        painter.paint(new Float64Array(words));
+        painter.paint(new Float64Array(numbers));
         const context = canvas.getContext("2d");
-        return places.map(([x, y]) => Array.from(context.getImageData(x, y, 1, 1).data.slice(0, 3)));
+        return points.map(([x, y]) => Array.from(context.getImageData(x, y, 1, 1).data.slice(0, 3)));
     }, [words, places]);
 }
 

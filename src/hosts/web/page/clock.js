@@ -4,11 +4,15 @@ export class Clock {
     #time = Infinity;
     #wake;
 
+    /** @param {() => void} wake */
     constructor(wake) {
         this.#wake = wake;
     }
 
-    /** In seconds of performance.now(); infinity for never. Replaces what was asked for before. */
+    /**
+     * In seconds of performance.now(); infinity for never. Replaces what was asked for before.
+     * @param {number} time
+     */
     wakeAt(time) {
         clearTimeout(this.#timer);
         this.#time = time;

@@ -3,6 +3,16 @@
 import { cssColor } from "./painter.js";
 import { cssFont } from "./texts.js";
 
+/** @import { Screen } from "./screen.js" */
+/** @import { Font, Rect, Texts } from "./texts.js" */
+
+/**
+ * @typedef {{
+ *     text: string, label: string, font: Font, color: number, alignment: number, isMultiline: boolean,
+ *     hasDarkKeyboard: boolean, hasDoneKey: boolean
+ * }} Editing
+ */
+
 /** An <input> cannot hold line breaks. The note's stay in it as this character, which looks like a space. */
 const lineSeparator = "\u2028";
 
@@ -13,16 +23,21 @@ export class Editor {
     #container;
     #texts;
     #screen;
-    #window = null;
+    #window = document.createElement("div");
+    /** @type {HTMLInputElement | HTMLTextAreaElement | null} */
     #field = null;
     #isMultiline = false;
     #knownText = "";
-    #font = null;
+    /** @type {Font} */
+    #font = { family: "", size: 0, bold: false };
     #shrink = 1;
+    /** @type {{ frame: Rect, clip: Rect, opacity: number } | null} */
     #place = null;
+    /** @type {(text: string) => void} */
     onChange = () => {};
     onReturn = () => {};
 
+    /** @param {HTMLElement} container @param {Texts} texts @param {Screen} screen */
     constructor(container, texts, screen) {
         this.#container = container;
         this.#texts = texts;
@@ -40,6 +55,7 @@ export class Editor {
         return this.#field !== null;
     }
 
+    /** @param {Editing} editing */
     begin({ text, label, font, color, alignment, isMultiline, hasDarkKeyboard, hasDoneKey }) {
         this.#isMultiline = isMultiline;
         this.#font = font;
@@ -59,11 +75,11 @@ export class Editor {
         style.color = cssColor(color);
         style.textAlign = ["start", "left", "center", "right"][alignment];
         style.colorScheme = hasDarkKeyboard ? "dark" : "light";
-        field.addEventListener("input", () => this.#tellChange());
-        field.addEventListener("keydown", (event) => this.#keyDown(event));
+        field.addEventListener("input", () => this.#tellChange(field));
+        field.addEventListener("keydown", (event) => this.#keyDown(/** @type {KeyboardEvent} */ (event)));
         field.addEventListener("blur", () => this.#left(field));
         this.#field = field;
-        this.#knownText = this.#text();
+        this.#knownText = this.#text(field);
         this.#window = document.createElement("div");
         this.#window.append(field);
         this.#container.append(this.#window);
@@ -73,7 +89,10 @@ export class Editor {
         field.scrollLeft = field.scrollWidth;
     }
 
-    /** In points of the screen; shown is only what falls inside the clip. */
+    /**
+     * In points of the screen; shown is only what falls inside the clip.
+     * @param {Rect} frame @param {Rect} clip @param {number} opacity
+     */
     place(frame, clip, opacity) {
         this.#place = { frame, clip, opacity };
         this.#placeField();
@@ -84,16 +103,14 @@ export class Editor {
         if (!this.#field) {
             return null;
         }
-        const text = this.#text();
+        const text = this.#text(this.#field);
         this.#remove();
         return text === this.#knownText ? null : text;
     }
 
     #remove() {
-        const window = this.#window;
         this.#field = null;
-        this.#window = null;
-        window?.remove();
+        this.#window.remove();
     }
 
     /** The page is left: what is typed counts as done. */
@@ -101,16 +118,18 @@ export class Editor {
         if (!this.#field) {
             return;
         }
-        this.#tellChange();
+        this.#tellChange(this.#field);
         this.onReturn();
     }
 
-    #text() {
-        return this.#isMultiline ? this.#field.value : this.#field.value.replaceAll(lineSeparator, "\n");
+    /** @param {HTMLInputElement | HTMLTextAreaElement} field */
+    #text(field) {
+        return this.#isMultiline ? field.value : field.value.replaceAll(lineSeparator, "\n");
     }
 
-    #tellChange() {
-        const text = this.#text();
+    /** @param {HTMLInputElement | HTMLTextAreaElement} field */
+    #tellChange(field) {
+        const text = this.#text(field);
         if (text === this.#knownText) {
             return;
         }
@@ -118,6 +137,7 @@ export class Editor {
         this.onChange(text);
     }
 
+    /** @param {KeyboardEvent} event */
     #keyDown(event) {
         // They are the text's, also the one that ends its editing.
         event.stopPropagation();
@@ -135,7 +155,10 @@ export class Editor {
         }
     }
 
-    /** The keyboard's own button takes the focus away; another window only borrows it. */
+    /**
+     * The keyboard's own button takes the focus away; another window only borrows it.
+     * @param {HTMLInputElement | HTMLTextAreaElement} field
+     */
     #left(field) {
         if (this.#field === field && document.hasFocus()) {
             this.onReturn();
@@ -147,7 +170,7 @@ export class Editor {
             return;
         }
         const { frame, clip, opacity } = this.#place;
-        const snap = (length) => Math.round(length * this.#screen.scale) / this.#screen.scale;
+        const snap = (/** @type {number} */ length) => Math.round(length * this.#screen.scale) / this.#screen.scale;
         const lineHeight = this.#texts.lineHeight(this.#font);
         // Many lines scroll inside what the keyboard leaves of them; one line is wherever its row is.
         const top = this.#container.getBoundingClientRect().top;
@@ -159,7 +182,7 @@ export class Editor {
         style.top = `${clip.y}px`;
         style.width = `${clip.width}px`;
         style.height = `${clip.height}px`;
-        style.opacity = opacity;
+        style.opacity = String(opacity);
         const field = this.#field.style;
         field.left = `${snap(frame.x) - clip.x}px`;
         field.top = `${snap(frame.y) - clip.y}px`;

@@ -7,15 +7,18 @@ const latestSound = 300;
 /** Milliseconds after which the sound device may rest. */
 const silence = 5000;
 
-/** What came of a promise does not matter. */
+/** What came of a promise does not matter. @param {Promise<unknown> | undefined} promise */
 function ignoringFailure(promise) {
-    promise?.catch?.(() => {});
+    promise?.catch(() => {});
 }
 
 export class Effects {
+    /** @type {AudioContext | null} */
     #audio = null;
     #silenceTimer = 0;
+    /** @type {Map<string, Promise<AudioBuffer>>} */
     #sounds = new Map();
+    /** @type {((granted: boolean) => void) | null} */
     #pendingPermission = null;
 
     constructor() {
@@ -38,35 +41,36 @@ export class Effects {
         }
     }
 
-    /** The path of a sound among the page's resources. */
+    /** The path of a sound among the page's resources. @param {string} path */
     playSound(path) {
         if (this.#audio) {
-            ignoringFailure(this.#play(path, performance.now()));
+            ignoringFailure(this.#play(this.#audio, path, performance.now()));
         }
     }
 
-    async #play(path, asked) {
-        if (!this.#sounds.has(path)) {
-            this.#sounds.set(path, this.#load(path));
-        }
-        const buffer = await this.#sounds.get(path);
-        if (this.#audio.state !== "running") {
-            await this.#audio.resume();
+    /** @param {AudioContext} audio @param {string} path @param {number} asked */
+    async #play(audio, path, asked) {
+        const sound = this.#sounds.get(path) ?? this.#load(audio, path);
+        this.#sounds.set(path, sound);
+        const buffer = await sound;
+        if (audio.state !== "running") {
+            await audio.resume();
         }
         if (performance.now() - asked > latestSound) {
             return;
         }
-        const source = this.#audio.createBufferSource();
+        const source = audio.createBufferSource();
         source.buffer = buffer;
-        source.connect(this.#audio.destination);
+        source.connect(audio.destination);
         source.start();
         this.#restSoon();
     }
 
-    async #load(path) {
+    /** @param {AudioContext} audio @param {string} path */
+    async #load(audio, path) {
         try {
             const response = await fetch(path.slice(1));
-            return await this.#audio.decodeAudioData(await response.arrayBuffer());
+            return await audio.decodeAudioData(await response.arrayBuffer());
         } catch (error) {
             this.#sounds.delete(path);
             throw error;
@@ -76,13 +80,14 @@ export class Effects {
     /** A context that runs keeps the machine awake, even when it is silent. */
     #restSoon() {
         clearTimeout(this.#silenceTimer);
-        this.#silenceTimer = setTimeout(() => ignoringFailure(this.#audio.suspend()), silence);
+        this.#silenceTimer = setTimeout(() => ignoringFailure(this.#audio?.suspend()), silence);
     }
 
     vibrate() {
         navigator.vibrate?.(buzz);
     }
 
+    /** @param {number} number */
     setBadge(number) {
         if (number > 0) {
             ignoringFailure(navigator.setAppBadge?.(number));
@@ -91,7 +96,7 @@ export class Effects {
         }
     }
 
-    /** False for addresses that no browser knows what to do with. */
+    /** False for addresses that no browser knows what to do with. @param {string} address */
     openAddress(address) {
         const scheme = /^([a-z][a-z0-9+.-]*):/i.exec(address)?.[1].toLowerCase();
         const isPage = scheme === "https" || scheme === "http";
@@ -121,7 +126,7 @@ export class Effects {
         return Math.min(screen.width, screen.height) >= smallestTablet;
     }
 
-    /** Asks at the next touch, when it was not answered before. */
+    /** Asks at the next touch, when it was not answered before. @param {(granted: boolean) => void} answer */
     requestPermission(answer) {
         if (!globalThis.Notification) {
             answer(true);

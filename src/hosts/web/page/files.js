@@ -1,16 +1,22 @@
 /** The program's files: the user's in the browser's storage, its own from where the page comes from. */
 
+/** @import { Storage } from "./storage.js" */
+
 const resourceFolder = "/resources/";
 
-/** The tables that may be needed: "pt-BR" is content with "pt". */
+/** The tables that may be needed: "pt-BR" is content with "pt". @param {string[]} languages */
 function wantedTables(languages) {
-    const tags = languages.flatMap((tag) => tag.split("-").map((part, index, parts) => parts.slice(0, index + 1).join("-")));
+    const tags = languages.flatMap((tag) => tag.split("-").map((_, index, parts) => parts.slice(0, index + 1).join("-")));
     return new Set(tags.map((tag) => `strings/${tag}.strings`));
 }
 
-/** Fetches those of the program's own files that it reads: pictures, and texts in these languages. */
+/**
+ * Fetches those of the program's own files that it reads: pictures, and texts in these languages.
+ * @param {string[]} names @param {string[]} languages
+ */
 export async function loadResources(names, languages) {
     const tables = wantedTables(languages);
+    /** @type {Map<string, Uint8Array | null>} */
     const resources = new Map(names.map((name) => [resourceFolder + name, null]));
     const read = names.filter((name) => name.startsWith("pictures/") || tables.has(name));
     await Promise.all(read.map(async (name) => {
@@ -28,22 +34,31 @@ export class Files {
     #storage;
     #holdFrames;
 
+    /**
+     * @param {Map<string, Uint8Array | null>} resources
+     * @param {Storage} storage
+     * @param {(written: Promise<void>) => void} holdFrames
+     */
     constructor(resources, storage, holdFrames) {
         this.#resources = resources;
         this.#storage = storage;
         this.#holdFrames = holdFrames;
     }
 
+    /** @param {string} path */
     exists(path) {
         return this.#resources.has(path) || this.#storage.exists(path);
     }
 
-    /** Null when there is no such file. */
+    /** Null when there is no such file. @param {string} path */
     read(path) {
         return this.#resources.get(path) ?? this.#storage.read(path);
     }
 
-    /** `done` gets an empty text, or why it failed; before the next frame is shown. */
+    /**
+     * `done` gets an empty text, or why it failed; before the next frame is shown.
+     * @param {string} path @param {Uint8Array} bytes @param {(error: string) => void} done
+     */
     replace(path, bytes, done) {
         const written = this.#storage.replace(path, bytes).then(
             () => done(""),
@@ -51,6 +66,7 @@ export class Files {
         this.#holdFrames(written);
     }
 
+    /** @param {string} path */
     setAside(path) {
         this.#storage.setAside(path);
     }

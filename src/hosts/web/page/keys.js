@@ -4,7 +4,12 @@
 const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
     " ", "Escape", "Insert", "F2", "Delete"];
 
-/** The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it. */
+/** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
+
+/**
+ * The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it.
+ * @param {KeyboardEvent} event
+ */
 function keyName(event) {
     if (event.key === "Backspace") {
         return "Delete";
@@ -12,7 +17,10 @@ function keyName(event) {
     return event.key.toLowerCase() === "n" && !event.altKey ? "Insert" : event.key;
 }
 
-/** `press(key, shift, alt, isRepeat)` says whether the program used the key. */
+/**
+ * `press(key, shift, alt, isRepeat)` says whether the program used the key.
+ * @param {() => boolean} isEditing @param {Press} press
+ */
 export function listenToKeys(isEditing, press) {
     let hasUsedSpace = false;
     addEventListener("keydown", (event) => {
@@ -36,8 +44,12 @@ export function listenToKeys(isEditing, press) {
     });
 }
 
-/** A phone's back gesture closes a screen, as Escape does. When there is none to close, the next one leaves the page. */
+/**
+ * A phone's back gesture closes a screen, as Escape does. When there is none to close, the next one leaves the page.
+ * @param {Press} press
+ */
 export function listenToBack(press) {
+    /** @type {CloseWatcher | null} */
     let watcher = null;
     const watch = () => {
         if (watcher || !globalThis.CloseWatcher) {

@@ -3,10 +3,12 @@ export function languages() {
     return [...(navigator.languages ?? [navigator.language])].filter(Boolean);
 }
 
+/** @type {Intl.DateTimeFormat | null} */
 let format = null;
 
 /** Browsers know no customs of their own for dates: they follow the languages, which can be malformed. */
 function dateFormat() {
+    /** @type {Intl.DateTimeFormatOptions} */
     const options = { dateStyle: "medium", timeZone: "UTC" };
     try {
         return new Intl.DateTimeFormat(languages(), options);
@@ -15,7 +17,7 @@ function dateFormat() {
     }
 }
 
-/** The day on which a moment (seconds since 1970 UTC) falls in UTC. */
+/** The day on which a moment (seconds since 1970 UTC) falls in UTC. @param {number} seconds */
 export function mediumDate(seconds) {
     format ??= dateFormat();
     const date = new Date(seconds * 1000);

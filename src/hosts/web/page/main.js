@@ -9,6 +9,7 @@ import { listenToBack, listenToKeys } from "./keys.js";
 import * as locale from "./locale.js";
 import { Mirror } from "./mirror.js";
 import { hideNotice, showNotice } from "./notice.js";
+import { part } from "./parts.js";
 import { Painter } from "./painter.js";
 import { Pictures } from "./pictures.js";
 import { Pointer } from "./pointer.js";
@@ -18,6 +19,8 @@ import { openStorage } from "./storage.js";
 import { holdList } from "./tab.js";
 import { Texts } from "./texts.js";
 import { words } from "./words.js";
+
+/** @import { Storage } from "./storage.js" */
 
 const say = words(locale.languages());
 
@@ -40,14 +43,18 @@ function isSupported() {
         && "roundRect" in CanvasRenderingContext2D.prototype;
 }
 
+/** @param {() => void} onButton */
 function showElsewhere(onButton) {
     showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton });
 }
 
 /** This tab's hold of the list. What it has of it grows while the program is loaded, and may be lost at any time. */
 class Hold {
+    /** @type {Storage | null} */
     storage = null;
+    /** @type {Program | null} */
     program = null;
+    /** @type {Editor | null} */
     editor = null;
     isLost = false;
 
@@ -65,16 +72,19 @@ class Hold {
     }
 }
 
-/** Tells the program what the browser has to tell. */
+/**
+ * Tells the program what the browser has to tell.
+ * @param {Program} program @param {{ screen: Screen, editor: Editor, mirror: Mirror }} services
+ */
 function connect(program, { screen, editor, mirror }) {
-    const stage = document.getElementById("stage");
+    const stage = part("stage");
     screen.onFrame = (everything) => program.call("frame", everything);
     screen.onChange = () => program.call("screenChanged");
     screen.onFrameDone = () => mirror.refreshSoon();
     editor.onChange = (text) => program.call("textChanged", program.sendText(text));
     editor.onReturn = () => program.call("textReturned");
     const pointer = new Pointer(stage, (...call) => program.call(...call));
-    const press = (...key) => {
+    const press = (/** @type {[number, boolean, boolean, boolean]} */ ...key) => {
         mirror.refreshSoon();
         return program.call("keyPressed", ...key);
     };
@@ -103,12 +113,13 @@ function connect(program, { screen, editor, mirror }) {
     screen.observe();
 }
 
-async function run(hold) {
-    const canvas = document.getElementById("screen");
+/** @param {Hold} hold @param {Storage} storage */
+async function run(hold, storage) {
+    const canvas = /** @type {HTMLCanvasElement} */ (part("screen"));
     const screen = new Screen(canvas);
-    const texts = new Texts(screen, document.getElementById("measure"));
+    const texts = new Texts(screen, part("measure"));
     const pictures = new Pictures((decoded) => screen.holdFrames(decoded));
-    const editor = new Editor(document.getElementById("editors"), texts, screen);
+    const editor = new Editor(part("editors"), texts, screen);
     const code = fetch("velmorath.wasm");
     const index = await fetch("resources/index.json");
     const resources = await loadResources(await index.json(), locale.languages());
@@ -118,7 +129,7 @@ async function run(hold) {
         pictures,
         editor,
         painter: new Painter(canvas, texts, pictures),
-        files: new Files(resources, hold.storage, (written) => screen.holdFrames(written)),
+        files: new Files(resources, storage, (written) => screen.holdFrames(written)),
         clock: new Clock(() => program.call("wake")),
         effects: new Effects(),
         locale,
@@ -131,7 +142,7 @@ async function run(hold) {
         editor.end();
         showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
     };
-    const mirror = new Mirror(document.getElementById("mirror"), program, () => editor.isEditing);
+    const mirror = new Mirror(part("mirror"), program, () => editor.isEditing);
     hold.program = program;
     hold.editor = editor;
     program.call("start");
@@ -139,13 +150,13 @@ async function run(hold) {
     screen.requestFrame();
 }
 
-/** Resolves when the list is this tab's. */
+/** Resolves when the list is this tab's. @param {Hold} hold */
 async function takeList(hold) {
     const tab = await holdList({ onTaken: () => hold.letGo() });
     if (tab.held) {
         return;
     }
-    await new Promise(showElsewhere);
+    await new Promise((resolve) => showElsewhere(() => resolve(null)));
     await tab.takeOver();
     hideNotice();
 }
@@ -157,20 +168,23 @@ async function start() {
         return;
     }
     const hold = new Hold();
+    /** @type {Storage} */
+    let storage;
     try {
         await takeList(hold);
-        hold.storage = await openStorage();
+        storage = await openStorage();
+        hold.storage = storage;
     } catch (error) {
         showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
         return;
     }
     if (hold.isLost) {
-        hold.storage.close();
+        storage.close();
         return;
     }
-    hold.storage.onLost = () => hold.letGo();
+    storage.onLost = () => hold.letGo();
     try {
-        await run(hold);
+        await run(hold, storage);
     } catch (error) {
         console.error(error);
         showNotice({ title: say.notLoaded, text: say.notLoadedText, details: error.message, button: say.tryAgain, onButton: reload });

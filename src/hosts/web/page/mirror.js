@@ -3,6 +3,19 @@
  * and presses them; nobody sees them, and fingers and mice on them are those on the canvas.
  */
 
+/** @import { Program } from "./program.js" */
+
+/** @typedef {keyof typeof kinds} Role */
+/** @typedef {[left: number, top: number, width: number, height: number]} Frame */
+/**
+ * A thing on the screen, as the program tells it (AccessibilityText.h).
+ * @typedef {{
+ *     id: number, role: Role, label: string, value: string, frame?: Frame, actions: string[], children: Item[],
+ *     focused?: boolean, focusable?: boolean, pressable?: boolean, selected?: boolean, toggle?: boolean,
+ *     index: number, count: number
+ * }} Item
+ */
+
 /** The element that stands for a thing of this kind, and its ARIA role where the element has none. */
 const kinds = {
     group: ["div", "group"],
@@ -23,20 +36,30 @@ const kinds = {
  * What is read and pressed in those that are not that themselves. An item that can be pressed holds a button. A list
  * owns nothing but its items: the buttons of its own actions stand beside it.
  */
+/** @type {Partial<Record<Role, string>>} */
 const inner = { listItem: "button", list: "div" };
 
-/** Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change. */
+/**
+ * Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change.
+ * @param {Element} element
+ * @param {string} name
+ * @param {string | number | boolean | null | undefined} value
+ */
 function setAttribute(element, name, value) {
     if (value === null || value === undefined || value === false) {
         element.removeAttribute(name);
     } else if (element.getAttribute(name) !== String(value)) {
-        element.setAttribute(name, value);
+        element.setAttribute(name, String(value));
     }
 }
 
+/** @type {Frame} */
 const nowhere = [0, 0, 0, 0];
 
-/** Both on the screen; elements lie in their parents. */
+/**
+ * Both on the screen; elements lie in their parents.
+ * @param {HTMLElement} element @param {Frame} frame @param {Frame} parentFrame
+ */
 function setFrame(element, [left, top, width, height], [parentLeft, parentTop]) {
     const { style } = element;
     style.left = `${left - parentLeft}px`;
@@ -45,6 +68,7 @@ function setFrame(element, [left, top, width, height], [parentLeft, parentTop]) 
     style.height = `${height}px`;
 }
 
+/** @param {Element} parent @param {ChildNode[]} children */
 function setChildren(parent, children) {
     children.forEach((child, index) => {
         if (parent.childNodes[index] !== child) {
@@ -52,7 +76,7 @@ function setChildren(parent, children) {
         }
     });
     while (parent.childNodes.length > children.length) {
-        parent.lastChild.remove();
+        parent.lastChild?.remove();
     }
 }
 
@@ -61,15 +85,20 @@ class Mirrored {
     /** The program's keys can go there. */
     isFocusable = false;
     #words = document.createTextNode("");
+    /** @type {HTMLButtonElement[]} */
     #actions = [];
     #perform;
 
-    /** `perform(action)` is called with the place of one of its actions, or -1 when it itself is pressed. */
+    /**
+     * `perform(action)` is called with the place of one of its actions, or -1 when it itself is pressed.
+     * @param {Role} role @param {(action: number, event: MouseEvent) => void} perform
+     */
     constructor(role, perform) {
-        const [tag, ariaRole] = kinds[role];
+        const [tag, ariaRole] = /** @type {[string, string | null]} */ (kinds[role]);
         this.role = role;
         this.element = document.createElement(tag);
-        this.target = Object.hasOwn(inner, role) ? document.createElement(inner[role]) : this.element;
+        const target = inner[role];
+        this.target = target ? document.createElement(target) : this.element;
         this.target.classList.toggle("whole", role === "list");
         this.#perform = perform;
         setAttribute(role === "list" ? this.target : this.element, "role", ariaRole);
@@ -77,6 +106,7 @@ class Mirrored {
         this.#onPress(this.target, -1);
     }
 
+    /** @param {HTMLElement} element @param {number} action */
     #onPress(element, action) {
         element.addEventListener("click", (event) => {
             event.stopPropagation();
@@ -93,13 +123,14 @@ class Mirrored {
         });
     }
 
-    /** What it says, as its own text. */
+    /** What it says, as its own text. @param {string} text */
     say(text) {
         if (this.#words.data !== text) {
             this.#words.data = text;
         }
     }
 
+    /** @param {ChildNode[]} children @param {HTMLButtonElement[]} actionButtons */
     setChildren(children, actionButtons) {
         if (this.role === "list") {
             setChildren(this.target, [this.#words, ...children]);
@@ -110,6 +141,7 @@ class Mirrored {
         }
     }
 
+    /** @param {string[]} names @param {string} label */
     actionButtons(names, label) {
         while (this.#actions.length < names.length) {
             const button = document.createElement("button");
@@ -135,17 +167,20 @@ export class Mirror {
     #isEditing;
     #timer = 0;
     #waitingSince = 0;
+    /** @type {Map<number, Mirrored>} */
     #shown = new Map();
+    /** @type {WeakMap<EventTarget, number>} */
     #identifiers = new WeakMap();
     #focused = 0;
     /** Whether clicks come from a pointer just now, and not from a screen reader. */
     isPointerBusy = () => false;
 
+    /** @param {HTMLElement} root @param {Program} program @param {() => boolean} isEditing */
     constructor(root, program, isEditing) {
         this.#root = root;
         this.#program = program;
         this.#isEditing = isEditing;
-        root.addEventListener("focusin", (event) => this.#focusCame(event.target));
+        root.addEventListener("focusin", (event) => event.target && this.#focusCame(event.target));
     }
 
     /** The screen may have changed: looks when it has come to rest, or now and then while it does not. */
@@ -173,6 +208,7 @@ export class Mirror {
         const before = this.#shown;
         this.#shown = new Map();
         let focused = 0;
+        /** @type {(parent: Item) => HTMLElement[]} */
         const place = (parent) => parent.children.map((item) => {
             const mirrored = this.#find(before, item);
             this.#shown.set(item.id, mirrored);
@@ -191,6 +227,7 @@ export class Mirror {
         this.#moveFocus(focused);
     }
 
+    /** @param {Map<number, Mirrored>} before @param {Item} item */
     #find(before, { id, role }) {
         const known = before.get(id);
         if (known?.role === role) {
@@ -202,6 +239,7 @@ export class Mirror {
         return mirrored;
     }
 
+    /** @param {number} id @param {number} action @param {MouseEvent} event */
     #perform(id, action, event) {
         // A real finger or mouse was told to the program as such.
         if (event.detail > 0 && this.isPointerBusy()) {
@@ -215,6 +253,7 @@ export class Mirror {
         this.refreshSoon();
     }
 
+    /** @param {Mirrored} mirrored @param {Item} item @param {HTMLElement[]} children */
     #update(mirrored, item, children) {
         const { target } = mirrored;
         this.#name(mirrored, item);
@@ -225,7 +264,7 @@ export class Mirror {
         mirrored.setChildren(children, mirrored.actionButtons(item.actions, item.label));
     }
 
-    /** Says what it is and in which state. */
+    /** Says what it is and in which state. @param {Mirrored} mirrored @param {Item} item */
     #name(mirrored, { role, label, value, selected, toggle, children }) {
         const { target } = mirrored;
         const said = [label, value].filter(Boolean).join(", ");
@@ -266,7 +305,7 @@ export class Mirror {
         }
     }
 
-    /** The browser's focus goes where the program's keys go, so that it is read out. */
+    /** The browser's focus goes where the program's keys go, so that it is read out. @param {number} id */
     #moveFocus(id) {
         if (id === this.#focused && document.activeElement !== document.body) {
             return;
@@ -277,7 +316,7 @@ export class Mirror {
         }
     }
 
-    /** A screen reader put the focus somewhere. */
+    /** A screen reader put the focus somewhere. @param {EventTarget} target */
     #focusCame(target) {
         const id = this.#identifiers.get(target);
         if (id !== undefined && id !== this.#focused && this.#program.call("focusElement", id)) {

@@ -1,7 +1,10 @@
+import { part } from "./parts.js";
+
 /**
  * Fills the page with a notice, in place of the list or of an earlier notice. All texts are plain text.
  * `details` is small print; `onButton` is called at each press of the button. Both, and the button, may be
  * left out.
+ * @param {{ title: string, text: string, details?: string, button?: string, onButton?: () => void }} notice
  */
 export function showNotice({ title, text, details, button, onButton }) {
     const box = document.createElement("div");
@@ -16,26 +19,27 @@ export function showNotice({ title, text, details, button, onButton }) {
     }
     const focused = button ? element("button", "notice-button", button) : box;
     if (button) {
-        focused.type = "button";
-        focused.addEventListener("click", onButton);
+        focused.setAttribute("type", "button");
+        focused.addEventListener("click", () => onButton?.());
         box.append(focused);
     }
-    const notice = document.getElementById("notice");
+    const notice = part("notice");
     document.getElementById("waiting")?.remove();
     notice.replaceChildren(box);
     notice.hidden = false;
-    document.getElementById("stage").inert = true;
+    part("stage").inert = true;
     focused.focus();
 }
 
 /** Gives the page back to the list. */
 export function hideNotice() {
-    const notice = document.getElementById("notice");
+    const notice = part("notice");
     notice.hidden = true;
     notice.replaceChildren();
-    document.getElementById("stage").inert = false;
+    part("stage").inert = false;
 }
 
+/** @param {string} name @param {string} id @param {string} text */
 function element(name, id, text) {
     const made = document.createElement(name);
     made.id = id;

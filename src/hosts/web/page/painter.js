@@ -1,13 +1,19 @@
 /** Draws a frame: reads the numbers that CommandBuffer.h describes, and does what they say on a canvas. */
 
+/** @import { Pictures } from "./pictures.js" */
+/** @import { Texts } from "./texts.js" */
+
 const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
 
 /** In the order of CommandBuffer::Command. */
-const commands = ["save", "restore", "transform", "clip", "fill", "fillGradient", "stroke", "shadow", "text", "image"];
+const commands = /** @type {const} */ (
+    ["save", "restore", "transform", "clip", "fill", "fillGradient", "stroke", "shadow", "text", "image"]);
+const noWords = new Float64Array();
 
+/** @type {Map<number, string>} */
 const colors = new Map();
 
-/** A style for the canvas from 0xRRGGBBAA. */
+/** A style for the canvas from 0xRRGGBBAA. @param {number} packed */
 export function cssColor(packed) {
     let color = colors.get(packed);
     if (!color) {
@@ -26,22 +32,24 @@ export class Painter {
     #context;
     #texts;
     #pictures;
-    #words;
+    #words = noWords;
     #at = 0;
 
+    /** @param {HTMLCanvasElement} canvas @param {Texts} texts @param {Pictures} pictures */
     constructor(canvas, texts, pictures) {
-        this.#context = canvas.getContext("2d", { alpha: false });
+        this.#context = /** @type {CanvasRenderingContext2D} */ (canvas.getContext("2d", { alpha: false }));
         this.#texts = texts;
         this.#pictures = pictures;
     }
 
+    /** @param {Float64Array<ArrayBuffer>} words */
     paint(words) {
         this.#words = words;
         this.#at = 0;
         while (this.#at < words.length) {
             this[commands[this.#next()]]();
         }
-        this.#words = null;
+        this.#words = noWords;
     }
 
     #next() {
@@ -130,19 +138,20 @@ export class Painter {
 
     text() {
         const rect = { x: this.#next(), y: this.#next(), width: this.#next(), height: this.#next() };
-        const font = { size: this.#next(), bold: this.#next() !== 0 };
+        const size = this.#next();
+        const bold = this.#next() !== 0;
         const style = { alignment: this.#next(), wraps: this.#next() !== 0 };
         const color = this.#nextColor();
-        font.family = this.#nextText();
+        const font = { family: this.#nextText(), size, bold };
         this.#texts.draw(this.#context, this.#nextText(), rect, font, style, color);
     }
 
     image() {
         const picture = this.#pictures.bitmap(this.#next());
-        const rect = [this.#next(), this.#next(), this.#next(), this.#next()];
+        const [x, y, width, height] = [this.#next(), this.#next(), this.#next(), this.#next()];
         this.#context.globalAlpha = this.#next();
         if (picture) {
-            this.#context.drawImage(picture, ...rect);
+            this.#context.drawImage(picture, x, y, width, height);
         }
         this.#context.globalAlpha = 1;
     }

@@ -1,6 +1,6 @@
 /** Pictures under the numbers by which the program calls them. */
 
-/** The size that a PNG or JPEG file says it has; null when it is neither. */
+/** The size that a PNG or JPEG file says it has; null when it is neither. @param {Uint8Array} bytes */
 function pictureSize(bytes) {
     const view = new DataView(bytes.buffer, bytes.byteOffset, bytes.byteLength);
     const isPng = bytes.length >= 24 && view.getUint32(0) === 0x89504e47 && view.getUint32(4) === 0x0d0a1a0a;
@@ -8,6 +8,7 @@ function pictureSize(bytes) {
     return size && size.width > 0 && size.height > 0 ? size : null;
 }
 
+/** @param {DataView} view */
 function jpegSize(view) {
     if (view.byteLength < 4 || view.getUint16(0) !== 0xffd8) {
         return null;
@@ -23,16 +24,20 @@ function jpegSize(view) {
 }
 
 export class Pictures {
+    /** @type {Map<number, ImageBitmap | null>} */
     #bitmaps = new Map();
     #lastNumber = 0;
     #whileDecoding;
 
-    /** The function gets a promise that is settled when a picture is decoded, or turned out to be none. */
+    /**
+     * The function gets a promise that is settled when a picture is decoded, or turned out to be none.
+     * @param {(decoded: Promise<void>) => void} whileDecoding
+     */
     constructor(whileDecoding) {
         this.#whileDecoding = whileDecoding;
     }
 
-    /** Its number and size; null when the bytes are no picture. */
+    /** Its number and size; null when the bytes are no picture. @param {Uint8Array<ArrayBuffer>} bytes */
     decode(bytes) {
         const size = pictureSize(bytes);
         if (!size) {
@@ -49,12 +54,13 @@ export class Pictures {
         return { number, ...size };
     }
 
+    /** @param {number} number */
     release(number) {
-        this.#bitmaps.get(number)?.close?.();
+        this.#bitmaps.get(number)?.close();
         this.#bitmaps.delete(number);
     }
 
-    /** What can be drawn; nothing for a picture that could not be decoded. */
+    /** What can be drawn; nothing for a picture that could not be decoded. @param {number} number */
     bitmap(number) {
         return this.#bitmaps.get(number);
     }

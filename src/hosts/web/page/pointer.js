@@ -10,11 +10,12 @@ const pixelsPerLine = 20;
 /** A touchpad does not say when its pinch is over. */
 const pinchPause = 250;
 
-/** Whether an event is the editor's own affair. */
+/** Whether an event is the editor's own affair. @param {Event} event */
 function isEditors(event) {
     return event.target instanceof Element && event.target.closest("input, textarea") !== null;
 }
 
+/** @param {Event} event */
 function seconds(event) {
     return event.timeStamp / 1000;
 }
@@ -27,17 +28,22 @@ export class Pointer {
     #stage;
     #call;
     /** The touches that are down, by the browser's own number. */
-    #touches = new Set();
+    #touches = /** @type {Set<number>} */ (new Set());
     #isButtonDown = false;
     #gestureScale = 1;
     #pinchTimer = 0;
     #lastEnd = -Infinity;
 
-    /** `call(name, ...numbers)` calls the program. */
+    /**
+     * `call(name, ...numbers)` calls the program.
+     * @param {HTMLElement} stage @param {(name: string, ...values: (number | boolean)[]) => void} call
+     */
     constructor(stage, call) {
         this.#stage = stage;
         this.#call = call;
+        /** @type {(name: string, handler: (event: any) => void) => void} */
         const listen = (name, handler) => stage.addEventListener(name, handler, { passive: false });
+        /** @type {(name: string, handler: (event: any) => void) => void} */
         const on = (name, handler) => listen(name, (event) => isEditors(event) || handler(event));
         on("pointerdown", (event) => this.#down(event));
         on("pointermove", (event) => this.#move(event));
@@ -54,7 +60,7 @@ export class Pointer {
         }
     }
 
-    /** Whether a pointer was let go this short a time ago. */
+    /** Whether a pointer was let go this short a time ago. @param {number} milliseconds */
     wasUsedWithin(milliseconds) {
         return performance.now() - this.#lastEnd < milliseconds;
     }
@@ -73,15 +79,18 @@ export class Pointer {
         this.#call("buttonCancelled", now());
     }
 
+    /** @param {MouseEvent} event */
     #point(event) {
         const box = this.#stage.getBoundingClientRect();
         return [event.clientX - box.x, event.clientY - box.y];
     }
 
+    /** @param {PointerEvent} event @param {number} phase */
     #touch(event, phase) {
         this.#call("touchChanged", event.pointerId, phase, ...this.#point(event), seconds(event));
     }
 
+    /** @param {PointerEvent} event */
     #down(event) {
         if (event.pointerType !== "mouse") {
             this.#capture(event);
@@ -94,7 +103,7 @@ export class Pointer {
         }
     }
 
-    /** So that a finger that leaves the page is not lost. */
+    /** So that a finger that leaves the page is not lost. @param {PointerEvent} event */
     #capture(event) {
         try {
             this.#stage.setPointerCapture(event.pointerId);
@@ -103,6 +112,7 @@ export class Pointer {
         }
     }
 
+    /** @param {PointerEvent} event */
     #move(event) {
         const leftButton = 1;
         if (event.pointerType !== "mouse") {
@@ -115,6 +125,7 @@ export class Pointer {
         }
     }
 
+    /** @param {PointerEvent} event @param {number} phase */
     #up(event, phase) {
         const isMouse = event.pointerType === "mouse";
         if (isMouse ? !this.#isButtonDown : !this.#touches.delete(event.pointerId)) {
@@ -133,6 +144,7 @@ export class Pointer {
         }
     }
 
+    /** @param {WheelEvent} event */
     #wheel(event) {
         if (!event.ctrlKey && event.target instanceof HTMLTextAreaElement) {
             return;
@@ -151,6 +163,7 @@ export class Pointer {
         }
     }
 
+    /** @param {MouseEvent & { scale: number }} event */
     #gesture(event) {
         if (this.#touches.size === 0) {
             this.#call("pinched", ...this.#point(event), event.scale / this.#gestureScale, seconds(event));

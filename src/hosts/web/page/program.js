@@ -3,19 +3,34 @@
  * Page.h says what the program calls, main.cpp what it can be called with.
  */
 
+/**
+ * What the program uses of the page.
+ * @typedef {{
+ *     screen: import("./screen.js").Screen, painter: import("./painter.js").Painter,
+ *     texts: import("./texts.js").Texts, pictures: import("./pictures.js").Pictures,
+ *     editor: import("./editor.js").Editor, files: import("./files.js").Files,
+ *     clock: import("./clock.js").Clock, locale: typeof import("./locale.js"),
+ *     effects: import("./effects.js").Effects
+ * }} Page
+ */
+
 const decoder = new TextDecoder("utf-8", { ignoreBOM: true });
 const encoder = new TextEncoder();
 
 export class Program {
+    /** @type {any} */
     #exports;
     #errorText = "";
     #hasStopped = false;
     /** How many calls are under way, one inside the other. */
     #depth = 0;
-    /** Told once, with the program's last words, when it could not go on. Nothing of it runs after that. */
+    /**
+     * Told once, with the program's last words, when it could not go on. Nothing of it runs after that.
+     * @type {(details: string) => void}
+     */
     onFatal = () => {};
 
-    /** `page` has the services that the program uses; see imports() below. */
+    /** @param {Promise<Response>} source @param {Page} page */
     static async load(source, page) {
         const program = new Program();
         const imports = {
@@ -28,7 +43,10 @@ export class Program {
         return program;
     }
 
-    /** Calls a function of the program. After its end, nothing happens and the answer is 0. */
+    /**
+     * Calls a function of the program. After its end, nothing happens and the answer is 0.
+     * @param {string} name @param {...(number | boolean)} values
+     */
     call(name, ...values) {
         if (this.#hasStopped) {
             return 0;
@@ -48,6 +66,7 @@ export class Program {
         }
     }
 
+    /** @param {Error} error */
     #fail(error) {
         if (!this.#hasStopped) {
             this.#hasStopped = true;
@@ -65,7 +84,10 @@ export class Program {
         return this.#hasStopped;
     }
 
-    /** Copies bytes to where the next call finds them. Returns how many they are. */
+    /**
+     * Copies bytes to where the next call finds them. Returns how many they are.
+     * @param {Uint8Array} bytes
+     */
     send(bytes) {
         const room = this.call("makeRoom", bytes.length);
         if (this.#hasStopped) {
@@ -75,26 +97,33 @@ export class Program {
         return bytes.length;
     }
 
+    /** @param {string} text */
     sendText(text) {
         return this.send(encoder.encode(text));
     }
 
-    /** Valid until the program is called again. */
+    /**
+     * Valid until the program is called again.
+     * @param {number} start @param {number} length @returns {Uint8Array<ArrayBuffer>}
+     */
     bytes(start, length) {
         return new Uint8Array(this.#exports.memory.buffer, start, length);
     }
 
+    /** @param {number} start @param {number} count @returns {Float64Array<ArrayBuffer>} */
     numbers(start, count) {
         return new Float64Array(this.#exports.memory.buffer, start, count);
     }
 
+    /** @param {number} start @param {number} length */
     text(start, length) {
         return decoder.decode(this.bytes(start, length));
     }
 
     /** What the C library wants of an operating system: somewhere to write its last words. */
     #system() {
-        const written = (descriptor, vectors, count, total) => {
+        /** @type {(descriptor: number, vectors: number, count: number, total: number) => number} */
+        const written = (_, vectors, count, total) => {
             const view = new DataView(this.#exports.memory.buffer);
             let sum = 0;
             for (let i = 0; i < count; ++i) {
@@ -109,13 +138,14 @@ export class Program {
             fd_write: written,
             fd_close: () => 0,
             fd_seek: () => 70,
-            proc_exit(code) {
+            proc_exit(/** @type {number} */ code) {
                 throw new Error(`The program ended with ${code}`);
             },
         };
     }
 }
 
+/** @param {Promise<Response>} source @param {WebAssembly.Imports} imports */
 async function instantiate(source, imports) {
     const response = await source;
     if (!response.ok) {
@@ -129,8 +159,9 @@ async function instantiate(source, imports) {
     return WebAssembly.instantiate(await response.arrayBuffer(), imports);
 }
 
+/** @param {Program} program @param {Page} page @returns {Record<string, (...values: any[]) => any>} */
 function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects }) {
-    const text = (start, length) => program.text(start, length);
+    const text = (/** @type {number} */ start, /** @type {number} */ length) => program.text(start, length);
     return {
         pageNow: () => performance.now() / 1000,
         pageWallTime: () => Date.now() / 1000,
@@ -171,8 +202,8 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pagePlaceEditor: (x, y, width, height, clipX, clipY, clipWidth, clipHeight, opacity) => editor.place(
             { x, y, width, height }, { x: clipX, y: clipY, width: clipWidth, height: clipHeight }, opacity),
         pageEndEditing() {
-            const text = editor.end();
-            return text === null ? -1 : program.sendText(text);
+            const typed = editor.end();
+            return typed === null ? -1 : program.sendText(typed);
         },
 
         pageFileExists: (start, length) => files.exists(text(start, length)),

@@ -1,8 +1,9 @@
 /**
  * How many device pixels a length in points takes. The browser's own word counts, as it knows how it rounds, but
  * not while it only pretends to have another screen.
+ * @param {number} length @param {number} [exact]
  */
-function wholePixels(length, exact) {
+function wholePixels(length, exact = NaN) {
     const pixels = length * devicePixelRatio;
     const isPlausible = Math.abs(exact - pixels) < 1;
     return Math.max(1, isPlausible ? exact : Math.round(pixels));
@@ -18,13 +19,14 @@ export class Screen {
     width = 1;
     height = 1;
     scale = 1;
-    /** Draws a frame: what changed, or everything. */
+    /** Draws a frame: what changed, or everything. @type {(everything: boolean) => void} */
     onFrame = () => {};
     /** The size or the scale is another one, and the canvas is empty. */
     onChange = () => {};
     /** A frame was drawn. */
     onFrameDone = () => {};
 
+    /** @param {HTMLCanvasElement} canvas */
     constructor(canvas) {
         this.#canvas = canvas;
         this.#measure();
@@ -61,7 +63,7 @@ export class Screen {
         this.requestFrame();
     }
 
-    /** No frame is shown before this promise is settled. */
+    /** No frame is shown before this promise is settled. @param {Promise<unknown>} promise */
     holdFrames(promise) {
         ++this.#holds;
         const release = () => {
@@ -92,6 +94,7 @@ export class Screen {
         this.onFrameDone();
     }
 
+    /** @param {ResizeObserverEntry} [entry] */
     #measure(entry) {
         const box = this.#canvas.getBoundingClientRect();
         const exact = entry?.devicePixelContentBoxSize?.[0];
@@ -112,6 +115,7 @@ export class Screen {
         return true;
     }
 
+    /** @param {ResizeObserverEntry} [entry] */
     #resized(entry) {
         if (!this.#measure(entry)) {
             return;

@@ -22,17 +22,28 @@ export function openStorage() {
     return Storage.open();
 }
 
-class Storage {
+export class Storage {
     /** Called once, when a write was refused because another page owns the files now. */
     onLost = () => {};
 
+    /** @type {IDBDatabase | null} */
     #database = null;
+    /** @type {Promise<void> | null} */
     #connecting = null;
     #owner = 0;
-    // As the program sees them, and as the database is known to hold them. Bytes never change.
+    /**
+     * As the program sees them. Bytes never change.
+     * @type {Map<string, Uint8Array>}
+     */
     #files = new Map();
+    /**
+     * As the database is known to hold them.
+     * @type {Map<string, Uint8Array>}
+     */
     #stored = new Map();
+    /** @type {Promise<void> | null} */
     #nextWrite = null;
+    /** @type {Set<Promise<void>>} */
     #writesUnderWay = new Set();
     #isLost = false;
     #isClosed = false;
@@ -49,11 +60,12 @@ class Storage {
         return storage;
     }
 
+    /** @param {string} path */
     exists(path) {
         return this.#files.has(path);
     }
 
-    /** The whole file, not to be changed; null when there is none. */
+    /** The whole file, not to be changed; null when there is none. @param {string} path */
     read(path) {
         return this.#files.get(path) ?? null;
     }
@@ -61,6 +73,7 @@ class Storage {
     /**
      * Puts a copy of these bytes in the file's place. Resolves when they are on the disk. Rejects with an
      * Error that says why they are not; the file is then as it was.
+     * @param {string} path @param {Uint8Array} bytes
      */
     replace(path, bytes) {
         this.#files.set(path, bytes.slice());
@@ -70,6 +83,7 @@ class Storage {
     /**
      * Gives a file a name that no other file has, in the same transaction as what else this task writes:
      * when that fails, the file has its old name again.
+     * @param {string} path
      */
     setAside(path) {
         const bytes = this.read(path);
@@ -117,6 +131,7 @@ class Storage {
         return this.#nextWrite;
     }
 
+    /** @param {Promise<void>} write */
     #end(write) {
         this.#writesUnderWay.delete(write);
         // A later write may still succeed, and it writes what this one could not.
@@ -140,7 +155,7 @@ class Storage {
     async #storeOrReconnect() {
         if (this.#database) {
             try {
-                await this.#transact();
+                await this.#transact(this.#database);
                 return;
             } catch (error) {
                 if (this.#isLost || this.#isClosed || error.name === "QuotaExceededError") {
@@ -151,18 +166,20 @@ class Storage {
             }
         }
         await this.#connect();
-        await this.#transact();
+        await this.#transact(/** @type {IDBDatabase} */ (this.#database));
     }
 
-    async #transact() {
+    /** @param {IDBDatabase} database */
+    async #transact(database) {
         const files = new Map(this.#files);
         const successor = this.#owner + 1;
         let isRefused = false;
         try {
-            await inTransaction(this.#database, (transaction) => {
+            await inTransaction(database, (transaction) => {
                 const owners = transaction.objectStore("owners");
-                owners.add(true, successor).onerror = (event) => {
-                    isRefused = event.target.error.name === "ConstraintError";
+                const adding = owners.add(true, successor);
+                adding.onerror = () => {
+                    isRefused = adding.error?.name === "ConstraintError";
                 };
                 owners.delete(successor);
                 this.#putChanges(transaction.objectStore("files"), files);
@@ -175,6 +192,7 @@ class Storage {
     }
 
     // Measured by what the database surely holds, and not by earlier writes that may fail yet.
+    /** @param {IDBObjectStore} store @param {Map<string, Uint8Array>} files */
     #putChanges(store, files) {
         for (const [path, bytes] of files) {
             if (this.#stored.get(path) !== bytes) {
@@ -232,8 +250,10 @@ class Storage {
 }
 
 // Rejects when this takes too long: a frozen page, or a disk that hangs, may stand in the way for good.
+/** @template T @param {Promise<T>} promise @param {() => void} onTooLate @returns {Promise<T>} */
 function patiently(promise, onTooLate) {
     let timer = 0;
+    /** @type {Promise<never>} */
     const tooLate = new Promise((_, reject) => {
         timer = setTimeout(() => {
             onTooLate();
@@ -244,6 +264,7 @@ function patiently(promise, onTooLate) {
 }
 
 function openDatabase() {
+    /** @type {Promise<IDBDatabase>} */
     const opening = new Promise((resolve, reject) => {
         const request = indexedDB.open(databaseName, databaseVersion);
         request.onupgradeneeded = () => {
@@ -262,12 +283,16 @@ function openDatabase() {
 
 // Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
 // become it since.
+/** @param {IDBDatabase} database @param {number} formerOwner */
 async function claim(database, formerOwner) {
-    const claimed = { isOwned: true, owner: formerOwner, files: new Map() };
+    /** @type {Map<string, Uint8Array>} */
+    const files = new Map();
+    const claimed = { isOwned: true, owner: formerOwner, files };
     await inTransaction(database, (transaction) => {
         const owners = transaction.objectStore("owners");
-        owners.openKeyCursor(null, "prev").onsuccess = (event) => {
-            const newest = event.target.result?.key ?? formerOwner;
+        const search = owners.openKeyCursor(null, "prev");
+        search.onsuccess = () => {
+            const newest = Number(search.result?.key ?? formerOwner);
             if (formerOwner > 0 && newest !== formerOwner) {
                 claimed.isOwned = false;
                 return;
@@ -276,17 +301,20 @@ async function claim(database, formerOwner) {
             owners.put(true, claimed.owner);
             owners.delete(IDBKeyRange.upperBound(claimed.owner - keptOwners));
         };
-        const files = transaction.objectStore("files");
-        const paths = files.getAllKeys();
-        files.getAll().onsuccess = (event) => {
-            paths.result.forEach((path, place) => claimed.files.set(path, event.target.result[place]));
+        const store = transaction.objectStore("files");
+        const paths = store.getAllKeys();
+        const contents = store.getAll();
+        contents.onsuccess = () => {
+            paths.result.forEach((path, place) => files.set(String(path), contents.result[place]));
         };
     });
     return claimed;
 }
 
+/** @param {IDBDatabase} database @param {(transaction: IDBTransaction) => void} body */
 function inTransaction(database, body) {
     const transaction = database.transaction(["files", "owners"], "readwrite", { durability: "strict" });
+    /** @type {Promise<void>} */
     const ending = new Promise((resolve, reject) => {
         transaction.oncomplete = () => resolve();
         transaction.onabort = () => reject(transaction.error ?? new Error("the browser gave it up"));
@@ -300,6 +328,7 @@ function inTransaction(database, body) {
     return patiently(ending, () => ending.catch(() => {}));
 }
 
+/** @param {Error} error */
 function reasonOf(error) {
     return error.message || error.name;
 }

@@ -7,6 +7,7 @@
 
 // assemble.cmake fills these in: each file has the SHA-256 of what it holds.
 const version = "@VERSION@";
+/** @type {Record<string, string>} */
 const files = { /*@FILES@*/ };
 
 // Stands on the screen for the moment in which the newer worker takes over, and uses no file of either version.
@@ -21,14 +22,15 @@ const updatePage = {
     },
 };
 
-const { registration } = self;
+const worker = /** @type {ServiceWorkerGlobalScope} */ (/** @type {unknown} */ (self));
+const { registration } = worker;
 const cachePrefix = `velmorath ${registration.scope} `;
 const cacheName = cachePrefix + version;
 
-self.addEventListener("install", (event) => event.waitUntil(install()));
-self.addEventListener("activate", (event) => event.waitUntil(activate()));
-self.addEventListener("message", () => self.skipWaiting());
-self.addEventListener("fetch", (event) => {
+worker.addEventListener("install", (event) => event.waitUntil(install()));
+worker.addEventListener("activate", (event) => event.waitUntil(activate()));
+worker.addEventListener("message", () => worker.skipWaiting());
+worker.addEventListener("fetch", (event) => {
     const path = pathOf(event.request);
     if (path === null) {
         return;
@@ -46,10 +48,11 @@ async function activate() {
     const names = await caches.keys();
     const outdated = names.filter((name) => name.startsWith(cachePrefix) && name !== cacheName);
     await Promise.all(outdated.map((name) => caches.delete(name)));
-    await self.clients.claim();
+    await worker.clients.claim();
 }
 
 // A server in the middle of being updated has files of either version: the digest tells them apart.
+/** @param {string} path @returns {Promise<[string, Response]>} */
 async function download(path) {
     const response = await fetch(path, { cache: "reload" });
     const bytes = await response.arrayBuffer();
@@ -60,12 +63,14 @@ async function download(path) {
     return [path, new Response(bytes, { headers: response.headers })];
 }
 
+/** @param {ArrayBuffer} bytes */
 async function digest(bytes) {
     const hash = new Uint8Array(await crypto.subtle.digest("SHA-256", bytes));
     return Array.from(hash, (byte) => byte.toString(16).padStart(2, "0")).join("");
 }
 
 // The name in the list of files of what is asked for, null when that is not in the list.
+/** @param {Request} request */
 function pathOf(request) {
     const { origin, pathname } = new URL(request.url);
     const address = origin + pathname;
@@ -77,18 +82,21 @@ function pathOf(request) {
     return Object.hasOwn(files, path) ? path : null;
 }
 
+/** @param {Request} request @param {string} path */
 async function answer(request, path) {
     const cache = await caches.open(cacheName);
     return (await cache.match(path, { ignoreVary: true })) ?? fetch(request);
 }
 
+/** @param {FetchEvent} event */
 async function openPage(event) {
     const isUpdate = registration.waiting && (await isReloadOfOnlyPage(event));
     return isUpdate ? new Response(updatePage.text, updatePage) : answer(event.request, "./");
 }
 
+/** @param {FetchEvent} event */
 async function isReloadOfOnlyPage(event) {
-    const pages = await self.clients.matchAll({ type: "window", includeUncontrolled: true });
+    const pages = await worker.clients.matchAll({ type: "window", includeUncontrolled: true });
     const others = pages.filter((page) => page.id !== event.resultingClientId);
     return event.request.cache === "no-cache" && others.length <= 1;
 }

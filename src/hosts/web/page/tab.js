@@ -14,16 +14,20 @@ const listName = "velmorath";
  *
  * A browser that cannot tell who holds the list (where the page's address is not a secure one) lets every
  * page hold it.
+ * @param {{ onTaken: () => Promise<void>, wait?: number }} options
+ * @returns {Promise<{ held: true } | { held: false, takeOver: () => Promise<void> }>}
  */
 export async function holdList({ onTaken, wait = 3000 }) {
     if (!navigator.locks || (await acquire({ ifAvailable: true }, onTaken))) {
         return { held: true };
     }
+    /** @type {Promise<void> | null} */
     let takingOver = null;
     const takeOver = () => (takingOver ??= takeList(onTaken, wait));
     return { held: false, takeOver };
 }
 
+/** @param {() => Promise<void>} onTaken @param {number} wait */
 async function takeList(onTaken, wait) {
     const channel = new BroadcastChannel(listName);
     channel.postMessage("take over");
@@ -36,23 +40,27 @@ async function takeList(onTaken, wait) {
 }
 
 // Resolves to whether this page has the list now. It keeps it until another page takes it.
+/** @param {LockOptions} options @param {() => Promise<void>} onTaken @returns {Promise<boolean>} */
 function acquire(options, onTaken) {
     return new Promise((resolve, reject) => {
+        /** @type {BroadcastChannel | null} */
         let channel = null;
+        /** @type {Promise<void> | null} */
         let taken = null;
         const take = () => {
-            channel.close();
+            channel?.close();
             taken ??= onTaken();
             return taken;
         };
-        const hold = (lock) => {
+        const hold = (/** @type {Lock | null} */ lock) => {
             resolve(lock !== null);
             if (!lock) {
                 return null;
             }
-            channel = new BroadcastChannel(listName);
+            const opened = new BroadcastChannel(listName);
+            channel = opened;
             return new Promise((release) => {
-                channel.onmessage = () => release(take());
+                opened.onmessage = () => release(take());
             });
         };
         // Once it is held, only a page that would not wait any longer makes this fail.

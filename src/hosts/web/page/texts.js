@@ -3,50 +3,65 @@
  * editing starts. Everything is laid out in device pixels, as browsers do.
  */
 
+/** @import { Screen } from "./screen.js" */
+
+/** @typedef {{ family: string, size: number, bold: boolean }} Font */
+/** @typedef {{ x: number, y: number, width: number, height: number }} Rect */
+/** @typedef {{ text: string, fromTheRight: boolean }} Line */
+
 const leading = 1.2;
 /** In characters: many lines, but not more than a browser looks through in no time. */
 const longestPiece = 2000;
 const strongCharacter = /[\p{L}\p{Nl}\u07c0-\u07c9\u061c\u200e\u200f]/u;
 const rightToLeft = /[\u200f\u0590-\u08ff\ufb1d-\ufdff\ufe70-\ufeff\u{10800}-\u{10fff}\u{1e800}-\u{1efff}]/u;
 
-/** The direction of the first strong character. */
+/** The direction of the first strong character. @param {string} text */
 export function readsFromTheRight(text) {
     const first = strongCharacter.exec(text);
     return first !== null && rightToLeft.test(first[0]);
 }
 
+/** @param {Font} font */
 function cssFamily(font) {
     return font.family ? `${JSON.stringify(font.family)}, system-ui, sans-serif` : "system-ui, sans-serif";
 }
 
+/** @param {Font} font @param {number} scale */
 export function cssFont(font, scale) {
     return `${font.bold ? "bold " : ""}${font.size * scale}px ${cssFamily(font)}`;
 }
 
-/** As "left" and "right", for a text that reads this way. */
+/**
+ * As "left" and "right", for a text that reads this way.
+ * @param {number} alignment @param {boolean} fromTheRight
+ */
 function side(alignment, fromTheRight) {
-    return [fromTheRight ? "right" : "left", "left", "center", "right"][alignment];
+    return /** @type {const} */ ([fromTheRight ? "right" : "left", "left", "center", "right"])[alignment];
 }
 
-/** What stands in one line: nothing breaks it. */
+/** What stands in one line: nothing breaks it. @param {string} text */
 function inOneLine(text) {
     return text.replace(/[\u0000-\u001f\u2028\u2029]/g, " ");
 }
 
+/** @template T */
 class Cache {
+    /** @type {Map<string, T>} */
     #entries = new Map();
     #limit;
 
+    /** @param {number} limit */
     constructor(limit) {
         this.#limit = limit;
     }
 
+    /** @param {string} key @param {() => T} make */
     find(key, make) {
         let value = this.#entries.get(key);
         if (value === undefined) {
             value = make();
             if (this.#entries.size >= this.#limit) {
-                this.#entries.delete(this.#entries.keys().next().value);
+                this.#entries.delete(/** @type {string} */ (this.#entries.keys().next().value));
             }
         } else {
             this.#entries.delete(key);
@@ -58,26 +73,37 @@ class Cache {
 
 export class Texts {
     #screen;
-    #context = document.createElement("canvas").getContext("2d");
+    #context = /** @type {CanvasRenderingContext2D} */ (document.createElement("canvas").getContext("2d"));
     #graphemes = new Intl.Segmenter(undefined, { granularity: "grapheme" });
     #paragraph = document.createElement("div");
+    #words = document.createTextNode("");
     #line = document.createElement("div");
     /** An empty box in the line, which stands on its base line. */
     #foot = document.createElement("span");
+    /** @type {Cache<number>} */
     #lineHeights = new Cache(50);
+    /** @type {Cache<number>} */
     #baselines = new Cache(50);
+    /** @type {Cache<string>} */
     #lines = new Cache(300);
+    /** @type {Cache<Line[]>} */
     #paragraphs = new Cache(20);
 
-    /** `box` is an element to lay out text in: in the page, but never seen. */
+    /**
+     * `box` is an element to lay out text in: in the page, but never seen.
+     * @param {Screen} screen @param {HTMLElement} box
+     */
     constructor(screen, box) {
         this.#screen = screen;
-        this.#paragraph.append("");
+        this.#paragraph.append(this.#words);
         this.#line.append("x", this.#foot);
         box.append(this.#paragraph, this.#line);
     }
 
-    /** Width and height in points, and 1 when it reads from the right. */
+    /**
+     * Width and height in points, and 1 when it reads from the right.
+     * @param {string} text @param {Font} font @param {number} wrapWidth
+     */
     measure(text, font, wrapWidth) {
         const scale = this.#screen.scale;
         const fromTheRight = readsFromTheRight(text) ? 1 : 0;
@@ -90,7 +116,7 @@ export class Texts {
         return [this.#width(inOneLine(text), font) / scale, lineHeight / scale, fromTheRight];
     }
 
-    /** In device pixels. */
+    /** In device pixels. @param {Font} font */
     lineHeight(font) {
         const css = cssFont(font, this.#screen.scale);
         return this.#lineHeights.find(css, () => {
@@ -101,7 +127,15 @@ export class Texts {
         });
     }
 
-    /** `rect` is in points of the context's transform. Alignment is a number as in CGTextAlignment. */
+    /**
+     * `rect` is in points of the context's transform. Alignment is a number as in CGTextAlignment.
+     * @param {CanvasRenderingContext2D} context
+     * @param {string} text
+     * @param {Rect} rect
+     * @param {Font} font
+     * @param {{ alignment: number, wraps: boolean }} style
+     * @param {string} color
+     */
     draw(context, text, rect, font, { alignment, wraps }, color) {
         const scale = this.#screen.scale;
         const transform = context.getTransform();
@@ -123,6 +157,14 @@ export class Texts {
         context.restore();
     }
 
+    /**
+     * @param {CanvasRenderingContext2D} context
+     * @param {Line[]} lines
+     * @param {Font} font
+     * @param {number} alignment
+     * @param {number} width
+     * @param {number} height
+     */
     #drawParagraphs(context, lines, font, alignment, width, height) {
         const lineHeight = this.lineHeight(font);
         const { d, f } = context.getTransform();
@@ -137,7 +179,10 @@ export class Texts {
         }
     }
 
-    /** Where the browser puts the base line in a line of this height, all in device pixels. */
+    /**
+     * Where the browser puts the base line in a line of this height, all in device pixels.
+     * @param {Font} font @param {number} height
+     */
     #baseline(font, height) {
         const { scale } = this.#screen;
         const css = cssFont(font, 1);
@@ -148,12 +193,16 @@ export class Texts {
         });
     }
 
+    /** @param {string} line @param {Font} font */
     #width(line, font) {
         this.#context.font = cssFont(font, this.#screen.scale);
         return this.#context.measureText(line).width;
     }
 
-    /** The line, or as much of its beginning as fits and an ellipsis. */
+    /**
+     * The line, or as much of its beginning as fits and an ellipsis.
+     * @param {string} text @param {Font} font @param {number} width
+     */
     #fitting(text, font, width) {
         // No screen has room for more characters than this.
         const beginning = text.slice(0, 5000);
@@ -178,7 +227,10 @@ export class Texts {
         });
     }
 
-    /** The lines into which the browser breaks a text at this width in points, each with its paragraph's direction. */
+    /**
+     * The lines into which the browser breaks a text at this width in points, each with its paragraph's direction.
+     * @param {string} text @param {Font} font @param {number} width
+     */
     #wrapped(text, font, width) {
         return this.#paragraphs.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
             const lineHeight = this.lineHeight(font);
@@ -186,27 +238,37 @@ export class Texts {
             style.font = cssFont(font, 1);
             style.lineHeight = `${lineHeight / this.#screen.scale}px`;
             style.width = `${width}px`;
-            const node = this.#paragraph.firstChild;
             const lines = text.split("\n").flatMap((paragraph) => {
                 const fromTheRight = readsFromTheRight(paragraph);
                 const isShort = !paragraph.includes("\t") && this.#width(paragraph, font) < width * this.#screen.scale - 1;
-                const broken = isShort ? [paragraph] : brokenLines(node, paragraph);
+                const broken = isShort ? [paragraph] : brokenLines(this.#words, paragraph);
                 return broken.map((line) => ({ text: line, fromTheRight }));
             });
-            node.data = "";
+            this.#words.data = "";
             return lines;
         });
     }
 }
 
+/**
+ * @param {CanvasRenderingContext2D} context
+ * @param {Line} line
+ * @param {number} alignment
+ * @param {number} width
+ * @param {number} baseline
+ */
 function drawLine(context, { text, fromTheRight }, alignment, width, baseline) {
     context.direction = fromTheRight ? "rtl" : "ltr";
-    context.textAlign = side(alignment, fromTheRight);
-    const x = { left: 0, center: width / 2, right: width }[context.textAlign];
+    const end = side(alignment, fromTheRight);
+    context.textAlign = end;
+    const x = { left: 0, center: width / 2, right: width }[end];
     context.fillText(text, x, baseline);
 }
 
-/** The lines of a paragraph, as the element around this node breaks them. */
+/**
+ * The lines of a paragraph, as the element around this node breaks them.
+ * @param {Text} node @param {string} paragraph
+ */
 function brokenLines(node, paragraph) {
     const lines = [];
     let start = 0;
@@ -230,10 +292,10 @@ function brokenLines(node, paragraph) {
     return lines;
 }
 
-/** Where the lines of the node's text end; at least one. */
+/** Where the lines of the node's text end; at least one. @param {Text} node @param {string} text */
 function lineEnds(node, text) {
     const range = document.createRange();
-    const top = (index) => {
+    const top = (/** @type {number} */ index) => {
         range.setStart(node, index);
         range.setEnd(node, index + 1);
         return range.getBoundingClientRect().top;

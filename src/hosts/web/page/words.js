@@ -109,8 +109,9 @@ const tables = {
 /**
  * The words that the page itself says, in the first of these languages (tags, the preferred one first) that it
  * speaks, else in English. `language` is the tag of that language.
+ * @param {readonly string[]} languages
  */
 export function words(languages) {
     const language = languages.map((tag) => tag.split("-")[0].toLowerCase()).find((tag) => Object.hasOwn(tables, tag)) ?? "en";
-    return { language, ...tables[language] };
+    return { language, ...tables[/** @type {keyof typeof tables} */ (language)] };
 }

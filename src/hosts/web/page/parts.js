@@ -1,0 +1,7 @@
+/**
+ * An element of index.html, by its identifier.
+ * @param {string} id
+ */
+export function part(id) {
+    return /** @type {HTMLElement} */ (document.getElementById(id));
+}
