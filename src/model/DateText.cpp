@@ -11,7 +11,7 @@ std::string ottieniData()
     DateFormatter formatter;
     if (const auto zone = TimeZone::named("UTC"))
         formatter.setTimeZone(*zone);
-    const std::string nuovaData = formatter.string(Host::current().clock().wallTime());
+    std::string nuovaData = formatter.string(Host::current().clock().wallTime());
     print("👍👍👍👍👍👍 Local Time nuovaData : " + nuovaData);
     print(nuovaData);
     return nuovaData;
