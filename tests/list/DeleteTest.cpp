@@ -38,21 +38,6 @@ TEST_F(DeleteTest, TheRowsBelowCloseTheGapOneAfterAnother)
     EXPECT_EQ(row(3).backgroundColor(), (CGColor{0, 0.6, 1, 1}));
 }
 
-TEST_F(DeleteTest, TheLastRow)
-{
-    start({"One", "Two"});
-    swipe(1, -200);
-    host.advance(1);
-    EXPECT_EQ(shown(), (Lines{"One"}));
-    EXPECT_FALSE(host.draw().text("Two"));
-    swipe(0, -200);
-    host.advance(1);
-    EXPECT_EQ(saved(), Lines());
-    EXPECT_EQ(shown(), Lines());
-    EXPECT_EQ(badge(), 0);
-    EXPECT_TRUE(host.draw().texts().empty());
-}
-
 TEST_F(DeleteTest, AtTheEndOfALongListNothingStaysEmptyBelow)
 {
     Lines many;
@@ -66,24 +51,6 @@ TEST_F(DeleteTest, AtTheEndOfALongListNothingStaysEmptyBelow)
     EXPECT_EQ(table().contentOffset().y, 180);
     EXPECT_EQ(shown(), (Lines{"3", "4", "5", "6", "7", "8", "9", "10"}));
     EXPECT_EQ(row(7).frame(), CGRectMake(0, 600, 320, 60));
-}
-
-TEST_F(DeleteTest, OneRightAfterTheOther)
-{
-    start({"1", "2", "3", "4", "5", "6"});
-    swipe(1, -200);
-    host.advance(0.1);
-    swipe(2, -200);
-    swipe(0, -200);
-    host.advance(2);
-    EXPECT_EQ(saved(), (Lines{"3", "5", "6"}));
-    EXPECT_EQ(shown(), saved());
-    for (std::size_t place = 0; place < 3; ++place) {
-        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
-        EXPECT_FALSE(row(place).isHidden());
-        EXPECT_EQ(row(place).alpha(), 1);
-    }
-    EXPECT_EQ(badge(), 3);
 }
 
 TEST_F(DeleteTest, ANoteIsFoundByWhatItIsNotByItsText)

@@ -64,27 +64,6 @@ TEST_F(EditingTest, TheRowStaysAtTheTopWhenTheScreenChanges)
     EXPECT_EQ(row(3).frame(), CGRectMake(0, 180, 500, 60));
 }
 
-TEST_F(EditingTest, TappingOtherWordsCommitsTheOneAndEditsTheOther)
-{
-    start({"One", "Two", "Three"});
-    tapWords(0);
-    host.textInput().replaceText("Uno");
-    host.advance(0.5);
-    tapWords(1);
-    EXPECT_EQ(saved(), (Lines{"Uno", "Two", "Three"}));
-    EXPECT_TRUE(row(1).label->isEditing());
-    EXPECT_EQ(host.textInput().text(), "Two");
-    EXPECT_TRUE(list().tastieraAttiva);
-    host.advance(0.5);
-    EXPECT_EQ(host.textInput().frame().midY(), 30);
-    EXPECT_EQ(row(0).alpha(), 0.3);
-    EXPECT_EQ(row(1).alpha(), 1.0);
-    type("Due");
-    host.advance(0.5);
-    EXPECT_EQ(saved(), (Lines{"Uno", "Due", "Three"}));
-    EXPECT_EQ(shown(), saved());
-}
-
 TEST_F(EditingTest, AnEditedRowThatScrollsOutOfSightKeepsItsEditor)
 {
     start(Lines(40, "note"));

@@ -111,21 +111,6 @@ TEST_F(PinchTest, OnlyNeighbouringRowsAreSpread)
     EXPECT_EQ(notes(), numbers(4));
 }
 
-TEST_F(PinchTest, TwoFingersAreNoTapNoSwipeAndNoScroll)
-{
-    start(numbers(20));
-    takeLines();
-    TwoFingers fingers = onRows(1, 2);
-    fingers.spread(-100, 100);
-    fingers.lift();
-    onRows(1, 2).lift();
-    EXPECT_EQ(table().contentOffset().y, 0);
-    EXPECT_EQ(countLines("handlePan"), 0u);
-    EXPECT_EQ(countLines("scrollViewWillBeginDragging"), 0u);
-    EXPECT_FALSE(presented());
-    EXPECT_FALSE(host.textInput().isEditing());
-}
-
 TEST_F(PinchTest, NeverWhileTyping)
 {
     start(numbers(4));

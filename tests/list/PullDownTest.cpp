@@ -54,16 +54,6 @@ TEST_F(PullDownTest, ReleasedDeeperThanOneRowAddsANoteAndTypesIntoIt)
     EXPECT_EQ(badge(), 2);
 }
 
-TEST_F(PullDownTest, AnEmptyListCanBePulledToo)
-{
-    start({});
-    beginPull(70).lift();
-    host.advance(1);
-    type("First");
-    EXPECT_EQ(saved(), (Lines{"First"}));
-    EXPECT_EQ(row(0).backgroundColor(), (CGColor{0, 0, 1, 1}));
-}
-
 TEST_F(PullDownTest, GoingBackBelowTheTopEndsThePull)
 {
     start({"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"});

@@ -2,9 +2,6 @@
 #include "HostKey.h"
 #include "NFXIntroViewController.h"
 #include "ScreenTest.h"
-#include "TemporaryFolder.h"
-#include <filesystem>
-#include <fstream>
 
 namespace velmorath {
 
@@ -14,26 +11,9 @@ using Lines = std::vector<std::string>;
 
 class TutorialTest : public ScreenTest, public delegatoTutorialChiuso {
 protected:
-    explicit TutorialTest(std::string folder = makeResources())
-        : ScreenTest(folder)
-        , resources(std::move(folder))
-    {
-        start();
-    }
-    ~TutorialTest() override { std::filesystem::remove_all(resources); }
+    TutorialTest() { start(); }
 
     void chiusoTutorial() override { ++timesClosed; }
-
-    static std::string makeResources()
-    {
-        std::string folder = (std::filesystem::temp_directory_path() / "velmorath-XXXXXX").string();
-        if (!mkdtemp(folder.data()))
-            std::abort();
-        std::filesystem::create_directory(folder + "/pictures");
-        for (const char* name : {"1info", "2info"})
-            std::ofstream(folder + "/pictures/" + name + ".jpg") << "\xFF\xD8";
-        return folder;
-    }
 
     static std::vector<std::any> pictures(std::size_t count)
     {
@@ -74,7 +54,6 @@ protected:
         host.advance(1.5);
     }
 
-    const std::string resources;
     int timesClosed = 0;
 };
 
@@ -153,7 +132,7 @@ TEST_F(TutorialTest, WhatCannotBeIsFatal)
     strip->setFrame(CGRectMake(0, 0, 1e-3, 1));
     EXPECT_DEATH(strip->setContentOffset({1e17, 0}), "no number") << "more pages than there are numbers";
 
-    std::filesystem::remove(resources + "/pictures/2info.jpg");
+    host.files().setHidden("2info.jpg");
     EXPECT_DEATH(presentTutorial(root(), *this), "2info.jpg is missing");
     host.screen().setDecodesImages(false);
     EXPECT_DEATH(made.initWithViews({}), "cannot be made");

@@ -29,8 +29,7 @@ public:
 
 } // namespace
 
-ScreenTest::ScreenTest(std::string resourceDirectory)
-    : host(std::move(resourceDirectory))
+ScreenTest::ScreenTest()
 {
     testing::FLAGS_gtest_death_test_style = "fast";
     CATimeline::main().reset();

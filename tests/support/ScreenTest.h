@@ -13,7 +13,7 @@ namespace velmorath {
 /// A program of one empty screen, 375 x 667 points, to put views on and to present screens from.
 class ScreenTest : public testing::Test {
 protected:
-    explicit ScreenTest(std::string resourceDirectory = VELMORATH_RESOURCES);
+    ScreenTest();
     ~ScreenTest() override;
 
     /// Starts the program; `finishLaunching` runs before there is a window.
@@ -35,7 +35,7 @@ protected:
     /// How many frames the program asks for in the next second.
     int framesInASecond();
 
-    HeadlessHost host;
+    HeadlessHost host{VELMORATH_RESOURCES};
 };
 
 } // namespace velmorath

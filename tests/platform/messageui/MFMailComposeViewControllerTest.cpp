@@ -22,7 +22,6 @@ protected:
         result = how;
         composer.dismiss(false);
     }
-    void tapCancel() { tap({48, 28}); }
     void tapSend() { tap({host.screen().size().width - 48, 28}); }
     const Lines& opened() { return host.effects().openedAddresses(); }
 

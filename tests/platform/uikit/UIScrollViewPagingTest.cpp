@@ -114,23 +114,6 @@ TEST_F(PagingTest, NeverLeavesTheEnds)
     EXPECT_EQ(settled(), 400) << "nothing to scroll up and down";
 }
 
-TEST_F(PagingTest, AFingerCatchesAMovingPage)
-{
-    drag(-120);
-    host.advance(0.05);
-    Finger finger(host, {150, 200});
-    const CGFloat caught = strip->contentOffset().x;
-    host.advance(0.3);
-    EXPECT_EQ(strip->contentOffset().x, caught);
-    EXPECT_GT(caught, 100);
-    finger.lift();
-    EXPECT_EQ(settled(), 200);
-
-    Finger cancelled = beginDrag(-60);
-    cancelled.cancel();
-    EXPECT_EQ(settled(), 200);
-}
-
 TEST_F(PagingTest, ScrollsARectangleIntoSight)
 {
     strip->scrollRectToVisible(CGRectMake(200, 61, 200, 300), true);

@@ -57,9 +57,6 @@ def adding(program):
     assert program.notes()[0][1] == f"{today:%b} {today.day}, {today.year}", program.notes()[0]
     assert program.notes()[1][1] is None, "a note that was never typed has no date"
 
-    program.drag((200, 100), (200, 170))  # released too early
-    time.sleep(0.5)
-    assert program.texts() == ["Buy milk", "Hello!"]
     add_by_pulling(program, "Call home")
     wait_for(lambda: len(program.texts()) == 3, "the third note")
     program.until_line(BEGINS, lambda: program.drag((200, 100), (200, 330)))
@@ -79,12 +76,6 @@ def swiping(program):
     wait_for(lambda: program.notes()[2][2] is False, "reopened")
     time.sleep(0.4)
     before = program.texts()
-    program.drag((200, row_middle(0)), (80, row_middle(0)))
-    time.sleep(0.4)
-    program.drag((100, row_middle(0)), (220, row_middle(0) + 130))
-    time.sleep(1.2)  # a list that still springs back is caught by the next finger
-    assert program.texts() == before, "short and diagonal ways do nothing"
-    assert program.notes()[0][2] is False
     program.drag((330, row_middle(2)), (60, row_middle(2)), release=False)
     picture(program, "swipe-left")
     program.release()
