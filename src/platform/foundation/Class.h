@@ -1,10 +1,8 @@
 #pragma once
 
 #include "Object.h"
-#include <functional>
+#include "Registry.h"
 #include <memory>
-#include <string>
-#include <string_view>
 
 namespace velmorath {
 
@@ -16,18 +14,15 @@ struct Class {
     std::function<bool(const Object&)> isKind;
 
     /// Nothing when no class of that name was entered.
-    static const Class* named(std::string_view);
+    static const Class* named(std::string_view name) { return Registry<Class>::find(name); }
 
     /// Entering a name again replaces what stood there.
     template <typename T> static void enter(std::string name)
     {
-        enter(std::move(name),
+        Registry<Class>::enter(std::move(name),
             {[] { return std::make_shared<T>(); },
                 [](const Object& object) { return dynamic_cast<const T*>(&object) != nullptr; }});
     }
-
-private:
-    static void enter(std::string name, Class);
 };
 
 } // namespace velmorath

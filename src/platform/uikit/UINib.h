@@ -1,10 +1,8 @@
 #pragma once
 
 #include "Object.h"
-#include <functional>
+#include "Registry.h"
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace velmorath {
@@ -17,7 +15,10 @@ public:
     using Make = std::function<Objects(Object& owner)>;
 
     /// Makes the file known under this name; a name that is known already stands for this one from now on.
-    static void enter(std::string name, Make);
+    static void enter(std::string name, Make make)
+    {
+        Registry<UINib>::enter(std::move(name), UINib(std::move(make)));
+    }
     /// It is fatal when none was entered under that name.
     static const UINib& named(std::string_view);
 

@@ -3,16 +3,6 @@
 
 namespace velmorath {
 
-namespace {
-
-std::map<std::string, std::unique_ptr<UIStoryboard>, std::less<>>& storyboards()
-{
-    static std::map<std::string, std::unique_ptr<UIStoryboard>, std::less<>> s_storyboards;
-    return s_storyboards;
-}
-
-} // namespace
-
 std::shared_ptr<UIViewController> UIStoryboardScene::destinationOf(const std::string& transition) const
 {
     const auto found = m_transitions.find(transition);
@@ -21,19 +11,18 @@ std::shared_ptr<UIViewController> UIStoryboardScene::destinationOf(const std::st
 
 void UIStoryboard::enter(std::string name, std::vector<UIStoryboardScene> scenes)
 {
-    auto storyboard = std::make_unique<UIStoryboard>();
-    storyboard->m_scenes = std::move(scenes);
-    for (UIStoryboardScene& scene : storyboard->m_scenes)
-        scene.m_storyboard = storyboard.get();
-    storyboards().insert_or_assign(std::move(name), std::move(storyboard));
+    UIStoryboard& storyboard = Registry<UIStoryboard>::enter(std::move(name), {});
+    storyboard.m_scenes = std::move(scenes);
+    for (UIStoryboardScene& scene : storyboard.m_scenes)
+        scene.m_storyboard = &storyboard;
 }
 
 const UIStoryboard& UIStoryboard::named(std::string_view name)
 {
-    const auto found = storyboards().find(name);
-    if (found == storyboards().end())
+    const UIStoryboard* found = Registry<UIStoryboard>::find(name);
+    if (!found)
         fatalError("There is no storyboard named " + std::string(name));
-    return *found->second;
+    return *found;
 }
 
 std::shared_ptr<UIViewController> UIStoryboard::instantiateInitialViewController() const

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "Registry.h"
 #include "UIViewController.h"
-#include <functional>
-#include <map>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace velmorath {
