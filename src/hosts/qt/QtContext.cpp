@@ -1,4 +1,5 @@
 #include "QtContext.h"
+#include "QtColor.h"
 #include "QtImage.h"
 #include "ShadowCache.h"
 #include "TextCache.h"
@@ -12,12 +13,6 @@ namespace {
 QRectF toQRect(const CGRect& rect)
 {
     return {rect.minX(), rect.minY(), rect.size.width, rect.size.height};
-}
-
-QColor toQColor(const CGColor& color)
-{
-    return {CGColor::toByte(color.red), CGColor::toByte(color.green), CGColor::toByte(color.blue),
-        CGColor::toByte(color.alpha)};
 }
 
 } // namespace

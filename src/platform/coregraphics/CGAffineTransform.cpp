@@ -24,13 +24,8 @@ CGRect CGAffineTransform::apply(const CGRect& rect) const
     const CGPoint corners[] = {apply(CGPoint{rect.minX(), rect.minY()}),
         apply(CGPoint{rect.maxX(), rect.minY()}), apply(CGPoint{rect.minX(), rect.maxY()}),
         apply(CGPoint{rect.maxX(), rect.maxY()})};
-    CGFloat left = corners[0].x, right = left, top = corners[0].y, bottom = top;
-    for (const CGPoint& corner : corners) {
-        left = std::min(left, corner.x);
-        right = std::max(right, corner.x);
-        top = std::min(top, corner.y);
-        bottom = std::max(bottom, corner.y);
-    }
+    const auto [left, right] = std::minmax({corners[0].x, corners[1].x, corners[2].x, corners[3].x});
+    const auto [top, bottom] = std::minmax({corners[0].y, corners[1].y, corners[2].y, corners[3].y});
     return CGRectMake(left, top, right - left, bottom - top);
 }
 

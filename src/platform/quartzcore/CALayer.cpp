@@ -86,7 +86,7 @@ void CALayer::addTransition(const CATransition& transition)
     m_contentBefore = nullptr;
     if (transition.duration <= 0 || !m_delegate)
         return;
-    m_contentBefore = m_delegate->keptLayerDrawing(*this);
+    m_contentBefore = m_delegate->keptDrawing();
     const double now = Host::current().clock().now();
     m_animations.push_back(CAAnimation<CGFloat>{&CALayerState::contentShare, 0, 1, now, transition.duration});
     CATimeline::main().keepRunningUntil(now + transition.duration);
@@ -145,7 +145,7 @@ void CALayer::drawBehindSublayers(CGContext& context, const CALayerState& shown)
 void CALayer::drawOwnContent(CGContext& context) const
 {
     if (m_delegate)
-        m_delegate->drawLayer(*this, context);
+        m_delegate->draw(context);
 }
 
 } // namespace velmorath

@@ -13,19 +13,17 @@
 
 namespace velmorath {
 
-class CALayer;
-
 /// Draws what is inside a layer: a view draws its text or picture this way.
 class CALayerDelegate {
 public:
     virtual ~CALayerDelegate() = default;
 
     /// In the layer's own coordinates. The background is drawn already; sublayers come after.
-    virtual void drawLayer(const CALayer&, CGContext&) = 0;
+    virtual void draw(CGContext&) const { }
 
-    /// What drawLayer() draws just now, to be drawn when the content has changed already; nothing when
-    /// it cannot be kept.
-    virtual std::function<void(CGContext&)> keptLayerDrawing(const CALayer&) const { return {}; }
+    /// What draw() draws just now, to be drawn when the content has changed already, and without the
+    /// delegate; nothing when it cannot be kept.
+    virtual std::function<void(CGContext&)> keptDrawing() const { return {}; }
 };
 
 /// The content fades from what it was into what it becomes, slow at both ends. Seconds.

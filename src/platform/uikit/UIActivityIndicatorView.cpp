@@ -26,12 +26,6 @@ UIActivityIndicatorView::UIActivityIndicatorView(const CGRect& frame)
     setHidden(true);
 }
 
-void UIActivityIndicatorView::setColor(const CGColor& color)
-{
-    m_color = color;
-    setNeedsDisplay();
-}
-
 void UIActivityIndicatorView::startAnimating()
 {
     m_isAnimating = true;
@@ -63,11 +57,7 @@ std::optional<UIAccessibilityInfo> UIActivityIndicatorView::accessibilityInfo()
 
 void UIActivityIndicatorView::turn(double now)
 {
-    const int spoke = static_cast<int>(std::fmod(now / secondsPerTurn, 1) * spokes);
-    if (spoke == m_spoke)
-        return;
-    m_spoke = spoke;
-    setNeedsDisplay();
+    setDrawn(m_spoke, static_cast<int>(std::fmod(now / secondsPerTurn, 1) * spokes));
 }
 
 void UIActivityIndicatorView::draw(CGContext& context) const

@@ -11,7 +11,7 @@ class UIActivityIndicatorView : public UIView {
 public:
     explicit UIActivityIndicatorView(const CGRect& frame);
 
-    void setColor(const CGColor&);
+    void setColor(const CGColor& color) { setDrawn(m_color, color); }
     void startAnimating();
     void stopAnimating();
 

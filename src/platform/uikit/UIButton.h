@@ -13,18 +13,20 @@ public:
     using UIControl::UIControl;
 
     const std::string& title() const { return m_title; }
-    void setTitle(std::string);
-    void setTitleColor(const CGColor&);
-    void setFont(const CGFont&);
-    void setImage(std::shared_ptr<UIImage>);
+    void setTitle(std::string title) { setDrawn(m_title, std::move(title)); }
+    void setTitleColor(const CGColor& color) { setDrawn(m_style.color, color); }
+    void setFont(const CGFont& font) { setDrawn(m_style.font, font); }
+    void setImage(std::shared_ptr<UIImage> image) { setDrawn(m_image, std::move(image)); }
     /// Fills the button behind its title while it is held down.
-    void setHighlightedBackgroundImage(std::shared_ptr<UIImage>);
+    void setHighlightedBackgroundImage(std::shared_ptr<UIImage> image)
+    {
+        setDrawn(m_highlightedBackgroundImage, std::move(image));
+    }
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
 protected:
     void draw(CGContext&) const override;
-    void highlightChanged() override { setNeedsDisplay(); }
 
 private:
     std::string m_title;

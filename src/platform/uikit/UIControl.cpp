@@ -16,14 +16,6 @@ bool isInside(const UIControl& control, const UITouches& touches)
 
 } // namespace
 
-void UIControl::setHighlighted(bool highlighted)
-{
-    if (m_highlighted == highlighted)
-        return;
-    m_highlighted = highlighted;
-    highlightChanged();
-}
-
 std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
 {
     return UIAccessibilityInfo{.role = AccessibilityRole::button,

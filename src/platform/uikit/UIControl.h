@@ -30,12 +30,9 @@ public:
     void touchesEnded(const UITouches&) override;
     void touchesCancelled(const UITouches&) override;
 
-protected:
-    virtual void highlightChanged() { }
-
 private:
     void press();
-    void setHighlighted(bool);
+    void setHighlighted(bool highlighted) { setDrawn(m_highlighted, highlighted); }
 
     std::vector<std::function<void(UIControl&)>> m_actions;
     bool m_highlighted = false;

@@ -2,12 +2,6 @@
 
 namespace velmorath {
 
-void UIImageView::setImage(std::shared_ptr<UIImage> image)
-{
-    m_image = std::move(image);
-    setNeedsDisplay();
-}
-
 std::optional<UIAccessibilityInfo> UIImageView::accessibilityInfo()
 {
     if (!m_image || m_image->accessibilityLabel().empty())

@@ -10,7 +10,7 @@ class UIImageView : public UIView {
 public:
     using UIView::UIView;
 
-    void setImage(std::shared_ptr<UIImage>);
+    void setImage(std::shared_ptr<UIImage> image) { setDrawn(m_image, std::move(image)); }
 
     /// What the picture says of itself. Without a label it is only there to be looked at.
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;

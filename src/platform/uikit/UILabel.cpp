@@ -3,40 +3,6 @@
 
 namespace velmorath {
 
-void UILabel::setText(std::string text)
-{
-    if (m_text == text)
-        return;
-    m_text = std::move(text);
-    setNeedsDisplay();
-}
-
-void UILabel::setTextColor(const CGColor& color)
-{
-    if (m_style.color == color)
-        return;
-    m_style.color = color;
-    setNeedsDisplay();
-}
-
-void UILabel::setFont(const CGFont& font)
-{
-    m_style.font = font;
-    setNeedsDisplay();
-}
-
-void UILabel::setTextAlignment(CGTextAlignment alignment)
-{
-    m_style.alignment = alignment;
-    setNeedsDisplay();
-}
-
-void UILabel::setWraps(bool wraps)
-{
-    m_style.wraps = wraps;
-    setNeedsDisplay();
-}
-
 std::optional<UIAccessibilityInfo> UILabel::accessibilityInfo()
 {
     const std::string& words = accessibilityLabel().empty() ? m_text : accessibilityLabel();
@@ -49,12 +15,6 @@ std::optional<UIAccessibilityInfo> UILabel::accessibilityInfo()
 CGFloat UILabel::heightFitting(CGFloat width) const
 {
     return Host::current().screen().measure(m_text, m_style.font, m_style.wraps ? width : 0).size.height;
-}
-
-void UILabel::setMinimumScaleFactor(CGFloat factor)
-{
-    m_minimumScaleFactor = factor;
-    setNeedsDisplay();
 }
 
 CGTextStyle UILabel::fittingStyle() const
@@ -70,16 +30,13 @@ CGTextStyle UILabel::fittingStyle() const
 
 void UILabel::draw(CGContext& context) const
 {
-    if (!m_text.empty())
-        context.drawText(m_text, bounds(), fittingStyle());
+    context.drawText(m_text, bounds(), fittingStyle());
 }
 
 std::function<void(CGContext&)> UILabel::keptDrawing() const
 {
-    return [text = m_text, rect = bounds(), style = fittingStyle()](CGContext& context) {
-        if (!text.empty())
-            context.drawText(text, rect, style);
-    };
+    return [text = m_text, rect = bounds(), style = fittingStyle()](
+               CGContext& context) { context.drawText(text, rect, style); };
 }
 
 } // namespace velmorath

@@ -13,15 +13,15 @@ public:
     using UIView::UIView;
 
     const std::string& text() const { return m_text; }
-    void setText(std::string);
+    void setText(std::string text) { setDrawn(m_text, std::move(text)); }
     const CGColor& textColor() const { return m_style.color; }
-    void setTextColor(const CGColor&);
-    void setFont(const CGFont&);
-    void setTextAlignment(CGTextAlignment);
-    void setWraps(bool);
+    void setTextColor(const CGColor& color) { setDrawn(m_style.color, color); }
+    void setFont(const CGFont& font) { setDrawn(m_style.font, font); }
+    void setTextAlignment(CGTextAlignment alignment) { setDrawn(m_style.alignment, alignment); }
+    void setWraps(bool wraps) { setDrawn(m_style.wraps, wraps); }
     /// A line that is too long is drawn smaller, down to this part of its font's size, before it is cut
     /// off. 1 at first: never smaller.
-    void setMinimumScaleFactor(CGFloat);
+    void setMinimumScaleFactor(CGFloat factor) { setDrawn(m_minimumScaleFactor, factor); }
 
     /// Whether it is the title of what comes below it.
     void setHeading(bool heading) { m_heading = heading; }

@@ -20,30 +20,13 @@ void replace(std::string& text, std::string_view placeholder, std::int64_t numbe
 
 void UIPageControl::setNumberOfPages(int pages)
 {
-    m_numberOfPages = pages;
+    setDrawn(m_numberOfPages, pages);
     setCurrentPage(m_currentPage);
-    setNeedsDisplay();
 }
 
 void UIPageControl::setCurrentPage(std::int64_t page)
 {
-    page = std::clamp<std::int64_t>(page, 0, std::max(0, m_numberOfPages - 1));
-    if (m_currentPage == page)
-        return;
-    m_currentPage = page;
-    setNeedsDisplay();
-}
-
-void UIPageControl::setPageIndicatorTintColor(const CGColor& color)
-{
-    m_tintColor = color;
-    setNeedsDisplay();
-}
-
-void UIPageControl::setCurrentPageIndicatorTintColor(const CGColor& color)
-{
-    m_currentTintColor = color;
-    setNeedsDisplay();
+    setDrawn(m_currentPage, std::clamp<std::int64_t>(page, 0, std::max(0, m_numberOfPages - 1)));
 }
 
 CGFloat UIPageControl::rowWidth() const

@@ -13,8 +13,8 @@ public:
     std::int64_t currentPage() const { return m_currentPage; }
     /// A page that does not exist means the nearest one.
     void setCurrentPage(std::int64_t);
-    void setPageIndicatorTintColor(const CGColor&);
-    void setCurrentPageIndicatorTintColor(const CGColor&);
+    void setPageIndicatorTintColor(const CGColor& color) { setDrawn(m_tintColor, color); }
+    void setCurrentPageIndicatorTintColor(const CGColor& color) { setDrawn(m_currentTintColor, color); }
 
     /// Takes the size that the dots need; the top left corner stays.
     void sizeToFit();

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "CGGeometry.h"
+#include "Host.h"
 
 namespace velmorath {
 
 /// The area that the program has for itself.
 class UIScreen {
 public:
-    static const UIScreen& main();
+    static UIScreen main() { return {}; }
 
     /// As it is just now.
-    CGRect bounds() const;
+    CGRect bounds() const { return {{0, 0}, Host::current().screen().size()}; }
 };
 
 } // namespace velmorath

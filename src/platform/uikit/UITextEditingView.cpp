@@ -40,40 +40,8 @@ UITextEditingView::~UITextEditingView()
 
 void UITextEditingView::setText(std::optional<std::string> text)
 {
-    std::string shown = std::move(text).value_or("");
-    if (m_text == shown)
-        return;
-    m_text = std::move(shown);
-    setNeedsDisplay();
-    setNeedsLayout();
-}
-
-void UITextEditingView::setTextColor(const CGColor& color)
-{
-    m_style.color = color;
-    setNeedsDisplay();
-}
-
-void UITextEditingView::setFont(const CGFont& font)
-{
-    m_style.font = font;
-    setNeedsDisplay();
-}
-
-void UITextEditingView::setTextAlignment(CGTextAlignment alignment)
-{
-    m_style.alignment = alignment;
-    setNeedsDisplay();
-}
-
-void UITextEditingView::setKeyboardAppearance(UIKeyboardAppearance appearance)
-{
-    m_traits.darkKeyboard = appearance == UIKeyboardAppearance::dark;
-}
-
-void UITextEditingView::setReturnKeyType(UIReturnKeyType type)
-{
-    m_traits.doneKey = type == UIReturnKeyType::done;
+    if (setDrawn(m_text, std::move(text).value_or("")))
+        setNeedsLayout();
 }
 
 bool UITextEditingView::becomeFirstResponder()
@@ -133,7 +101,7 @@ void UITextEditingView::placeEditor()
 
 void UITextEditingView::draw(CGContext& context) const
 {
-    if (!isEditing() && !m_text.empty())
+    if (!isEditing())
         context.drawText(m_text, editingRect(), m_style);
 }
 

@@ -23,12 +23,15 @@ public:
     const std::string& text() const { return m_text; }
     /// No text makes the view empty. What is being edited is not changed on the screen.
     void setText(std::optional<std::string>);
-    void setTextColor(const CGColor&);
-    void setFont(const CGFont&);
+    void setTextColor(const CGColor& color) { setDrawn(m_style.color, color); }
+    void setFont(const CGFont& font) { setDrawn(m_style.font, font); }
     const CGFont& font() const { return m_style.font; }
-    void setTextAlignment(CGTextAlignment);
-    void setKeyboardAppearance(UIKeyboardAppearance);
-    void setReturnKeyType(UIReturnKeyType);
+    void setTextAlignment(CGTextAlignment alignment) { setDrawn(m_style.alignment, alignment); }
+    void setKeyboardAppearance(UIKeyboardAppearance appearance)
+    {
+        m_traits.darkKeyboard = appearance == UIKeyboardAppearance::dark;
+    }
+    void setReturnKeyType(UIReturnKeyType type) { m_traits.doneKey = type == UIReturnKeyType::done; }
 
     bool isEditing() const { return isFirstResponder(); }
     /// Asks whether editing may begin first.

@@ -3,14 +3,6 @@
 
 namespace velmorath {
 
-void UITextField::setRightInset(CGFloat inset)
-{
-    if (m_rightInset == inset)
-        return;
-    m_rightInset = inset;
-    setNeedsDisplay();
-}
-
 CGRect UITextField::editingRect() const
 {
     CGRect room = bounds();

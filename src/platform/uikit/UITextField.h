@@ -28,7 +28,7 @@ public:
     /// The smallest size that the text may shrink to where it is allowed to shrink.
     void setMinimumFontSize(CGFloat size) { m_minimumFontSize = size; }
     /// How much of the field's right end its text keeps off.
-    void setRightInset(CGFloat);
+    void setRightInset(CGFloat inset) { setDrawn(m_rightInset, inset); }
     void setDelegate(UITextFieldDelegate* delegate) { m_delegate = delegate; }
 
     /// Where the text is drawn, in the field's coordinates: no wider than there is room.

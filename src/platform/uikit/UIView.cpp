@@ -29,20 +29,21 @@ UIView::~UIView()
 void UIView::animate(
     double duration, double delay, const std::function<void()>& changes, std::function<void()> completion)
 {
-    CATimeline& timeline = CATimeline::main();
     const double begin = Host::current().clock().now() + delay;
-    const auto around = timeline.animating();
-    timeline.setAnimating(CAAnimationTiming{begin, duration});
-    changes();
-    timeline.setAnimating(around);
-    timeline.keepRunningUntil(begin + duration, std::move(completion));
+    changeWith(CAAnimationTiming{begin, duration}, changes);
+    CATimeline::main().keepRunningUntil(begin + duration, std::move(completion));
 }
 
 void UIView::performWithoutAnimation(const std::function<void()>& changes)
 {
+    changeWith({}, changes);
+}
+
+void UIView::changeWith(std::optional<CAAnimationTiming> timing, const std::function<void()>& changes)
+{
     CATimeline& timeline = CATimeline::main();
     const auto around = timeline.animating();
-    timeline.setAnimating({});
+    timeline.setAnimating(timing);
     changes();
     timeline.setAnimating(around);
 }
@@ -51,52 +52,47 @@ void UIView::setFrame(const CGRect& frame)
 {
     const CGSize before = bounds().size;
     m_layer->setFrame(frame);
-    const CGSize now = bounds().size;
-    if (before == now)
-        return;
-    for (const auto& subview : m_subviews)
-        subview->autoresize(before, now);
-    setNeedsLayout();
-    setNeedsDisplay();
+    sizeChanged(before);
 }
 
 void UIView::setBounds(const CGRect& newBounds)
 {
     const CGSize before = bounds().size;
     m_layer->setBounds(newBounds);
-    if (before == newBounds.size)
-        return;
-    for (const auto& subview : m_subviews)
-        subview->autoresize(before, newBounds.size);
-    setNeedsLayout();
+    sizeChanged(before);
 }
 
-void UIView::autoresize(CGSize before, CGSize now)
+void UIView::sizeChanged(CGSize before)
 {
-    struct Span {
-        CGFloat start, length;
-    };
-    // What is flexible shares the change equally.
-    const auto follow = [](Span span, CGFloat change, bool startFlexes, bool lengthFlexes,
-                            bool endFlexes) -> Span {
-        const int flexible = startFlexes + lengthFlexes + endFlexes;
-        if (flexible == 0)
-            return span;
-        const CGFloat share = change / flexible;
-        return {
-            span.start + (startFlexes ? share : 0), std::max(0.0, span.length + (lengthFlexes ? share : 0))};
-    };
+    const CGSize now = bounds().size;
+    if (before == now)
+        return;
+    for (const auto& subview : m_subviews)
+        subview->autoresize(now.width - before.width, now.height - before.height);
+    setNeedsLayout();
+    setNeedsDisplay();
+}
+
+void UIView::autoresize(CGFloat wider, CGFloat higher)
+{
     const auto flexes = [this](unsigned part) { return (m_autoresizingMask & part) != 0; };
+    // What is flexible shares the change equally.
+    const auto follow = [&](CGFloat& start, CGFloat& length, CGFloat change, unsigned startMargin,
+                            unsigned side, unsigned endMargin) {
+        const int flexible = flexes(startMargin) + flexes(side) + flexes(endMargin);
+        if (flexes(startMargin))
+            start += change / flexible;
+        if (flexes(side))
+            length = std::max(0.0, length + change / flexible);
+    };
     if (m_autoresizingMask == 0)
         return;
-    const CGRect old = frame();
-    const Span x = follow({old.origin.x, old.size.width}, now.width - before.width,
-        flexes(UIViewAutoresizing::flexibleLeftMargin), flexes(UIViewAutoresizing::flexibleWidth),
-        flexes(UIViewAutoresizing::flexibleRightMargin));
-    const Span y = follow({old.origin.y, old.size.height}, now.height - before.height,
-        flexes(UIViewAutoresizing::flexibleTopMargin), flexes(UIViewAutoresizing::flexibleHeight),
-        flexes(UIViewAutoresizing::flexibleBottomMargin));
-    setFrame(CGRectMake(x.start, y.start, x.length, y.length));
+    CGRect rect = frame();
+    follow(rect.origin.x, rect.size.width, wider, UIViewAutoresizing::flexibleLeftMargin,
+        UIViewAutoresizing::flexibleWidth, UIViewAutoresizing::flexibleRightMargin);
+    follow(rect.origin.y, rect.size.height, higher, UIViewAutoresizing::flexibleTopMargin,
+        UIViewAutoresizing::flexibleHeight, UIViewAutoresizing::flexibleBottomMargin);
+    setFrame(rect);
 }
 
 bool UIView::isDescendantOf(const UIView& ancestor) const
@@ -178,24 +174,20 @@ bool UIView::endEditing()
 
 std::shared_ptr<UIView> UIView::hitTest(CGPoint point)
 {
-    if (isHidden() || alpha() < 0.01 || !m_userInteractionEnabled || !pointInside(point))
+    if (isHidden() || alpha() < 0.01 || !m_userInteractionEnabled || !bounds().contains(point))
         return nullptr;
     for (auto subview = m_subviews.rbegin(); subview != m_subviews.rend(); ++subview) {
-        if (auto hit = (*subview)->hitTest((*subview)->toSuperview().inverted().apply(point)))
+        if (auto hit =
+                (*subview)->hitTest((*subview)->m_layer->model().toSuperlayer().inverted().apply(point)))
             return hit;
     }
     return shared_from_this();
 }
 
-CGAffineTransform UIView::toSuperview() const
-{
-    return m_layer->model().toSuperlayer();
-}
-
 CGPoint UIView::convertToWindow(CGPoint point) const
 {
     for (const UIView* view = this; view->m_superview; view = view->m_superview)
-        point = view->toSuperview().apply(point);
+        point = view->m_layer->model().toSuperlayer().apply(point);
     return point;
 }
 
@@ -203,7 +195,7 @@ CGPoint UIView::convertFromWindow(CGPoint point) const
 {
     if (!m_superview)
         return point;
-    return toSuperview().inverted().apply(m_superview->convertFromWindow(point));
+    return m_layer->model().toSuperlayer().inverted().apply(m_superview->convertFromWindow(point));
 }
 
 CGRect UIView::shownInWindow(const CGRect& rect) const

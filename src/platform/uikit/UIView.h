@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 namespace velmorath {
@@ -84,7 +85,6 @@ public:
 
     /// The topmost view under a point of this view's coordinates, by model values.
     virtual std::shared_ptr<UIView> hitTest(CGPoint);
-    bool pointInside(CGPoint point) const { return bounds().contains(point); }
     /// Between this view's coordinates and the window's, by model values.
     CGPoint convertToWindow(CGPoint) const;
     CGPoint convertFromWindow(CGPoint) const;
@@ -127,19 +127,24 @@ public:
     virtual void gestureEnded() { }
 
 protected:
-    /// Draws what the view shows, over its background and below its subviews.
-    virtual void draw(CGContext&) const { }
-    /// For transitions: what draw() draws just now, without the view.
-    virtual std::function<void(CGContext&)> keptDrawing() const { return {}; }
+    /// Sets something that draw() draws. Returns whether that is a change.
+    template <typename T> bool setDrawn(T& member, std::type_identity_t<T> value)
+    {
+        if (member == value)
+            return false;
+        member = std::move(value);
+        setNeedsDisplay();
+        return true;
+    }
 
 private:
-    void drawLayer(const CALayer&, CGContext& context) override { draw(context); }
-    std::function<void(CGContext&)> keptLayerDrawing(const CALayer&) const override { return keptDrawing(); }
     /// Out of the superview and out of its layer, and nothing else.
     void detach();
+    static void changeWith(std::optional<CAAnimationTiming>, const std::function<void()>& changes);
     void tellMovedToWindow();
-    CGAffineTransform toSuperview() const;
-    void autoresize(CGSize superviewBefore, CGSize superviewNow);
+    void sizeChanged(CGSize before);
+    /// The superview has grown by this.
+    void autoresize(CGFloat wider, CGFloat higher);
 
     std::shared_ptr<CALayer> m_layer;
     UIView* m_superview = nullptr;

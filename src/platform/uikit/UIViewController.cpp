@@ -47,20 +47,15 @@ UIViewController::~UIViewController()
 
 const std::shared_ptr<UIView>& UIViewController::view()
 {
-    if (!m_view) {
-        m_view = loadView();
-        m_view->setViewController(this);
-        viewDidLoad();
-    }
-    return m_view;
-}
-
-std::shared_ptr<UIView> UIViewController::loadView()
-{
+    if (m_view)
+        return m_view;
     auto view = std::make_shared<UIView>(UIApplication::shared().keyWindow()->bounds());
     if (m_scene)
         m_scene->fill(*this, *view);
-    return view;
+    m_view = std::move(view);
+    m_view->setViewController(this);
+    viewDidLoad();
+    return m_view;
 }
 
 bool UIViewController::keyPressed(const HostKeyPress& press)

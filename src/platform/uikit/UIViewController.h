@@ -29,7 +29,7 @@ public:
     UIViewController() = default;
     ~UIViewController() override;
 
-    /// Made by loadView(), once, at the first call; then viewDidLoad() runs.
+    /// Made once, at the first call, with what the screen's scene puts into it; then viewDidLoad() runs.
     const std::shared_ptr<UIView>& view();
 
     virtual void viewDidLoad() { }
