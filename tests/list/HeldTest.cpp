@@ -111,6 +111,7 @@ TEST_F(HeldTest, TheRowOfADeletedNoteIsNotEditedAgain)
         const long long before = badge();
         tap(tapped);
         EXPECT_FALSE(host.textInput().isEditing());
+        EXPECT_FALSE(presented());
         host.textInput().pressReturn();
         EXPECT_EQ(badge(), before - 1);
         EXPECT_EQ(saved(), (Lines{"2"}));

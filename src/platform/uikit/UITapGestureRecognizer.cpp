@@ -1,4 +1,5 @@
 #include "UITapGestureRecognizer.h"
+#include "UIView.h"
 
 namespace velmorath {
 
@@ -26,7 +27,8 @@ void UITapGestureRecognizer::touchesMoved(const UITouches&)
 
 void UITapGestureRecognizer::touchesEnded(const UITouches& ended)
 {
-    if (state() == State::possible)
+    // What was tapped may have gone with what the tap ended.
+    if (state() == State::possible && touches().front()->view()->canBeUsed())
         begin(State::ended);
     UIGestureRecognizer::touchesEnded(ended);
 }
