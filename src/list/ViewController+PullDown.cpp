@@ -45,7 +45,7 @@ void ViewController::showPull(CGFloat y)
 void ViewController::scrollViewDidEndDragging(UIScrollView& scrollView, bool)
 {
     print("scrollViewDidEndDragging");
-    if (pullDownInProgress && canAddNote() && table()->rowHeight() < -scrollView.contentOffset().y) {
+    if (pullDownInProgress && table()->rowHeight() < -scrollView.contentOffset().y) {
         print("toDoItemAdded");
         toDoItemAddedAtIndex(0);
     }

@@ -423,8 +423,7 @@ void SessionWatch::checkRows()
             name + "is not shown as it is completed");
         // One that was swiped when the gesture was taken away stays aside until the next one.
         const bool isAside = m_leftAside.contains(row.get());
-        require(row->frame().size.width == sight.size.width && row->frame().size.height == 60,
-            name + "has the wrong size");
+        require(row->bounds().size == CGSize{sight.size.width, 60}, name + "has the wrong size");
         require(isAside || row->center().x == sight.size.width / 2, name + "is aside");
         require(row->center().y == static_cast<CGFloat>(*place) * 60 + 30, name + "is not in its place");
         require(
