@@ -122,6 +122,7 @@ void SessionWatch::launch()
     m_underFingers.clear();
     m_swiped.clear();
     m_leftAside.clear();
+    m_held.clear();
     m_datesEdited.clear();
     m_wasPinching = m_pinchWasTakenAway = false;
     m_tree = {};
@@ -237,8 +238,19 @@ void SessionWatch::watchGestures(bool isLift)
     m_wasPinching = isPinching;
 
     std::set<const TableViewCell*> existing;
+    std::map<const TableViewCell*, Held> held;
     for (const auto& row : rows()) {
         existing.insert(row.get());
+        const bool isSwiped = row->gestureRecognizers().front()->isActive();
+        if (row->hasGestureGoingOn() || row->label->isEditing() || row->labelData->isEditing()) {
+            const auto before = m_held.find(row.get());
+            require(before == m_held.end() || before->second.note == row->toDoItem(),
+                "a row that is held shows another note");
+            require(before == m_held.end() || !isSwiped || !before->second.isSwiped || m_step == "move"
+                    || before->second.x == row->center().x,
+                "a row that is swiped moved without its finger");
+            held[row.get()] = {row->toDoItem(), row->center().x, isSwiped};
+        }
         if (row->hasGestureGoingOn()) {
             m_swiped[row.get()] |= list().tastieraAttiva;
             m_leftAside.erase(row.get());
@@ -252,6 +264,7 @@ void SessionWatch::watchGestures(bool isLift)
         }
     }
     std::erase_if(m_leftAside, [&](const auto* row) { return !existing.contains(row); });
+    m_held = std::move(held);
     std::erase_if(m_swiped, [&](const auto& entry) { return !existing.contains(entry.first); });
 }
 

@@ -47,6 +47,11 @@ private:
         std::optional<std::string> text;
         bool completed;
     };
+    struct Held {
+        std::shared_ptr<ToDoItem2> note;
+        CGFloat x;
+        bool isSwiped;
+    };
     using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
 
     ViewController& list() const;
@@ -75,6 +80,8 @@ private:
     /// Rows that a swipe was going on in, with whether a text was typed meanwhile, and those that one left
     /// aside because it was taken away or did not count.
     std::map<const TableViewCell*, bool> m_swiped;
+    /// Rows that a gesture is going on in or a text is typed into.
+    std::map<const TableViewCell*, Held> m_held;
     std::set<const TableViewCell*> m_leftAside;
     std::set<std::shared_ptr<ToDoItem2>> m_datesEdited;
     bool m_wasPinching = false;
