@@ -1,4 +1,5 @@
 import assert from "node:assert/strict";
+import { readFile } from "node:fs/promises";
 import { test } from "node:test";
 import { paths, settingsOf } from "./harness/archive.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
@@ -182,6 +183,18 @@ test("a second tab takes the list over, with what was typed in the first", async
     await first.page.locator("#notice button").click();
     await first.tab.until("the list is back", () => document.querySelector("#mirror [role=listitem]") !== null);
     assert.equal((await first.said())[1], "One, Completed");
+});
+
+test("references longer than the page's numbers are an error here as in the window", async () => {
+    const corpus = new URL("../../fuzz/corpus/fuzz-archive/", import.meta.url);
+    const list = await List.inNewTab(site);
+    await list.put({
+        [paths.notes]: await readFile(new URL("references-beyond-32-bits.archive", corpus)),
+        [paths.settings]: settingsOf(),
+    });
+    await list.open();
+    assert.equal(await list.page.$("#mirror [role=listitem]"), null);
+    assert.equal(list.lines.filter((line) => line.startsWith("error : ")).length, 1);
 });
 
 test("a list that the program does not understand is left alone, and the page says so", async () => {
