@@ -139,6 +139,7 @@ void UITableView::layoutSubviews()
     if (m_laidOutWidth != bounds().size.width)
         placeAllRows();
 
+    takeBackHeldRows();
     if (m_reordering)
         m_reordering->contentMoved();
 
@@ -161,6 +162,17 @@ void UITableView::layoutSubviews()
     if (focused)
         keepFocusInSight(*focused);
     takeRowsOutOfUse();
+}
+
+void UITableView::takeBackHeldRows()
+{
+    std::erase_if(m_reusable, [this](const auto& entry) {
+        const auto& [place, cell] = entry;
+        if (place < 0 || place >= m_count || !isHeld(*cell) || !m_rows.emplace(place, cell).second)
+            return false;
+        m_behind.insert(cell);
+        return true;
+    });
 }
 
 void UITableView::makeUpForRowsLetGo()

@@ -142,6 +142,8 @@ private:
     static bool isHeld(const UITableViewCell&);
     void placeAllRows();
     void putInPlaceUnlessHeld(const std::shared_ptr<UITableViewCell>&, std::int64_t place);
+    /// Rows that a reload gave up and that were taken hold of before the layout that follows it.
+    void takeBackHeldRows();
     void makeUpForRowsLetGo();
     void takeRowsOutOfUse();
     /// For a row on its way to another place.
