@@ -8,7 +8,6 @@ namespace velmorath {
 
 namespace {
 
-constexpr double moveAsideDuration = 0.2;
 /// A row held this near to an end of the table scrolls it.
 constexpr CGFloat scrollZone = 50;
 /// Points a second, at the very edge.
@@ -61,8 +60,7 @@ void UITableViewReordering::rowDeleted(std::int64_t row, std::int64_t place)
 void UITableViewReordering::moveTo(CGFloat y)
 {
     m_finger = y;
-    followFinger();
-    scrollWhereWanted();
+    contentMoved();
 }
 
 void UITableViewReordering::contentMoved()

@@ -15,6 +15,9 @@ class UITableViewCell;
 /// with it.
 class UITableViewReordering {
 public:
+    /// How long a row takes to a place next to its own, in seconds.
+    static constexpr double moveAsideDuration = 0.2;
+
     /// Lifts a row of the table at this place. y in window coordinates, here and below.
     UITableViewReordering(UITableView&, std::shared_ptr<UITableViewCell>, std::int64_t place, CGFloat y);
     UITableViewReordering(const UITableViewReordering&) = delete;
