@@ -28,6 +28,7 @@ void fillList(UIViewController& controller, UIView& view)
     auto& list = static_cast<ViewController&>(controller);
     const CGSize size = view.bounds().size;
     view.setBackgroundColor(UIColor::black());
+    view.setAccessibilityLabel("Velmorath");
 
     const auto table = std::make_shared<UITableView>(CGRectMake(0, 0, size.width, size.height - barHeight));
     table->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleHeight);
@@ -52,6 +53,7 @@ void fillNote(UIViewController& controller, UIView& view)
     auto& note = static_cast<VistaNoteViewController&>(controller);
     const CGSize size = view.bounds().size;
     view.setBackgroundColor(UIColor::black());
+    view.setAccessibilityLabel(Bundle::main().localizedString("Note"));
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
     bar->addSubview(leftBarButton("chiudi", "Close", [&note] { note.chiudi(); }));

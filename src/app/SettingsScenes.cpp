@@ -9,11 +9,12 @@ namespace velmorath {
 
 namespace {
 
-/// Returns the label of the title, which is still empty. `listName` is told to those who do not see it.
-std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view, std::string_view listName)
+/// Returns the label of the title, which is still empty. `name` is the screen's for those who do not see it.
+std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view, std::string_view name)
 {
     const CGSize size = view.bounds().size;
     view.setBackgroundColor(UIColor::black());
+    view.setAccessibilityLabel(Bundle::main().localizedString(name));
 
     const std::shared_ptr<UIView> bar = topBar(size.width);
     bar->setBackgroundColor(UIColor::black());
@@ -30,7 +31,6 @@ std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view, std::s
     const auto table =
         std::make_shared<UITableView>(CGRectMake(0, barHeight, size.width, size.height - barHeight));
     table->setAutoresizingMask(UIViewAutoresizing::flexibleWidth | UIViewAutoresizing::flexibleHeight);
-    table->setAccessibilityLabel(Bundle::main().localizedString(listName));
     table->setDataSource(&screen);
     table->setDelegate(&screen);
     view.addSubview(table);
@@ -45,10 +45,10 @@ void fillInformation(UIViewController& controller, UIView& view)
 
 /// A screen that writes its title itself.
 template <typename Screen>
-void fillTitledScreen(UIViewController& controller, UIView& view, std::string_view listName)
+void fillTitledScreen(UIViewController& controller, UIView& view, std::string_view name)
 {
     auto& screen = static_cast<Screen&>(controller);
-    screen.titolo = fillScreen(screen, view, listName);
+    screen.titolo = fillScreen(screen, view, name);
 }
 
 void fillOptions(UIViewController& controller, UIView& view)

@@ -1,3 +1,4 @@
+#include "Bundle.h"
 #include "FatalError.h"
 #include "Feedback.h"
 #include "Print.h"
@@ -27,6 +28,13 @@ std::int64_t ViewController::indexOf(const ToDoItem2& note) const
     const auto found = std::find_if(
         arrayNote.begin(), arrayNote.end(), [&](const auto& candidate) { return candidate.get() == &note; });
     return found == arrayNote.end() ? 0 : found - arrayNote.begin();
+}
+
+void ViewController::announce(std::string_view what, const ToDoItem2& note)
+{
+    const std::string word = Bundle::main().localizedString(what);
+    const std::string text = note.text.value_or("");
+    UIApplication::shared().announce(text.empty() ? word : word + ", " + text);
 }
 
 void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
@@ -104,6 +112,7 @@ void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool c
     note->completed = completed;
     arrayNote[checkedIndex(index)] = note;
     saveNotes();
+    announce(completed ? "Completed" : "Reopened", *note);
 }
 
 void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
@@ -124,6 +133,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     print("arrayNote.removeAtIndex(index)");
     print("SalvoEPrelevoDatiDaFile().ArchiveResults");
     saveNotes();
+    announce("Deleted", *note);
 
     closeGapOf(*note, rows);
     const std::shared_ptr<UITableView> list = table();

@@ -114,6 +114,8 @@ private:
     CGColor colorForFirstRow() const;
 
     void changeBadge(int by) const;
+    /// Tells those who do not see the list what became of a note.
+    static void announce(std::string_view what, const ToDoItem2&);
     /// Marks a note as completed or open, and saves.
     void setCompleted(const std::shared_ptr<ToDoItem2>&, bool completed);
     /// The place of this very note in the list; 0 for a note that is not in it.

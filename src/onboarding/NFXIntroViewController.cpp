@@ -59,6 +59,7 @@ void NFXIntroViewController::initWithViews(const std::vector<std::any>& images)
 {
     print("initWithViews : (" + std::to_string(images.size()) + " values)");
     view()->setBackgroundColor(CGColor::gray(0));
+    view()->setAccessibilityLabel(Bundle::main().localizedString("Tutorial"));
     _images = images;
     const std::shared_ptr<UIImage> highlightImage = makeHighlightImage();
     makeStrip();
@@ -74,7 +75,6 @@ void NFXIntroViewController::makeStrip()
 {
     _scrollview->setBackgroundColor(CGColor::gray(0));
     _scrollview->setPagingEnabled(true);
-    _scrollview->setAccessibilityLabel(Bundle::main().localizedString("Tutorial"));
     _scrollview->setBounces(false);
     _scrollview->setScrollDelegate(this);
     _scrollview->layer().setBorder(0, CGColor::gray(0.8));

@@ -142,6 +142,11 @@ bool TableViewCell::keyPressed(const HostKeyPress& press)
         return true;
     case HostKey::edit:
         return label->becomeFirstResponder();
+    case HostKey::insert:
+        if (!press.shift || !m_toDoItem || !insertionDelegate)
+            return false;
+        insertionDelegate->toDoItemAddedBelow(m_toDoItem);
+        return true;
     default:
         return false;
     }

@@ -12,6 +12,7 @@ class HeadlessEffects : public Effects {
 public:
     void playSound(const std::string& path) override { m_felt.push_back(path.substr(path.rfind('/') + 1)); }
     void vibrate() override { m_felt.emplace_back("vibration"); }
+    void announce(const std::string& text) override { m_announced.push_back(text); }
     void setBadge(long long number) override { m_badge = number; }
     bool openAddress(const std::string& address) override;
     bool canSendMail() override { return m_canSendMail; }
@@ -21,6 +22,8 @@ public:
     /// File names of sounds and the word "vibration", in order.
     const std::vector<std::string>& felt() const { return m_felt; }
     void clearFelt() { m_felt.clear(); }
+    /// What was said to those who do not see the screen, in order.
+    const std::vector<std::string>& announced() const { return m_announced; }
     /// Nothing before the first time that it is set.
     std::optional<long long> badge() const { return m_badge; }
     /// From now on nothing takes addresses with this scheme.
@@ -33,6 +36,7 @@ public:
 
 private:
     std::vector<std::string> m_felt;
+    std::vector<std::string> m_announced;
     std::optional<long long> m_badge;
     std::vector<std::string> m_refusedSchemes;
     bool m_canSendMail = true;

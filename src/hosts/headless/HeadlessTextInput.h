@@ -9,6 +9,7 @@ class HeadlessTextInput : public TextInput {
 public:
     void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
     void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
+    CGFloat scrolled() const override { return m_client ? m_traits.scrolled : 0; }
     void end() override { m_client = nullptr; }
 
     bool isEditing() const { return m_client; }
@@ -19,6 +20,8 @@ public:
     CGRect clip() const { return m_clip; }
     CGFloat opacity() const { return m_opacity; }
 
+    /// Scrolls many lines, in points from their beginning.
+    void scrollTo(CGFloat offset) { m_traits.scrolled = offset; }
     /// Adds to the end of the text. Nothing happens when nothing is edited.
     void type(const std::string& utf8) { replaceText(m_text + utf8); }
     /// Everything selected and typed over.

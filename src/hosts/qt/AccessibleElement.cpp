@@ -138,6 +138,7 @@ QAccessible::Role AccessibleElement::role() const
 {
     switch (element().role) {
     case AccessibilityRole::group:
+    case AccessibilityRole::screen:
         return QAccessible::Grouping;
     case AccessibilityRole::dialog:
         return QAccessible::Dialog;

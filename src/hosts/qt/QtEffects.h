@@ -21,6 +21,8 @@ public:
 
     void playSound(const std::string& path) override;
     void vibrate() override;
+    /// Qt has no means to say a text; what has changed is told of by the elements themselves.
+    void announce(const std::string&) override { }
     void setBadge(long long number) override;
     bool openAddress(const std::string& address) override;
     bool canSendMail() override;

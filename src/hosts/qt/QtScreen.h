@@ -15,6 +15,7 @@ public:
 
     CGSize size() const override;
     void requestFrame() override { m_widget.requestFrame(); }
+    bool reducesMotion() const override { return false; }
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
 

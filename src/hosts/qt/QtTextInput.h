@@ -19,6 +19,7 @@ public:
 
     void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
     void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
+    CGFloat scrolled() const override { return 0; }
     void end() override;
 
     /// Lets the client end the editing, as Escape does.

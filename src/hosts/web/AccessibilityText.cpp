@@ -11,6 +11,8 @@ std::string_view name(AccessibilityRole role)
     switch (role) {
     case AccessibilityRole::group:
         return "group";
+    case AccessibilityRole::screen:
+        return "screen";
     case AccessibilityRole::dialog:
         return "dialog";
     case AccessibilityRole::heading:

@@ -10,6 +10,8 @@ namespace velmorath {
 enum class AccessibilityRole {
     /// Only holds others.
     group,
+    /// All that one screen shows, called by the screen's name.
+    screen,
     /// Over everything else, until it is answered.
     dialog,
     heading,
@@ -38,10 +40,11 @@ struct AccessibilityElement {
     std::string value{};
     /// The part of the screen, in points, where it can be seen. What is out of sight is not told.
     CGRect frame{};
-    /// Keys go there: to one element at most, and to none while a text is edited. A dialog has them when
-    /// nothing in it has.
+    /// Keys go there: to one element at most, and to none while a text is edited. Where they go to none of
+    /// those on the screen it is the dialog on top, or the first thing that the screen on top has to say:
+    /// whoever listens is to hear of it.
     bool isFocused = false;
-    /// Keys can be pointed at it.
+    /// Keys can be pointed at it. None while a text is edited.
     bool isFocusable = false;
     /// Of options it is the chosen one; a toggle is on. Never for others.
     bool isSelected = false;

@@ -30,6 +30,9 @@ public:
     /// One short buzz.
     virtual void vibrate() = 0;
 
+    /// Says what happened to those who do not see it, after what they hear just now. In the user's language.
+    virtual void announce(const std::string& text) = 0;
+
     /// The number on the program's icon; none is shown for zero and below.
     virtual void setBadge(long long number) = 0;
 

@@ -17,7 +17,7 @@ enum class HostKey {
     enter,
     space,
     escape,
-    /// A new thing: Insert, or Control with N.
+    /// A new thing: Insert, or Control with N. With shift right below the one that keys act on.
     insert,
     /// Change the thing in place: F2.
     edit,

@@ -20,6 +20,9 @@ public:
     /// before that changes nothing. While the program cannot be seen the frame may wait.
     virtual void requestFrame() = 0;
 
+    /// The user wants nothing to move: what would move is shown at its end at once. May change at any time.
+    virtual bool reducesMotion() const = 0;
+
     /// How large a text is in one line or, with a width greater than zero, wrapped at that width. A
     /// text without characters is as high as a line and has no width.
     virtual CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth = 0) = 0;

@@ -2,6 +2,7 @@
 
 #include "CGGeometry.h"
 #include "CGText.h"
+#include <optional>
 #include <string>
 
 namespace velmorath {
@@ -27,6 +28,12 @@ struct TextInputTraits {
     bool doneKey = false;
     /// What the field is, for those who do not see it.
     std::string label{};
+    /// Where the tap was that started the editing, in points from the field's corner: the caret goes to the
+    /// place in the text that is nearest. Without one it goes to the end.
+    std::optional<CGPoint> tap{};
+    /// How far down many lines are scrolled, in points. The editor starts there, and leaves it only to keep
+    /// the caret in sight.
+    CGFloat scrolled = 0;
 
     bool operator==(const TextInputTraits&) const = default;
 };
@@ -37,13 +44,16 @@ class TextInput {
 public:
     virtual ~TextInput() = default;
 
-    /// Starts to edit, with the caret at the end. The client is kept until end(). A text that is being
+    /// Starts to edit. The client is kept until end(). A text that is being
     /// edited already is ended first.
     virtual void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) = 0;
 
     /// Where the edited field is now, in screen points: the editor lies exactly there, and shows only
     /// what falls inside the clip. Called with each frame in which it moved.
     virtual void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) = 0;
+
+    /// How far down many lines are scrolled now, in points; 0 when nothing is edited.
+    virtual CGFloat scrolled() const = 0;
 
     /// Ends the editing and takes the editor away. What an input method still holds is taken over, and
     /// the change reported, before this returns. Does nothing when nothing is edited.

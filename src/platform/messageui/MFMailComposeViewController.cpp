@@ -82,6 +82,7 @@ std::shared_ptr<UIButton> MFMailComposeViewController::addButton(
 void MFMailComposeViewController::viewDidLoad()
 {
     view()->setBackgroundColor(backgroundColor);
+    view()->setAccessibilityLabel(Bundle::main().localizedString("Message"));
     m_cancel = addButton("Cancel", [this] { finish(MFMailComposeResult::cancelled); });
     m_send = addButton("Send", [this] { send(); });
     m_send->setFont(UIFont::boldSystemFont(17));

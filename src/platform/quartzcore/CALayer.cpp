@@ -105,6 +105,8 @@ void CALayer::setNeedsDisplay()
 
 CALayerState CALayer::presented(double time) const
 {
+    if (m_animations.empty() || Host::current().screen().reducesMotion())
+        return m_model;
     CALayerState shown = m_model;
     for (const Animation& animation : m_animations)
         std::visit([&](const auto& known) { known.show(shown, time); }, animation);

@@ -12,8 +12,8 @@ constexpr CGFloat leastInSight = 0.5;
 
 bool holdsOthers(AccessibilityRole role)
 {
-    return role == AccessibilityRole::group || role == AccessibilityRole::dialog
-        || role == AccessibilityRole::list;
+    return role == AccessibilityRole::group || role == AccessibilityRole::screen
+        || role == AccessibilityRole::dialog || role == AccessibilityRole::list;
 }
 
 bool isUntold(const UIView& view)
@@ -40,6 +40,17 @@ AccessibilityElement element(const UIAccessibilityInfo& info)
     for (const UIAccessibilityAction& action : info.actions)
         told.actions.push_back(action.name);
     return told;
+}
+
+/// What is heard first of a screen: its heading, or else what comes first.
+AccessibilityElement& heardFirst(AccessibilityElement& screen)
+{
+    std::vector<AccessibilityElement>& things = screen.children;
+    if (screen.role != AccessibilityRole::screen || things.empty())
+        return screen;
+    const auto heading = std::find_if(things.begin(), things.end(),
+        [](const auto& thing) { return thing.role == AccessibilityRole::heading; });
+    return heading == things.end() ? things.front() : *heading;
 }
 
 const AccessibilityElement* find(const AccessibilityElement& around, std::int64_t identifier)
@@ -76,10 +87,9 @@ void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<Ac
     AccessibilityElement told = element(*info);
     told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
     told.frame = frame;
-    told.isFocusable = view.canBecomeFocused();
-    // Keys that no view has and no editor are the dialog's: whoever listens is to hear of it.
-    const bool isDialog = info->role == AccessibilityRole::dialog;
-    told.isFocused = reading.focused ? &view == reading.focused : isDialog && !UIResponder::current();
+    told.isFocusable = view.canBecomeFocused() && !UIResponder::current();
+    told.isFocused = &view == reading.focused;
+    reading.hasFocus |= told.isFocused;
     if (holdsOthers(info->role)) {
         collectSubviews(view, reading, told.children);
         putInReadingOrder(told.children);
@@ -105,15 +115,23 @@ UIAccessibilityTree::Reading UIAccessibilityTree::read(UIWindow& window, const U
     reading.root.frame = window.bounds();
     const auto& layers = window.subviews();
     const auto top = std::find(layers.begin(), layers.end(), window.topViewController().view());
-    for (auto layer = top; layer != layers.end(); ++layer)
-        collect(**layer, reading, reading.root.children);
-    putInReadingOrder(reading.root.children);
+    for (auto layer = top; layer != layers.end(); ++layer) {
+        std::vector<AccessibilityElement> things;
+        collect(**layer, reading, things);
+        putInReadingOrder(things);
+        if (!things.empty())
+            reading.heardFirst = reading.root.children.size();
+        std::move(things.begin(), things.end(), std::back_inserter(reading.root.children));
+    }
     return reading;
 }
 
 AccessibilityElement UIAccessibilityTree::tell(UIWindow& window, const UIView* focused)
 {
-    m_told = read(window, focused).root;
+    Reading reading = read(window, focused);
+    if (!reading.hasFocus && !UIResponder::current() && !reading.root.children.empty())
+        heardFirst(reading.root.children[reading.heardFirst]).isFocused = true;
+    m_told = std::move(reading.root);
     return m_told;
 }
 

@@ -187,6 +187,11 @@ bool UIApplication::focusElement(std::int64_t identifier)
     return true;
 }
 
+void UIApplication::announce(const std::string& text)
+{
+    Host::current().effects().announce(text);
+}
+
 void UIApplication::screenChanged()
 {
     if (m_windows.empty())

@@ -63,6 +63,9 @@ public:
     /// Takes the touches on this view, and on all that is in it, away from everybody there.
     void cancelTouches(const UIView& view) { m_touchDispatcher.cancelTouches(view); }
 
+    /// Says what happened, in the user's language, to those who do not see it.
+    void announce(const std::string& text);
+
     UIFocusSystem& focusSystem() { return m_focusSystem; }
 
     /// For text fields and text views, when the machine's editor is theirs and when it no longer is.

@@ -6,20 +6,28 @@
 
 namespace velmorath {
 
-namespace {
-
 /// A tap that starts the editing of its view, and fails where the view refuses, so that others get it.
 class EditingTap : public UITapGestureRecognizer {
 public:
     void touchesEnded(const UITouches& ended) override
     {
-        if (state() == State::possible && !view()->becomeFirstResponder())
+        if (state() == State::possible && !startEditing(*ended.front()))
             fail();
         UITapGestureRecognizer::touchesEnded(ended);
     }
-};
 
-} // namespace
+private:
+    bool startEditing(const UITouch& touch) const
+    {
+        auto& text = static_cast<UITextEditingView&>(*view());
+        const CGPoint place = touch.locationIn(text);
+        const CGPoint corner = text.editingRect().origin;
+        text.m_traits.tap = CGPoint{place.x - corner.x, place.y - corner.y};
+        const bool begins = text.becomeFirstResponder();
+        text.m_traits.tap.reset();
+        return begins;
+    }
+};
 
 UITextEditingView::UITextEditingView(const CGRect& frame, Lines lines)
     : UIView(frame)
@@ -58,6 +66,7 @@ bool UITextEditingView::becomeFirstResponder()
     }
     UIApplication::shared().textEditingBegan(*this);
     m_traits.label = accessibilityLabel();
+    m_traits.scrolled = scrolled();
     Host::current().textInput().begin(*this, m_text, m_style, m_traits);
     setNeedsDisplay();
     didBeginEditing();
@@ -69,6 +78,7 @@ bool UITextEditingView::resignFirstResponder()
     if (!isFirstResponder())
         return true;
     const std::shared_ptr<UIView> keepAlive = shared_from_this();
+    const CGFloat scrolled = Host::current().textInput().scrolled();
     Host::current().textInput().end();
     setCurrent(nullptr);
     UIApplication::shared().textEditingEnded();
@@ -77,6 +87,7 @@ bool UITextEditingView::resignFirstResponder()
     for (UIView* around = superview(); around; around = around->superview())
         around->setNeedsLayout();
     didEndEditing();
+    scrollTo(scrolled);
     return true;
 }
 

@@ -16,6 +16,7 @@ enum class UIReturnKeyType { standard, done };
 /// What a text field and a text view have in common: a text that the machine's own editor edits in place
 /// while the view is the first responder. A tap makes it that; a tap that it refuses goes on to whatever
 /// lies around the view.
+class EditingTap;
 class UITextEditingView : public UIView, private TextInputClient {
 public:
     ~UITextEditingView() override;
@@ -57,9 +58,14 @@ protected:
     const CGTextStyle& style() const { return m_style; }
     /// Where in the view the text is.
     virtual CGRect editingRect() const { return bounds(); }
+    /// How far down the text is scrolled while it is not edited.
+    virtual CGFloat scrolled() const { return 0; }
+    virtual void scrollTo(CGFloat) { }
     void draw(CGContext&) const override;
 
 private:
+    friend class EditingTap;
+
     void textInputDidChange(const std::string& utf8) override;
     void textInputDidReturn() override { didReturn(); }
 

@@ -45,6 +45,13 @@ void UITextView::didEndEditing()
     setNeedsLayout();
 }
 
+void UITextView::scrollTo(CGFloat offset)
+{
+    layoutIfNeeded();
+    const CGFloat furthest = m_scrollView->contentSize().height - bounds().size.height;
+    m_scrollView->setContentOffset({0, std::clamp(offset, 0.0, std::max(0.0, furthest))});
+}
+
 bool UITextView::scrollBy(CGFloat way)
 {
     const CGPoint before = m_scrollView->contentOffset();

@@ -20,6 +20,8 @@ protected:
     void didBeginEditing() override;
     void didEndEditing() override;
     void didReturn() override { resignFirstResponder(); }
+    CGFloat scrolled() const override { return m_scrollView->contentOffset().y; }
+    void scrollTo(CGFloat offset) override;
     /// The text is drawn by what scrolls.
     void draw(CGContext&) const override { }
 

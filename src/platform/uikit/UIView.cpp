@@ -257,6 +257,13 @@ bool UIView::canBeUsed()
     return window();
 }
 
+std::optional<UIAccessibilityInfo> UIView::accessibilityInfo()
+{
+    if (!m_viewController || m_accessibilityLabel.empty())
+        return {};
+    return UIAccessibilityInfo{.role = AccessibilityRole::screen, .label = m_accessibilityLabel};
+}
+
 bool UIView::hasGestureGoingOn() const
 {
     return std::any_of(m_gestureRecognizers.begin(), m_gestureRecognizers.end(),

@@ -115,8 +115,9 @@ public:
     virtual bool canBecomeFocused() const { return false; }
     UIViewController* viewController() const { return m_viewController; }
 
-    /// What this is to those who do not see it; nothing when only what is in it counts.
-    virtual std::optional<UIAccessibilityInfo> accessibilityInfo() { return {}; }
+    /// What this is to those who do not see it; nothing when only what is in it counts. A controller's view
+    /// that has a name is a screen.
+    virtual std::optional<UIAccessibilityInfo> accessibilityInfo();
     /// Neither this nor anything in it counts for them.
     virtual bool isHiddenFromAccessibility() const { return false; }
     /// Its name for them, in the user's language, where what it shows does not say it.

@@ -19,6 +19,7 @@
 /** The element that stands for a thing of this kind, and its ARIA role where the element has none. */
 const kinds = {
     group: ["div", "group"],
+    screen: ["div", "group"],
     dialog: ["div", "alertdialog"],
     heading: ["div", "heading"],
     text: ["div", null],
@@ -270,6 +271,7 @@ export class Mirror {
         const said = [label, value].filter(Boolean).join(", ");
         switch (role) {
         case "group":
+        case "screen":
         case "dialog":
         case "list":
             setAttribute(target, "aria-label", label || null);
