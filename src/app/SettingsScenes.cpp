@@ -31,6 +31,7 @@ std::shared_ptr<UILabel> fillScreen(SettingsScreen& screen, UIView& view, std::s
     const auto table =
         std::make_shared<UITableView>(CGRectMake(0, barHeight, size.width, size.height - barHeight));
     table->setAutoresizingMask(UIViewAutoresizing::flexibleWidth | UIViewAutoresizing::flexibleHeight);
+    table->setAccessibilityLabel(view.accessibilityLabel());
     table->setDataSource(&screen);
     table->setDelegate(&screen);
     view.addSubview(table);

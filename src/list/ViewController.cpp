@@ -211,6 +211,7 @@ void ViewController::nuovoArrayNote(const std::vector<std::shared_ptr<ToDoItem2>
     arrayNote = list;
     saveNotes();
     table()->reloadData();
+    UIApplication::shared().announce(Bundle::main().localizedString("Saved"));
 }
 
 void ViewController::chiusoTutorial()

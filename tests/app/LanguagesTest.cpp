@@ -15,6 +15,10 @@ protected:
         host.locale().setPreferredLanguages({language});
         relaunch();
         walk({375, 667}, true);
+        changeNotes();
+        const Lines& announced = host.effects().announced();
+        m_met.insert(m_met.end(), announced.begin() + static_cast<std::ptrdiff_t>(m_heard), announced.end());
+        m_heard = announced.size();
         return m_met;
     }
     StringsTable table(const std::string& language)
@@ -24,6 +28,19 @@ protected:
     }
 
 private:
+    /// Whatever is announced.
+    void changeNotes()
+    {
+        host.quit();
+        start({"One", "Two"});
+        host.press(HostKey::down);
+        host.press(HostKey::down, false, true);
+        for (const HostKey key : {HostKey::space, HostKey::space, HostKey::remove}) {
+            host.advance(1);
+            host.press(key);
+        }
+        list().nuovoArrayNote(list().arrayNote);
+    }
     void look(const std::string&) override
     {
         for (const std::string& text : host.draw().texts())
@@ -43,6 +60,7 @@ private:
     }
 
     Lines m_met;
+    std::size_t m_heard = 0;
 
 protected:
     std::set<std::string> m_notes;

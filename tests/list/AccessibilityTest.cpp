@@ -139,8 +139,8 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
     start({"One", "Two"});
     reader.perform("One", "Edit");
     EXPECT_EQ(reader.everything(),
-        (Lines{"list Notes", "  item One", "  item Two", "button Reorder notes [off]", "button Add note",
-            "button Information"}));
+        (Lines{"screen Velmorath", "  list Notes", "    item One", "    item Two",
+            "  button Reorder notes [off]", "  button Add note", "  button Information"}));
     EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
     EXPECT_FALSE(reader.press("Two"));
     EXPECT_FALSE(reader.press("Add note"));

@@ -85,8 +85,8 @@ private:
 
     static std::string name(AccessibilityRole role)
     {
-        static const Lines names{"group", "dialog", "heading", "text", "image", "button", "option", "list",
-            "item", "field", "area", "progress"};
+        static const Lines names{"group", "screen", "dialog", "heading", "text", "image", "button", "option",
+            "list", "item", "field", "area", "progress"};
         return names.at(static_cast<std::size_t>(role));
     }
 

@@ -77,4 +77,16 @@ std::string Bundle::localizedString(std::string_view key)
     return place == m_table->end() ? std::string(key) : place->second;
 }
 
+std::string Bundle::localizedString(std::string_view key, std::initializer_list<std::int64_t> numbers)
+{
+    std::string words = localizedString(key);
+    std::string placeholder = "%1";
+    for (const std::int64_t number : numbers) {
+        if (const std::size_t place = words.find(placeholder); place != std::string::npos)
+            words.replace(place, placeholder.size(), std::to_string(number));
+        ++placeholder.back();
+    }
+    return words;
+}
+
 } // namespace velmorath

@@ -2,6 +2,8 @@
 
 #include "PropertyList.h"
 #include "StringsTable.h"
+#include <cstdint>
+#include <initializer_list>
 #include <optional>
 
 namespace velmorath {
@@ -23,6 +25,9 @@ public:
     /// first preferred language that has one. The keys are the English texts; they stand for whatever has
     /// no translation. The table is read at the first use.
     std::string localizedString(std::string_view key);
+
+    /// The same with these numbers in the places %1, %2 and so on.
+    std::string localizedString(std::string_view key, std::initializer_list<std::int64_t> numbers);
 
     /// Forgets the language, and finds it again at the next use.
     void reset() { m_table.reset(); }

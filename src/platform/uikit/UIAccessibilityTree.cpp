@@ -42,15 +42,23 @@ AccessibilityElement element(const UIAccessibilityInfo& info)
     return told;
 }
 
-/// What is heard first of a screen: its heading, or else what comes first.
-AccessibilityElement& heardFirst(AccessibilityElement& screen)
+AccessibilityElement& firstOf(std::vector<AccessibilityElement>& things, bool (*isWanted)(AccessibilityRole))
 {
-    std::vector<AccessibilityElement>& things = screen.children;
-    if (screen.role != AccessibilityRole::screen || things.empty())
-        return screen;
-    const auto heading = std::find_if(things.begin(), things.end(),
-        [](const auto& thing) { return thing.role == AccessibilityRole::heading; });
-    return heading == things.end() ? things.front() : *heading;
+    const auto found =
+        std::find_if(things.begin(), things.end(), [&](const auto& thing) { return isWanted(thing.role); });
+    return found == things.end() ? things.front() : *found;
+}
+
+/// What is to be heard where keys go to nothing: the dialog, or the screen's heading, or else what comes
+/// first.
+AccessibilityElement& heardFirst(AccessibilityElement& root)
+{
+    AccessibilityElement& top = firstOf(root.children, [](AccessibilityRole role) {
+        return role == AccessibilityRole::dialog || role == AccessibilityRole::screen;
+    });
+    if (top.role != AccessibilityRole::screen || top.children.empty())
+        return top;
+    return firstOf(top.children, [](AccessibilityRole role) { return role == AccessibilityRole::heading; });
 }
 
 const AccessibilityElement* find(const AccessibilityElement& around, std::int64_t identifier)
@@ -115,14 +123,9 @@ UIAccessibilityTree::Reading UIAccessibilityTree::read(UIWindow& window, const U
     reading.root.frame = window.bounds();
     const auto& layers = window.subviews();
     const auto top = std::find(layers.begin(), layers.end(), window.topViewController().view());
-    for (auto layer = top; layer != layers.end(); ++layer) {
-        std::vector<AccessibilityElement> things;
-        collect(**layer, reading, things);
-        putInReadingOrder(things);
-        if (!things.empty())
-            reading.heardFirst = reading.root.children.size();
-        std::move(things.begin(), things.end(), std::back_inserter(reading.root.children));
-    }
+    for (auto layer = top; layer != layers.end(); ++layer)
+        collect(**layer, reading, reading.root.children);
+    putInReadingOrder(reading.root.children);
     return reading;
 }
 
@@ -130,7 +133,7 @@ AccessibilityElement UIAccessibilityTree::tell(UIWindow& window, const UIView* f
 {
     Reading reading = read(window, focused);
     if (!reading.hasFocus && !UIResponder::current() && !reading.root.children.empty())
-        heardFirst(reading.root.children[reading.heardFirst]).isFocused = true;
+        heardFirst(reading.root).isFocused = true;
     m_told = std::move(reading.root);
     return m_told;
 }

@@ -30,8 +30,6 @@ private:
     struct Reading {
         const UIView* focused = nullptr;
         bool hasFocus = false;
-        /// Which of the root's things comes first where nothing has the focus.
-        std::size_t heardFirst = 0;
         AccessibilityElement root;
         std::map<std::int64_t, Entry> entries;
     };

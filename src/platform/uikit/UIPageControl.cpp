@@ -9,13 +9,6 @@ constexpr CGFloat dotSize = 7;
 constexpr CGFloat dotDistance = 16;
 constexpr CGFloat height = 37;
 
-void replace(std::string& text, std::string_view placeholder, std::int64_t number)
-{
-    const std::size_t place = text.find(placeholder);
-    if (place != std::string::npos)
-        text.replace(place, placeholder.size(), std::to_string(number));
-}
-
 } // namespace
 
 void UIPageControl::setNumberOfPages(int pages)
@@ -41,10 +34,8 @@ void UIPageControl::sizeToFit()
 
 std::optional<UIAccessibilityInfo> UIPageControl::accessibilityInfo()
 {
-    std::string words = Bundle::main().localizedString("Page %1 of %2");
-    replace(words, "%1", m_currentPage + 1);
-    replace(words, "%2", m_numberOfPages);
-    return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = words};
+    return UIAccessibilityInfo{.role = AccessibilityRole::text,
+        .label = Bundle::main().localizedString("Page %1 of %2", {m_currentPage + 1, m_numberOfPages})};
 }
 
 void UIPageControl::draw(CGContext& context) const

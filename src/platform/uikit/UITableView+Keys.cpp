@@ -1,3 +1,4 @@
+#include "Bundle.h"
 #include "HostKey.h"
 #include "UIApplication.h"
 #include "UITableView.h"
@@ -94,6 +95,7 @@ void UITableView::moveByUser(std::int64_t from, std::int64_t to)
         return;
     m_dataSource->tableViewMoveRowAtIndexPathToIndexPath(*this, {0, from}, {0, to});
     focusRow(to);
+    UIApplication::shared().announce(Bundle::main().localizedString("Moved to %1 of %2", {to + 1, m_count}));
 }
 
 } // namespace velmorath

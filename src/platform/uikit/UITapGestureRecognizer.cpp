@@ -27,8 +27,9 @@ void UITapGestureRecognizer::touchesMoved(const UITouches&)
 
 void UITapGestureRecognizer::touchesEnded(const UITouches& ended)
 {
-    // What was tapped may have gone with what the tap ended.
-    if (state() == State::possible && touches().front()->view()->canBeUsed())
+    // What was tapped may have gone with what the tap ended, and taken the touch along.
+    const UITouch& touch = *ended.front();
+    if (state() == State::possible && isTracking(touch) && touch.view()->canBeUsed())
         begin(State::ended);
     UIGestureRecognizer::touchesEnded(ended);
 }
