@@ -113,7 +113,7 @@ void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated)
     const CGPoint target{rangeX().showing(offset.x, rect.minX(), rect.maxX()),
         rangeY().showing(offset.y, rect.minY(), rect.maxY())};
     if (animated)
-        springTo(target, {0, 0});
+        goTo(target);
     else
         setContentOffset(target);
 }
@@ -165,7 +165,7 @@ void UIScrollView::turnPage(int step)
         return;
     const UIScrollRange x = rangeX();
     const CGPoint offset = contentOffset();
-    springTo({x.inside(offset.x + step * x.length), offset.y}, {0, 0});
+    goTo({x.inside(offset.x + step * x.length), offset.y});
 }
 
 std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
@@ -276,6 +276,14 @@ void UIScrollView::runOn(CGVector velocity)
     m_motionX = UIScrollMotion::runningOn(now, offset.x, velocity.dx);
     m_motionY = UIScrollMotion::runningOn(now, offset.y, velocity.dy);
     startDecelerating();
+}
+
+void UIScrollView::goTo(CGPoint target)
+{
+    if (Host::current().screen().reducesMotion())
+        setContentOffset(target);
+    else
+        springTo(target, {0, 0});
 }
 
 void UIScrollView::springTo(CGPoint target, CGVector velocity)

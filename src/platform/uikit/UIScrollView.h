@@ -83,6 +83,8 @@ private:
     void drag();
     void endDragging(CGVector velocity);
     void runOn(CGVector velocity);
+    /// On its way by itself, unless the user wants no motion.
+    void goTo(CGPoint target);
     void springTo(CGPoint target, CGVector velocity);
     void startDecelerating();
     void decelerate(double now);
