@@ -119,6 +119,7 @@ void SessionWatch::launch()
     m_known.clear();
     for (const auto& note : list().arrayNote)
         m_known[note] = {note->text, note->completed};
+    m_first = listNow();
     m_underFingers.clear();
     m_swiped.clear();
     m_leftAside.clear();
@@ -202,18 +203,24 @@ void SessionWatch::compareNotes()
     const std::vector<std::string>& lines = host.console().lines();
     auto added = std::count(lines.begin(), lines.end(), "toDoItemAddedAtIndex");
     noteWrites();
+    // What is taken back or done again changes one note, in whatever way.
+    const std::vector<std::string>& announced = host.effects().announced();
+    auto steps = std::count_if(announced.begin() + static_cast<std::ptrdiff_t>(m_heard), announced.end(),
+        [](const std::string& text) { return text.starts_with("Undone") || text.starts_with("Redone"); });
+    m_heard = announced.size();
+    const bool isStep = steps > 0;
     std::size_t removed = 0;
     const Notes& now = list().arrayNote;
     for (const auto& note : now) {
         const auto known = m_known.find(note);
         if (known == m_known.end()) {
-            require(added > 0, "a note is there that nothing added");
-            --added;
+            require(added > 0 || steps > 0, "a note is there that nothing added");
+            --(added > 0 ? added : steps);
             continue;
         }
-        const bool mayBeEdited = note == m_typed || note == m_inDetail;
+        const bool mayBeEdited = note == m_typed || note == m_inDetail || isStep;
         require(known->second.text == note->text || mayBeEdited, "the text of another note changed");
-        require(known->second.completed == note->completed || m_targets.contains(note),
+        require(known->second.completed == note->completed || m_targets.contains(note) || isStep,
             "another note was completed or reopened");
     }
     for (const auto& [note, known] : m_known) {
@@ -221,7 +228,7 @@ void SessionWatch::compareNotes()
             continue;
         ++removed;
         const bool wasEmptied = isEmpty(*note) && (note == m_typed || m_targets.contains(note));
-        require(wasEmptied || m_targets.contains(note) || note == m_inDetail,
+        require(wasEmptied || m_targets.contains(note) || note == m_inDetail || isStep,
             "the note \"" + note->text.value_or("") + "\" is gone, and nothing deleted it");
     }
     require(removed <= 1, "more than one note is gone");
@@ -392,6 +399,37 @@ void SessionWatch::comeToRest(Fingers& fingers)
     advance(1);
     require(!list().presentedViewController(), "a screen does not close");
     checkBadge();
+}
+
+std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> SessionWatch::listNow() const
+{
+    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> notes;
+    for (const auto& note : list().arrayNote)
+        notes.push_back({note, {std::ssize(notes), note->text, note->data, note->completed}});
+    return notes;
+}
+
+void SessionWatch::takeAllBack(Fingers& fingers)
+{
+    comeToRest(fingers);
+    if (list().presentedViewController())
+        return;
+    std::size_t steps = 0;
+    const auto press = [&](HostKey key) {
+        const std::size_t heard = host.effects().announced().size();
+        act("take back", [&] { host.client().keyPressed({key}); });
+        advance(0.1);
+        return host.effects().announced().size() > heard;
+    };
+    while (press(HostKey::undo))
+        ++steps;
+    m_datesEdited.clear();
+    comeToRest(fingers);
+    m_step = "take all back";
+    require(steps >= UndoManager::levelsOfUndo || listNow() == m_first, "it is not the list of the start");
+    for (std::size_t i = 0; i < steps; ++i)
+        require(press(HostKey::redo), "a step cannot be done again");
+    comeToRest(fingers);
 }
 
 void SessionWatch::checkFile()
