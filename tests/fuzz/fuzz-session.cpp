@@ -11,6 +11,7 @@ namespace {
 constexpr CGSize sizes[] = {{320, 536}, {375, 667}, {568, 320}, {300, 130}, {1200, 800}, {320, 40}};
 constexpr const char* texts[] = {"a", "two words", "שלום", "👵🏽",
     "A note that is much longer than its row is wide", "one line\nanother", " ", ""};
+constexpr const char* files[] = {"- [ ] one\n- [x] two\n  lines\n", "a\nb\nnote 1\n", "", "bplist00"};
 constexpr HostKey keys[] = {HostKey::up, HostKey::down, HostKey::left, HostKey::right, HostKey::home,
     HostKey::end, HostKey::pageUp, HostKey::pageDown, HostKey::tab, HostKey::enter, HostKey::space,
     HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove, HostKey::undo, HostKey::redo};
@@ -154,7 +155,10 @@ private:
 
     void rare()
     {
-        switch (m_bytes.below(5)) {
+        switch (m_bytes.below(6)) {
+        case 5:
+            return m_watch.act("file",
+                [&] { m_watch.host.documents().setFile(std::optional<std::string>(m_bytes.oneOf(files))); });
         case 0:
             return m_watch.restart(m_fingers);
         case 1:

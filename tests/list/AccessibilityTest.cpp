@@ -139,7 +139,7 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
     reader.perform("One", "Edit");
     EXPECT_EQ(reader.everything(),
         (Lines{"screen Velmorath", "  list Notes", "    item One", "    item Two",
-            "  button Reorder notes [off]", "  button Add note", "  button Information"}));
+            "  button Reorder notes [off]", "  button Add note", "  button Share", "  button Information"}));
     EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
     EXPECT_FALSE(reader.press("Two"));
     EXPECT_FALSE(reader.press("Add note"));

@@ -59,4 +59,10 @@ bool pageOpenAddress(const char* address, std::size_t length);
 std::size_t pageDevice();
 /// permissionAnswered() is called when the answer is there.
 void pageRequestPermission();
+
+/// listShared() is called when it is known what came of it.
+void pageShare(const char* text, std::size_t length);
+void pageSaveDocument(const char* name, std::size_t length, const char* bytes, std::size_t size);
+/// documentOpened() or documentNotOpened() is called, or neither.
+void pageOpenDocument();
 }

@@ -123,7 +123,7 @@ void UIAlertController::layOutBox(UIView& box)
         const UIAlertAction& action = m_actions[i];
         if (!isRow || i == 0)
             box.addSubview(line(CGRectMake(0, y, boxWidth, hairline)));
-        auto button = std::make_shared<UIButton>(CGRectMake(x, y + hairline, buttonWidth, buttonHeight));
+        auto button = std::make_shared<UIButton>(CGRectMake(x, y, buttonWidth, buttonHeight));
         button->setTitle(action.title);
         button->setTitleColor(
             action.style == UIAlertActionStyle::destructive ? destructiveColor : standardColor);
@@ -135,7 +135,7 @@ void UIAlertController::layOutBox(UIView& box)
             x += buttonWidth;
             box.addSubview(line(CGRectMake(x - hairline / 2, y, hairline, buttonHeight)));
         } else {
-            y += buttonHeight + hairline;
+            y += buttonHeight;
         }
     }
     box.setFrame(CGRectMake(0, 0, boxWidth, y));

@@ -2,6 +2,7 @@
 
 import { Clock } from "./clock.js";
 import { Editor } from "./editor.js";
+import { Documents } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
@@ -132,6 +133,7 @@ async function run(hold, storage) {
         files: new Files(resources, storage, (written) => screen.holdFrames(written)),
         clock: new Clock(() => program.call("wake")),
         effects: new Effects(),
+        documents: new Documents(),
         locale,
     };
     const program = await Program.load(code, services);

@@ -10,7 +10,8 @@
  *     texts: import("./texts.js").Texts, pictures: import("./pictures.js").Pictures,
  *     editor: import("./editor.js").Editor, files: import("./files.js").Files,
  *     clock: import("./clock.js").Clock, locale: typeof import("./locale.js"),
- *     effects: import("./effects.js").Effects
+ *     effects: import("./effects.js").Effects,
+ *     documents: import("./documents.js").Documents
  * }} Page
  */
 
@@ -160,7 +161,7 @@ async function instantiate(source, imports) {
 }
 
 /** @param {Program} program @param {Page} page @returns {Record<string, (...values: any[]) => any>} */
-function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects }) {
+function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects, documents }) {
     const text = (/** @type {number} */ start, /** @type {number} */ length) => program.text(start, length);
     return {
         pageNow: () => performance.now() / 1000,
@@ -226,5 +227,17 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageDevice: () => program.sendText(effects.device().join("\n")),
         pageRequestPermission: () => effects.requestPermission(
             (granted) => program.call("permissionAnswered", granted)),
+
+        pageShare: (start, length) => documents.share(text(start, length)).then(
+            (how) => program.call("listShared", how)),
+        pageSaveDocument: (name, length, start, size) => documents.save(
+            text(name, length), program.bytes(start, size).slice()),
+        pageOpenDocument: () => documents.open((bytes) => {
+            if (bytes) {
+                program.call("documentOpened", program.send(bytes));
+            } else {
+                program.call("documentNotOpened", bytes === undefined);
+            }
+        }),
     };
 }
