@@ -1,5 +1,7 @@
 #include "AccessibleMirror.h"
 #include "AccessibleElement.h"
+#include "AccessibleNotice.h"
+#include <QTimer>
 #include <set>
 
 namespace velmorath {
@@ -8,6 +10,8 @@ namespace {
 
 /// Seconds. What moves longer than this is told while it moves.
 constexpr double longMotion = 0.5;
+/// Milliseconds. Readers ask for what a notice says in their own time.
+constexpr int noticeDuration = 10000;
 
 } // namespace
 
@@ -50,12 +54,24 @@ void AccessibleMirror::frameMade(bool othersFollow, double now)
     }
     m_movingSince.reset();
     show(m_client->accessibilityTree());
+    reportAnnounced();
 }
 
-void AccessibleMirror::keysCame() const
+void AccessibleMirror::announce(const std::string& text)
 {
-    if (QAccessibleInterface* focused = focusedInterface())
-        report(focused, QAccessible::Focus);
+    if (m_isActive)
+        m_announced.push_back(QString::fromStdString(text));
+}
+
+void AccessibleMirror::reportAnnounced()
+{
+    for (QString& text : std::exchange(m_announced, {})) {
+        auto* const notice = new AccessibleNotice(m_screen, std::move(text));
+        const QAccessible::Id identifier = QAccessible::registerAccessibleInterface(notice);
+        report(notice, QAccessible::ObjectShow);
+        QTimer::singleShot(
+            noticeDuration, &m_screen, [identifier] { QAccessible::deleteAccessibleInterface(identifier); });
+    }
 }
 
 const AccessibilityElement* AccessibleMirror::element(std::int64_t identifier) const
@@ -191,9 +207,8 @@ void AccessibleMirror::reportStates(const Place& place, const AccessibilityEleme
 
 void AccessibleMirror::reportFocus() const
 {
-    // Nobody shall be left with something that has gone.
-    QAccessibleInterface* const focused = focusedInterface();
-    report(focused ? focused : QAccessible::queryAccessibleInterface(&m_screen), QAccessible::Focus);
+    if (QAccessibleInterface* const focused = focusedInterface())
+        report(focused, QAccessible::Focus);
 }
 
 void AccessibleMirror::report(QAccessibleInterface* interface, QAccessible::Event type) const

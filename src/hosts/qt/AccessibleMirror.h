@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <vector>
 
 namespace velmorath {
 
@@ -30,8 +31,10 @@ public:
 
     /// A frame was made at this moment, in seconds. While others follow, only a few of them count.
     void frameMade(bool othersFollow, double now);
-    /// The keys came to the screen: says where on it they go.
-    void keysCame() const;
+    /// Says where on the screen keys go. Nothing while they go to none of its elements.
+    void reportFocus() const;
+    /// Says this after what the next frame changes.
+    void announce(const std::string& text);
 
     /// These are for the interfaces. The pointers hold until the next frame.
     const AccessibilityElement& root() const { return m_root; }
@@ -63,7 +66,7 @@ private:
     void reportChanges(const Places& before) const;
 
     void report(QAccessibleInterface*, QAccessible::Event) const;
-    void reportFocus() const;
+    void reportAnnounced();
     void reportStates(const Place&, const AccessibilityElement& before) const;
 
     QWidget& m_screen;
@@ -75,6 +78,8 @@ private:
     AccessibilityElement m_root;
     Places m_places;
     std::int64_t m_focused = 0;
+    /// What was not said yet.
+    std::vector<QString> m_announced;
 };
 
 } // namespace velmorath

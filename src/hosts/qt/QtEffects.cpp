@@ -42,8 +42,9 @@ QString modelName()
 
 } // namespace
 
-QtEffects::QtEffects(QString soundLibrary)
-    : m_handlers(mailScheme)
+QtEffects::QtEffects(ScreenWidget& screen, QString soundLibrary)
+    : m_screen(screen)
+    , m_handlers(mailScheme)
     , m_soundLibrary(std::move(soundLibrary))
 {
 }

@@ -50,7 +50,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_screen(m_widget)
     , m_textInput(m_widget, m_widget.texts())
     , m_files(PosixFiles::forUser(folders.resources))
-    , m_effects(QString::fromStdString(folders.soundLibrary))
+    , m_effects(m_widget, QString::fromStdString(folders.soundLibrary))
 {
     AccessibleScreen::install();
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));

@@ -80,7 +80,9 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
     case Qt::Key_Backspace:
         return HostKey::remove;
     case Qt::Key_N:
-        return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::insert) : std::nullopt;
+        return (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier
+            ? std::optional(HostKey::insert)
+            : std::nullopt;
     default:
         return {};
     }
@@ -109,6 +111,12 @@ void ScreenWidget::setClient(HostClient* client)
 {
     m_client = client;
     m_mirror.setClient(client);
+}
+
+void ScreenWidget::announce(const std::string& text)
+{
+    m_mirror.announce(text);
+    requestFrame();
 }
 
 bool ScreenWidget::isInSight() const
@@ -188,17 +196,6 @@ void ScreenWidget::showEvent(QShowEvent*)
     // Never by clicks or the Tab key: they would take the focus from the editor.
     setFocus(Qt::OtherFocusReason);
     windowHandle()->installEventFilter(this);
-}
-
-void ScreenWidget::focusInEvent(QFocusEvent* event)
-{
-    QWidget::focusInEvent(event);
-    // Qt itself reports that the window has the focus, after this: what is on it comes last.
-    const auto tellWhere = [this] {
-        if (hasFocus())
-            m_mirror.keysCame();
-    };
-    QMetaObject::invokeMethod(this, tellWhere, Qt::QueuedConnection);
 }
 
 void ScreenWidget::hideEvent(QHideEvent*)
