@@ -61,6 +61,12 @@ std::string mailAddress(const std::vector<std::string>& recipients, const std::s
     return address;
 }
 
+/// Read, as every field of the form, when keys come to it.
+class Recipients : public UILabel {
+public:
+    bool canBecomeFocused() const override { return true; }
+};
+
 } // namespace
 
 bool MFMailComposeViewController::canSendMail()
@@ -87,7 +93,7 @@ void MFMailComposeViewController::viewDidLoad()
     m_send = addButton("Send", [this] { send(); });
     m_send->setFont(UIFont::boldSystemFont(17));
 
-    m_recipients = std::make_shared<UILabel>();
+    m_recipients = std::make_shared<Recipients>();
     m_recipients->setText("To: " + joined(m_toRecipients, ", "));
     m_recipients->setTextColor(UIColor::white());
     view()->addSubview(m_recipients);
