@@ -175,7 +175,7 @@ void AccessibleMirror::reportNew(const std::set<std::int64_t>& staying) const
     }
 }
 
-void AccessibleMirror::reportChanges(const Places& before) const
+void AccessibleMirror::reportChanges(const Places& before)
 {
     for (const auto& [identifier, place] : m_places) {
         const auto known = before.find(identifier);
@@ -193,7 +193,7 @@ void AccessibleMirror::reportChanges(const Places& before) const
     }
 }
 
-void AccessibleMirror::reportStates(const Place& place, const AccessibilityElement& before) const
+void AccessibleMirror::reportStates(const Place& place, const AccessibilityElement& before)
 {
     const QAccessible::State was = AccessibleElement::state(before);
     const QAccessible::State is = AccessibleElement::state(*place.element);
@@ -203,6 +203,9 @@ void AccessibleMirror::reportStates(const Place& place, const AccessibilityEleme
         return;
     QAccessibleStateChangeEvent event(place.interface, changed);
     m_report(&event);
+    // Readers take options for what the arrow keys choose, and say only then that one is chosen.
+    if (place.element->role == AccessibilityRole::option && is.checked)
+        announce(place.element->label);
 }
 
 void AccessibleMirror::reportFocus() const

@@ -63,11 +63,11 @@ private:
     void reportGone(const std::set<std::int64_t>& staying) const;
     void forgetGone(const Places& before) const;
     void reportNew(const std::set<std::int64_t>& staying) const;
-    void reportChanges(const Places& before) const;
+    void reportChanges(const Places& before);
 
     void report(QAccessibleInterface*, QAccessible::Event) const;
     void reportAnnounced();
-    void reportStates(const Place&, const AccessibilityElement& before) const;
+    void reportStates(const Place&, const AccessibilityElement& before);
 
     QWidget& m_screen;
     Report m_report;

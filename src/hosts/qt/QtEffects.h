@@ -29,6 +29,9 @@ public:
     Device device() override;
     void requestNotificationPermission(std::function<void(bool granted)> answer) override;
 
+    /// Calls back, on this thread, when the program is on the session bus. Never where there is none.
+    void whenOnSessionBus(std::function<void()> callback);
+
 private:
     void inBackground(std::function<void()>);
     void loadSoundPlayer();

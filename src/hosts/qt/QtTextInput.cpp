@@ -50,6 +50,7 @@ void QtTextInput::begin(
     m_window->show();
     widget.setFocus(Qt::OtherFocusReason);
     QGuiApplication::inputMethod()->show();
+    m_start = std::move(traits);
 }
 
 void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
@@ -67,6 +68,21 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
     m_window->setGeometry(window);
     m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
     m_effect->set(std::clamp(opacity, 0.0, 1.0), corner - point);
+    if (const auto start = std::exchange(m_start, std::nullopt))
+        startAt(*start, point - geometry.topLeft());
+}
+
+void QtTextInput::startAt(const TextInputTraits& start, QPoint textCorner)
+{
+    std::optional<QPoint> tap;
+    if (start.tap)
+        tap = textCorner + QPointF(start.tap->x, start.tap->y).toPoint();
+    m_editor->start(tap, static_cast<int>(std::lround(start.scrolled)));
+}
+
+CGFloat QtTextInput::scrolled() const
+{
+    return m_editor ? m_editor->scrolled() : 0;
 }
 
 void QtTextInput::breakOff()

@@ -237,23 +237,11 @@ bool ScreenWidget::event(QEvent* event)
     return QWidget::event(event);
 }
 
-bool ScreenWidget::isOverChild(const QTouchEvent& event) const
-{
-    const auto& points = event.points();
-    return std::all_of(points.begin(), points.end(),
-        [this](const QEventPoint& point) { return childAt(point.position().toPoint()); });
-}
-
 bool ScreenWidget::touchEvent(QTouchEvent& event)
 {
     // A touchpad's fingers are reported as scrolling and pinches.
     if (event.deviceType() == QInputDevice::DeviceType::TouchPad)
         return false;
-    // Qt makes a mouse of a finger that nobody takes: so the editor gets those that touch it.
-    if (event.type() == QEvent::TouchBegin && m_fingers.isEmpty() && isOverChild(event)) {
-        event.ignore();
-        return true;
-    }
     event.accept();
     std::vector<HostTouch> changed;
     for (const QEventPoint& point : event.points()) {

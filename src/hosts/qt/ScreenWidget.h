@@ -48,7 +48,6 @@ protected:
 private:
     bool touchEvent(QTouchEvent&);
     void pinchEvent(const QNativeGestureEvent&);
-    bool isOverChild(const QTouchEvent&) const;
     bool isInSight() const;
     bool displayPacesFrames() const;
     void scheduleFrame();

@@ -1,6 +1,8 @@
 #include "TextEditor.h"
+#include "EditorFinger.h"
 #include "TextLayout.h"
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTextDocument>
 
 namespace velmorath {
@@ -21,10 +23,24 @@ TextEditor::TextEditor(QWidget& parent, TextInputClient& client, const QString& 
     QTextOption option = document()->defaultTextOption();
     option.setAlignment(TextLayout::toQtAlignment(alignment));
     document()->setDefaultTextOption(option);
+    new EditorFinger(*viewport());
     setPlainText(text);
     moveCursor(QTextCursor::End);
     setKnownText(TextEditor::text());
     connect(this, &QTextEdit::textChanged, this, [this] { textMayHaveChanged(); });
+}
+
+void TextEditor::start(const std::optional<QPoint>& tap, int scrolled)
+{
+    verticalScrollBar()->setValue(scrolled);
+    if (tap)
+        setTextCursor(cursorForPosition(*tap));
+    ensureCursorVisible();
+}
+
+int TextEditor::scrolled() const
+{
+    return verticalScrollBar()->value();
 }
 
 QString TextEditor::text() const

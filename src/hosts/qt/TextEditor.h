@@ -12,6 +12,8 @@ public:
 
     QWidget& widget() override { return *this; }
     QRect geometryOver(const QRect& frame) const override { return frame; }
+    void start(const std::optional<QPoint>& tap, int scrolled) override;
+    int scrolled() const override;
     QString text() const override;
 
 protected:
