@@ -92,7 +92,6 @@ void NFXIntroViewController::makeStrip()
 {
     _scrollview->setBackgroundColor(CGColor::gray(0));
     _scrollview->setPagingEnabled(true);
-    _scrollview->setAccessibilityLabel(view()->accessibilityLabel());
     _scrollview->setBounces(false);
     _scrollview->setScrollDelegate(this);
     _scrollview->layer().setBorder(0, CGColor::gray(0.8));

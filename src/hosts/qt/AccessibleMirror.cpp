@@ -9,7 +9,7 @@ namespace velmorath {
 namespace {
 
 /// Seconds. What moves longer than this is told while it moves.
-constexpr double longMotion = 0.5;
+constexpr double longMotion = 1;
 /// Milliseconds. Readers ask for what a notice says in their own time.
 constexpr int noticeDuration = 10000;
 

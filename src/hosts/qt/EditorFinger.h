@@ -9,8 +9,8 @@ class QWidget;
 
 namespace velmorath {
 
-/// A finger on a text that is edited: a drag scrolls it, a tap places the caret, and what is held or tapped twice is
-/// selected, together with what the finger is drawn over from there. To the editor it is a mouse.
+/// A finger on a text that is edited: a drag scrolls it, a tap places the caret, and what is held or tapped
+/// twice is selected, together with what the finger is drawn over from there. To the editor it is a mouse.
 class EditorFinger final : public QObject {
 public:
     /// The surface is what the editor shows its text on. It owns this.

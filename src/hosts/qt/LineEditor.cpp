@@ -11,7 +11,7 @@ namespace {
 /// The line's stand-in for a line break of the text.
 constexpr QChar keptBreak = QChar::LineSeparator;
 
-}
+} // namespace
 
 LineEditor::LineEditor(
     QWidget& parent, TextInputClient& client, const QString& text, CGTextAlignment alignment, bool doneKey)

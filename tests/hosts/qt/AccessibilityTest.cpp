@@ -187,7 +187,8 @@ TEST_F(Accessibility, ReportsWhatChanged)
 
     client.tree.children[0].children[0].isFocused = true;
     mirror.announce("Deleted, Two");
-    EXPECT_EQ(reportsOfAFrame(), QStringList({QStringLiteral("focus Yes"), QStringLiteral("said Deleted, Two")}))
+    EXPECT_EQ(
+        reportsOfAFrame(), QStringList({QStringLiteral("focus Yes"), QStringLiteral("said Deleted, Two")}))
         << "what happened comes last: a new focus would cut it short";
     EXPECT_EQ(reportsOfAFrame(), QStringList());
 }
