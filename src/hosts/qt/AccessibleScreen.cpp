@@ -1,5 +1,7 @@
 #include "AccessibleScreen.h"
 #include "AccessibleElement.h"
+#include "AccessibleLine.h"
+#include "LineEditor.h"
 #include "ScreenWidget.h"
 
 namespace velmorath {
@@ -36,8 +38,11 @@ void AccessibleScreen::install()
     QAccessible::installUpdateHandler(report);
     // Qt takes the same factory only once.
     QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
-        const auto* screen = dynamic_cast<const ScreenWidget*>(object);
-        return screen ? new AccessibleScreen(screen->mirror()) : nullptr;
+        if (const auto* screen = dynamic_cast<const ScreenWidget*>(object))
+            return new AccessibleScreen(screen->mirror());
+        if (auto* line = dynamic_cast<LineEditor*>(object))
+            return new AccessibleLine(*line);
+        return nullptr;
     });
 }
 

@@ -246,6 +246,14 @@ TEST_F(Accessibility, TheEditorIsThereWithItsName)
     EXPECT_EQ(editor->role(), QAccessible::EditableText);
     EXPECT_EQ(editor->text(QAccessible::Name), QStringLiteral("Note"));
     EXPECT_EQ(screen()->focusChild(), editor);
+    QAccessibleTextInterface* const text = editor->textInterface();
+    int start = 0;
+    int end = 0;
+    text->attributes(3, &start, &end);
+    EXPECT_EQ(text->text(start, end), QStringLiteral("text")) << "readers read by what attributes apply to";
+    EXPECT_EQ(text->cursorPosition(), 4);
+    editor->editableTextInterface()->replaceText(0, 1, QStringLiteral("n"));
+    EXPECT_EQ(editor->text(QAccessible::Value), QStringLiteral("next"));
     host.textInput().end();
     EXPECT_EQ(screen()->focusChild(), row(0)) << "keys are the list's again";
 }
