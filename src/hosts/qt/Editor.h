@@ -23,6 +23,9 @@ public:
 
     virtual QWidget& widget() = 0;
 
+    /// Many lines are seen this far above and below the rectangle, too, when they are scrolled.
+    virtual void setMargins(int, int) { }
+
     /// Where the widget lies so that its text covers the same text drawn in this rectangle.
     virtual QRect geometryOver(const QRect&) const = 0;
 

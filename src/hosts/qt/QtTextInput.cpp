@@ -61,8 +61,12 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
     const QPoint point(static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y())));
     const QRect wholePoints(
         point, QSize(static_cast<int>(frame.size.width), static_cast<int>(frame.size.height)));
-    const QRect geometry = m_editor->geometryOver(wholePoints);
     const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
+    if (m_start) {
+        m_editor->setMargins(std::max(0, point.y() - static_cast<int>(std::lround(shown.minY()))),
+            std::max(0, static_cast<int>(std::lround(shown.maxY())) - wholePoints.bottom() - 1));
+    }
+    const QRect geometry = m_editor->geometryOver(wholePoints);
     const QRect window = QRectF(shown.minX(), shown.minY(), shown.size.width, shown.size.height).toRect()
         & geometry.adjusted(0, 0, 1, 1);
     m_window->setGeometry(window);

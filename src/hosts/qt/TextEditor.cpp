@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QTextDocument>
+#include <QTextFrame>
 
 namespace velmorath {
 
@@ -28,6 +29,18 @@ TextEditor::TextEditor(QWidget& parent, TextInputClient& client, const QString& 
     moveCursor(QTextCursor::End);
     setKnownText(TextEditor::text());
     connect(this, &QTextEdit::textChanged, this, [this] { textMayHaveChanged(); });
+}
+
+void TextEditor::setMargins(int above, int below)
+{
+    m_above = above;
+    m_below = below;
+    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+    format.setTopMargin(above);
+    format.setBottomMargin(below);
+    document()->rootFrame()->setFrameFormat(format);
+    // Nobody shall undo this.
+    document()->clearUndoRedoStacks();
 }
 
 void TextEditor::start(const std::optional<QPoint>& tap, int scrolled)

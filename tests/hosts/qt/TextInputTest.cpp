@@ -255,8 +255,14 @@ TEST_F(Editing, TheCaretGoesWhereTheTapWas)
     EXPECT_GE(caret.bottom(), 30);
     host.textInput().end();
     EXPECT_EQ(host.textInput().scrolled(), 0);
-    begin(lines, {.multiline = true, .scrolled = 0});
+    begin(lines, {.multiline = true});
     EXPECT_GT(host.textInput().scrolled(), 100) << "the caret is at the end, and in sight";
+    host.textInput().end();
+
+    host.textInput().begin(*this, lines, style, {.multiline = true, .tap = CGPoint{1, 1}});
+    host.textInput().place(field, field.insetBy(0, -16), 1);
+    EXPECT_EQ(editor<QTextEdit>()->cursorRect().top(), 16) << "only scrolled text is seen above its place";
+    EXPECT_EQ(editor<QTextEdit>()->height(), 60 + 2 * 16);
     host.textInput().end();
 }
 
