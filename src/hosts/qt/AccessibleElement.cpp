@@ -8,7 +8,8 @@ namespace {
 
 QString joined(const QString& first, const QString& second)
 {
-    return first.isEmpty() ? second : first + QStringLiteral(", ") + second;
+    const QString separator = first.isEmpty() || second.isEmpty() ? QString() : QStringLiteral(", ");
+    return first + separator + second;
 }
 
 } // namespace
@@ -95,17 +96,18 @@ QString AccessibleElement::text(QAccessible::Text kind) const
 QString AccessibleElement::nameWithCount() const
 {
     const QString label = QString::fromStdString(element().label);
-    return element().count < 0 || label.isEmpty() ? label : joined(label, QString::number(element().count));
+    const bool isNamedList = element().count >= 0 && !label.isEmpty();
+    return isNamedList ? joined(label, QString::number(element().count)) : label;
 }
 
 QString AccessibleElement::descriptionWithPlace() const
 {
-    // A check box says itself whether it is on.
-    const QString said = element().isToggle ? QString() : value();
     const AccessibilityElement* const list = m_mirror.around(m_identifier);
-    if (!list || element().index < 0)
-        return said;
-    return joined(said, QStringLiteral("%1/%2").arg(element().index + 1).arg(list->count));
+    const bool isItem = list && element().index >= 0;
+    const QString place =
+        isItem ? QStringLiteral("%1/%2").arg(element().index + 1).arg(list->count) : QString();
+    // A check box says itself whether it is on.
+    return joined(element().isToggle ? QString() : value(), place);
 }
 
 bool AccessibleElement::isText() const
