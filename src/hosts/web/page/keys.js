@@ -2,7 +2,7 @@
 
 /** In the order of HostKey. */
 const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
-    " ", "Escape", "Insert", "F2", "Delete"];
+    " ", "Escape", "Insert", "F2", "Delete", "Undo", "Redo"];
 
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
@@ -14,7 +14,11 @@ function keyName(event) {
     if (event.key === "Backspace") {
         return "Delete";
     }
-    return event.key.toLowerCase() === "n" && !event.altKey ? "Insert" : event.key;
+    const letter = event.key.toLowerCase();
+    if (letter === "z" && (event.ctrlKey || event.metaKey) && !event.altKey) {
+        return event.shiftKey ? "Redo" : "Undo";
+    }
+    return letter === "n" && !event.altKey ? "Insert" : event.key;
 }
 
 /**
@@ -26,7 +30,7 @@ export function listenToKeys(isEditing, press) {
     addEventListener("keydown", (event) => {
         const name = keyName(event);
         const key = keys.indexOf(name);
-        const isBrowsers = (event.ctrlKey || event.metaKey) && name !== "Insert";
+        const isBrowsers = (event.ctrlKey || event.metaKey) && !["Insert", "Undo", "Redo"].includes(name);
         if (key < 0 || isBrowsers || event.isComposing || isEditing()) {
             return;
         }
