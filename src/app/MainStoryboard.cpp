@@ -11,6 +11,7 @@ namespace velmorath {
 namespace {
 
 constexpr unsigned fillsWidth = UIViewAutoresizing::flexibleWidth;
+constexpr CGFloat textMargin = 16;
 
 /// What pulling the list down does, between the two buttons of the bar.
 std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
@@ -66,12 +67,14 @@ void fillNote(UIViewController& controller, UIView& view)
     note.intestazione = heading;
     bar->addSubview(rightBarButton(size.width, "ok", "Save", [&note] { note.ok(); }));
 
-    const auto text = std::make_shared<UITextView>(CGRect{});
+    const auto text =
+        std::make_shared<UITextView>(CGRectMake(0, barHeight, size.width, size.height - barHeight));
+    text->setAutoresizingMask(fillsWidth | UIViewAutoresizing::flexibleHeight);
+    text->setTextContainerInset(textMargin);
     text->setFont(UIFont::systemFont(22));
     text->setTextColor(UIColor::white());
     text->setAccessibilityLabel(Bundle::main().localizedString("Note"));
-    view.addSubview(
-        std::make_shared<ReadingColumn>(CGRectMake(0, barHeight, size.width, size.height - barHeight), text));
+    view.addSubview(text);
     view.addSubview(bar);
     note.barra = bar;
     note.testo = text;

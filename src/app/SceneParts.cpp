@@ -8,8 +8,6 @@ namespace {
 
 /// Pictures have three pixels a point.
 constexpr CGFloat pictureScale = 3;
-constexpr CGFloat columnMargin = 16;
-constexpr CGFloat widestColumn = 700;
 
 std::shared_ptr<UIButton> pictureButton(
     CGFloat x, std::string_view picture, std::string_view name, std::function<void()> action)
@@ -44,20 +42,22 @@ std::shared_ptr<UIView> topBar(CGFloat viewWidth)
     return bar;
 }
 
-ReadingColumn::ReadingColumn(const CGRect& frame, std::shared_ptr<UIView> content)
-    : UIView(frame)
+TableScroller::TableScroller(const CGRect& frame, std::shared_ptr<UIView> table, CGFloat tableHeight)
+    : UIScrollView(frame)
+    , m_tableHeight(tableHeight)
 {
     setAutoresizingMask(UIViewAutoresizing::flexibleWidth | UIViewAutoresizing::flexibleHeight);
-    addSubview(std::move(content));
+    addSubview(std::move(table));
 }
 
-void ReadingColumn::layoutSubviews()
+void TableScroller::layoutSubviews()
 {
-    UIView::layoutSubviews();
     const CGSize size = bounds().size;
-    const CGFloat width = std::clamp(size.width - 2 * columnMargin, 0.0, widestColumn);
-    subviews().front()->setFrame(CGRectMake(
-        (size.width - width) / 2, columnMargin, width, std::max(0.0, size.height - 2 * columnMargin)));
+    const CGFloat height = std::max(size.height, m_tableHeight);
+    setContentSize({size.width, height});
+    setScrollEnabled(height > size.height);
+    subviews().front()->setFrame(CGRectMake(0, 0, size.width, height));
+    UIScrollView::layoutSubviews();
 }
 
 } // namespace velmorath

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "UIButton.h"
-#include "UIView.h"
+#include "UIScrollView.h"
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -22,13 +22,16 @@ std::shared_ptr<UIButton> rightBarButton(
 /// A bar across the top of a view.
 std::shared_ptr<UIView> topBar(CGFloat viewWidth);
 
-/// Holds one view in its middle, with a margin, and no wider than a text that is easy to read.
-class ReadingColumn : public UIView {
+/// Holds a table that does not scroll, and scrolls it where the window is too low for its rows.
+class TableScroller : public UIScrollView {
 public:
-    /// Follows the size of the view around it.
-    ReadingColumn(const CGRect& frame, std::shared_ptr<UIView> content);
+    /// Follows the size of the view around it. The height is that of all the table's rows.
+    TableScroller(const CGRect& frame, std::shared_ptr<UIView> table, CGFloat tableHeight);
 
     void layoutSubviews() override;
+
+private:
+    CGFloat m_tableHeight;
 };
 
 } // namespace velmorath

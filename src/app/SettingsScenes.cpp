@@ -44,12 +44,15 @@ void fillInformation(UIViewController& controller, UIView& view)
     fillScreen(static_cast<Info&>(controller), view, "Information")->setText("Velmorath");
 }
 
-/// A screen that writes its title itself.
+/// A screen that writes its title itself, and whose table does not scroll.
 template <typename Screen>
 void fillTitledScreen(UIViewController& controller, UIView& view, std::string_view name)
 {
     auto& screen = static_cast<Screen&>(controller);
     screen.titolo = fillScreen(screen, view, name);
+    const std::shared_ptr<UITableView> table = screen.tabella.lock();
+    const CGFloat height = static_cast<CGFloat>(screen.items.size()) * screen.kRowHeight;
+    view.addSubview(std::make_shared<TableScroller>(table->frame(), table, height));
 }
 
 void fillOptions(UIViewController& controller, UIView& view)

@@ -40,7 +40,8 @@ void VistaNoteViewController::viewWillAppear(bool)
 
 bool VistaNoteViewController::escapePressed()
 {
-    chiudi();
+    if (textView()->text() == note().text.value_or(""))
+        chiudi();
     return true;
 }
 

@@ -17,7 +17,7 @@ namespace velmorath {
 class VistaNoteViewController : public UIViewController {
 public:
     void viewWillAppear(bool animated) override;
-    /// Closes without saving.
+    /// Closes without saving, as long as nothing that was typed would be lost.
     bool escapePressed() override;
     void viewDidLayoutSubviews() override { }
 

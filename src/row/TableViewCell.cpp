@@ -94,6 +94,8 @@ void TableViewCell::layoutSubviews()
     // Neither a long text nor one that reads from the right touches the row's end.
     label->setRightInset(std::max(kLabelLeftMargin, reorderControlWidth()));
     labelData->setFrame(CGRectMake(width - dateColumnWidth, -dateRise, width - kLabelLeftMargin, height));
+    // What does not fit into the row is cut with an ellipsis.
+    labelData->setRightInset(labelData->frame().maxX() - width);
     tickLabel->setFrame(CGRectMake(-(kUICuesWidth + kUICuesMargin), 0, kUICuesWidth, height));
     crossLabel->setFrame(CGRectMake(width + kUICuesMargin, 0, kUICuesWidth, height));
 }
@@ -115,6 +117,10 @@ std::shared_ptr<UIView> TableViewCell::hitTest(CGPoint point)
     const CGRect words = wordsOf(*label);
     const CGRect target = words.insetBy(0, (words.size.height - touchHeight) / 2);
     if (target.contains(point) && point.x < dateColumn)
+        return label;
+    // A short text that reads from the right lies under the date, and leaves room beside it on the left.
+    const bool hasRoomOnTheLeft = words.minX() >= kLabelLeftMargin + dateColumnWidth;
+    if (words.contains(point) && hasRoomOnTheLeft)
         return label;
     return shared_from_this();
 }

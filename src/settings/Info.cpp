@@ -63,7 +63,7 @@ std::shared_ptr<UITableViewCell> Info::tableViewCellForRowAtIndexPath(UITableVie
     return makeCell(list, path);
 }
 
-void Info::tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath path)
+void Info::tableViewDidSelectRowAtIndexPath(UITableView& list, IndexPath path)
 {
     print("You selected cell #" + std::to_string(path.row) + "!");
     giveTapFeedback();
@@ -74,6 +74,7 @@ void Info::tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath path)
     case 1:
         print("----- richiedo recenzione app");
         open(reviewPage());
+        list.deselectRow(path);
         break;
     case 2:
         presentTutorial(*this, *this);
@@ -83,6 +84,7 @@ void Info::tableViewDidSelectRowAtIndexPath(UITableView&, IndexPath path)
         break;
     default:
         open(std::string(configuration::privacyPage));
+        list.deselectRow(path);
     }
 }
 

@@ -49,7 +49,7 @@ void Info2::viewDidLoad()
 
 void Info2::viewDidLayoutSubviews()
 {
-    UIViewController::viewDidLayoutSubviews();
+    SettingsScreen::viewDidLayoutSubviews();
     showTitle(titolo, "Settings");
 }
 

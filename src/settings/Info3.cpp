@@ -17,7 +17,7 @@ void Info3::viewDidLoad()
 
 void Info3::viewDidLayoutSubviews()
 {
-    UIViewController::viewDidLayoutSubviews();
+    SettingsScreen::viewDidLayoutSubviews();
     showTitle(titolo, "Select theme");
 }
 

@@ -27,6 +27,22 @@ void SettingsScreen::viewWillAppear(bool animated)
     table()->reloadData();
 }
 
+void SettingsScreen::viewDidLayoutSubviews()
+{
+    UIViewController::viewDidLayoutSubviews();
+    for (const auto& cell : table()->visibleCells()) {
+        for (const auto& layer : cell->layer().sublayers()) {
+            if (dynamic_cast<const CAGradientLayer*>(layer.get()))
+                layer->setFrame(sheenFrame());
+        }
+    }
+}
+
+CGRect SettingsScreen::sheenFrame()
+{
+    return CGRectMake(0, 0, view()->bounds().size.width, kRowHeight);
+}
+
 bool SettingsScreen::escapePressed()
 {
     chiudi();
@@ -64,7 +80,7 @@ std::shared_ptr<UITableViewCell> SettingsScreen::makeCell(UITableView& list, Ind
     cell->textLabel().setText(item(path.row));
     cell->textLabel().setTextColor(UIColor::white());
     const auto sheen = std::make_shared<CAGradientLayer>();
-    sheen->setFrame(CGRectMake(0, 0, view()->bounds().size.width, kRowHeight));
+    sheen->setFrame(sheenFrame());
     sheen->setGradient(rowSheen());
     cell->layer().insertSublayer(sheen, 0);
     return cell;

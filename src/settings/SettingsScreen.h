@@ -20,6 +20,7 @@ public:
 
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;
+    void viewDidLayoutSubviews() override;
 
     /// The close button.
     void chiudi();
@@ -54,6 +55,7 @@ protected:
     void presentScreen(std::string_view identifier);
 
 private:
+    CGRect sheenFrame();
     CGColor colorForIndex(std::int64_t index) const;
 };
 

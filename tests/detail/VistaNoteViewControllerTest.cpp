@@ -57,6 +57,53 @@ TEST_F(VistaNoteViewControllerTest, ItSlidesInAndOutAndIsDeafMeanwhile)
     EXPECT_EQ(detail().indirizzoNotaDaVisualizzare, 1);
 }
 
+TEST_F(VistaNoteViewControllerTest, EscapeClosesOnlyWhenNothingThatWasTypedIsLost)
+{
+    start({"One"});
+    open(0);
+    edit("One and more");
+    host.textInput().pressReturn();
+    EXPECT_FALSE(host.textInput().isEditing());
+    EXPECT_TRUE(host.press(HostKey::escape));
+    host.advance(0.5);
+    ASSERT_TRUE(presented());
+    EXPECT_EQ(detail().testo.lock()->text(), "One and more");
+    edit("One");
+    host.textInput().pressReturn();
+    host.press(HostKey::escape);
+    host.advance(0.5);
+    EXPECT_FALSE(presented());
+}
+
+TEST_F(VistaNoteViewControllerTest, ALongNoteIsEditedWhereItIsReadAndReadWhereItWasEdited)
+{
+    host.screen().setSize({1200, 400});
+    std::string text;
+    for (int line = 0; line < 60; ++line)
+        text += "a line that fills about a column\n";
+    start({text});
+    tap({1170, 30});
+    host.advance(0.5);
+    const CGFloat column = (1200.0 - 700) / 2;
+    const auto shown = [&] { return host.draw().text(text)->rect.origin; };
+    EXPECT_EQ(shown(), (CGPoint{column, 56 + 16}));
+    host.wheel({20, 300}, -100);
+    host.advance(0.1);
+    EXPECT_EQ(shown().y, 56 + 16 - 100) << "beside the column";
+
+    tap({column + 30, 200});
+    ASSERT_TRUE(host.textInput().isEditing());
+    EXPECT_EQ(host.textInput().traits().scrolled, 100);
+    EXPECT_EQ(host.textInput().traits().tap, (CGPoint{30, 200 - 56 - 16}));
+    host.textInput().scrollTo(240);
+    host.textInput().pressReturn();
+    host.advance(0.1);
+    EXPECT_EQ(shown().y, 56 + 16 - 240);
+    host.press(HostKey::enter);
+    EXPECT_TRUE(host.textInput().isEditing());
+    EXPECT_FALSE(host.textInput().traits().tap) << "by a key";
+}
+
 TEST_F(VistaNoteViewControllerTest, OneLettersCaseIsAChangeAndSpacesAreText)
 {
     start({"one", "two"});

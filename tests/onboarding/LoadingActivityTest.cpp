@@ -193,17 +193,16 @@ TEST_F(LoadingActivityTest, WithoutAScreenItIsRefusedOrFatal)
 TEST_F(LoadingActivityTest, ItsSizeIsTheUprightScreensAtTheFirstUse)
 {
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const auto widths = [this](CGSize screenSize, bool isTablet, CGFloat expected) {
-        host.effects().setDevice({"", "", "", "", isTablet});
+    const auto widths = [this](CGSize screenSize, CGFloat expected) {
         host.resize(screenSize);
         const CGFloat width = Settings::ActivityWidth();
         host.resize({100, 100});
         const bool isKept = Settings::ActivityWidth() == width && Settings::ActivityHeight() == width / 3;
         std::exit(isKept && std::fabs(width - expected) < 1e-9 ? 0 : 1);
     };
-    EXPECT_EXIT(widths({320, 500}, false, 200), testing::ExitedWithCode(0), "");
-    EXPECT_EXIT(widths({667, 320}, false, 200), testing::ExitedWithCode(0), "") << "held sideways";
-    EXPECT_EXIT(widths({700, 900}, true, 200), testing::ExitedWithCode(0), "") << "a tablet";
+    EXPECT_EXIT(widths({320, 500}, 200), testing::ExitedWithCode(0), "");
+    EXPECT_EXIT(widths({667, 320}, 200), testing::ExitedWithCode(0), "") << "held sideways";
+    EXPECT_EXIT(widths({700, 900}, 200), testing::ExitedWithCode(0), "") << "a tablet";
 }
 
 } // namespace velmorath

@@ -62,4 +62,24 @@ TEST_F(PubblicitaTest, ABrokenInterfaceFileOrNoLanguageIsFatal)
     enterPubblicitaNib();
 }
 
+TEST_F(PubblicitaTest, TheHeaderIsAsLargeAsFits)
+{
+    struct Header : UILabel {
+        using UILabel::keptDrawing;
+        using UILabel::UILabel;
+    };
+    for (CGFloat width = 150; width < 500; width += 1) {
+        const auto header = std::make_shared<Header>(CGRectMake(0, 0, width, 36));
+        header->setText("Découvrez nos autres applications GRATUITES :");
+        header->setFont(UIFont::boldSystemFont(16));
+        header->setMinimumScaleFactor(0.5);
+        DrawingRecorder drawing;
+        header->keptDrawing()(drawing);
+        const CGFont font = drawing.commands().front().textStyle.font;
+        const CGFloat drawn = host.screen().measure(header->text(), font, 0).size.width;
+        EXPECT_TRUE(drawn <= width || font.size == 8) << width;
+        EXPECT_TRUE(drawn > width * 0.8 || font.size == 16 || font.size == 8) << width << " is filled";
+    }
+}
+
 } // namespace velmorath

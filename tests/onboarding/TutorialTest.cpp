@@ -84,6 +84,9 @@ TEST_F(TutorialTest, TitleAndDotsFollowTheFinger)
         host.advance(1.5);
         EXPECT_EQ(dot(), page);
     }
+    host.screen().setReducesMotion(true);
+    host.press(HostKey::left);
+    EXPECT_EQ(tutorial()._scrollview->contentOffset().x, 0) << "without any way";
 }
 
 TEST_F(TutorialTest, WithoutPicturesOrDelegateNothingBreaks)

@@ -146,6 +146,66 @@ TEST_F(SettingsTest, AThemeIsStoredAtOnceAndShownAfterTheTap)
     EXPECT_EQ(first->backgroundColor(), (CGColor{0.0, 0.2, 0.0, 1.0}));
 }
 
+TEST_F(SettingsTest, ALowWindowScrollsToTheLastThemeByFingerWheelAndKeys)
+{
+    const CGPoint bottom{160, 290};
+    const auto themeChosenAfter = [&](const auto& scroll) {
+        host.quit();
+        host.screen().setSize({568, 320});
+        UserDefaults::standard().setObject(settingsKey, defaultSettings("Red"));
+        start({"One"}, "Red");
+        openThemes();
+        scroll();
+        host.advance(1);
+        return setting(stored(), "theme");
+    };
+    EXPECT_EQ(themeChosenAfter([&] {
+        Finger finger(host, {160, 270});
+        finger.moveBy({0, -250});
+        finger.hold();
+        finger.lift();
+        host.advance(1);
+        tap(bottom);
+    }),
+        "Black");
+    EXPECT_EQ(themeChosenAfter([&] {
+        host.wheel(bottom, -300);
+        tap(bottom);
+    }),
+        "Black");
+    EXPECT_EQ(themeChosenAfter([&] {
+        for (const HostKey key : {HostKey::tab, HostKey::tab, HostKey::end, HostKey::enter})
+            host.press(key);
+    }),
+        "Black");
+    EXPECT_EQ(host.draw().text("Black")->rect.maxY(), 320);
+}
+
+TEST_F(SettingsTest, TheSheenFollowsTheWindow)
+{
+    start({"One"}, "Red");
+    openThemes();
+    host.resize({1200, 800});
+    host.advance(0.1);
+    std::size_t sheens = 0;
+    const DrawingRecorder drawn = host.draw();
+    for (const DrawingCommand& command : drawn.commands()) {
+        if (command.kind == DrawingCommand::Kind::gradient)
+            sheens += command.rect.size.width == 1200 ? 1 : 100;
+    }
+    EXPECT_EQ(sheens, 7u);
+}
+
+TEST_F(SettingsTest, ATappedAddressLeavesItsRowAsItWas)
+{
+    start({"One"}, "Red");
+    openInformation();
+    const auto before = host.draw().commands().size();
+    tapRow(1);
+    tapRow(4);
+    EXPECT_EQ(host.draw().commands().size(), before) << "nothing pale over a row";
+}
+
 TEST_F(SettingsTest, AReloadThatComesAfterTheScreenHasGoneDoesNothing)
 {
     start({"One"}, "Red");

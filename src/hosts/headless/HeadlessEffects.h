@@ -40,7 +40,7 @@ private:
     std::optional<long long> m_badge;
     std::vector<std::string> m_refusedSchemes;
     bool m_canSendMail = true;
-    Device m_device{"Phone", "Test phone", "Headless", "1.0", false};
+    Device m_device{"Phone", "Test phone", "Headless", "1.0"};
     std::vector<std::string> m_openedAddresses;
     int m_permissionsAsked = 0;
 };

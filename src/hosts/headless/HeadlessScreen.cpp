@@ -25,8 +25,9 @@ CGTextMetrics HeadlessScreen::measure(std::string_view utf8, const CGFont& font,
 {
     const auto characters =
         std::count_if(utf8.begin(), utf8.end(), [](char byte) { return !isContinuation(byte); });
+    const CGFloat size = std::round(font.size);
     CGTextMetrics metrics;
-    metrics.size = {static_cast<CGFloat>(characters) * font.size * 0.6, font.size * 1.2};
+    metrics.size = {static_cast<CGFloat>(characters) * size * 0.6, size * 1.2};
     if (wrapWidth > 0 && metrics.size.width > wrapWidth)
         metrics.size = {wrapWidth, metrics.size.height * std::ceil(metrics.size.width / wrapWidth)};
     metrics.readsFromTheRight = !utf8.empty() && isFromTheRight(utf8.front());

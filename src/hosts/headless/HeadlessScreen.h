@@ -5,8 +5,8 @@
 
 namespace velmorath {
 
-/// A screen of 375 x 667 points that nobody sees. Every character is six tenths as wide as its font's
-/// size, and a line a fifth higher than that.
+/// A screen of 375 x 667 points that nobody sees. Fonts have whole sizes; every character is six
+/// tenths as wide as its font's size, and a line a fifth higher than that.
 class HeadlessScreen : public Screen {
 public:
     CGSize size() const override { return m_size; }

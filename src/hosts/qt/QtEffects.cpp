@@ -145,14 +145,11 @@ bool QtEffects::hasProgramFor(const QString& scheme)
 
 Device QtEffects::device()
 {
-    constexpr int smallestTablet = 600;
     Device device;
     device.model = modelName().toStdString();
     device.name = QSysInfo::machineHostName().toStdString();
     device.systemName = QSysInfo::productType().toStdString();
     device.systemVersion = QSysInfo::productVersion().toStdString();
-    const QSize size = QGuiApplication::primaryScreen()->size();
-    device.isTablet = std::min(size.width(), size.height()) >= smallestTablet;
     return device;
 }
 

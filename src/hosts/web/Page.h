@@ -57,7 +57,6 @@ void pageSetBadge(double number);
 bool pageOpenAddress(const char* address, std::size_t length);
 /// Model, name, system and version with a line break between them.
 std::size_t pageDevice();
-bool pageIsTablet();
 /// permissionAnswered() is called when the answer is there.
 void pageRequestPermission();
 }

@@ -30,8 +30,7 @@ Device WebEffects::device()
 {
     std::vector<std::string> texts = splitLines(IncomingBytes::take(pageDevice()));
     texts.resize(4);
-    return {
-        std::move(texts[0]), std::move(texts[1]), std::move(texts[2]), std::move(texts[3]), pageIsTablet()};
+    return {std::move(texts[0]), std::move(texts[1]), std::move(texts[2]), std::move(texts[3])};
 }
 
 void WebEffects::requestNotificationPermission(std::function<void(bool granted)> answer)

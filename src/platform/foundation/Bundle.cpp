@@ -77,13 +77,13 @@ std::string Bundle::localizedString(std::string_view key)
     return place == m_table->end() ? std::string(key) : place->second;
 }
 
-std::string Bundle::localizedString(std::string_view key, std::initializer_list<std::int64_t> numbers)
+std::string Bundle::localizedString(std::string_view key, const std::vector<std::string>& values)
 {
     std::string words = localizedString(key);
     std::string placeholder = "%1";
-    for (const std::int64_t number : numbers) {
+    for (const std::string& value : values) {
         if (const std::size_t place = words.find(placeholder); place != std::string::npos)
-            words.replace(place, placeholder.size(), std::to_string(number));
+            words.replace(place, placeholder.size(), value);
         ++placeholder.back();
     }
     return words;

@@ -2,9 +2,8 @@
 
 #include "PropertyList.h"
 #include "StringsTable.h"
-#include <cstdint>
-#include <initializer_list>
 #include <optional>
+#include <vector>
 
 namespace velmorath {
 
@@ -26,8 +25,8 @@ public:
     /// no translation. The table is read at the first use.
     std::string localizedString(std::string_view key);
 
-    /// The same with these numbers in the places %1, %2 and so on.
-    std::string localizedString(std::string_view key, std::initializer_list<std::int64_t> numbers);
+    /// The same with these values in the places %1, %2 and so on.
+    std::string localizedString(std::string_view key, const std::vector<std::string>& values);
 
     /// Forgets the language, and finds it again at the next use.
     void reset() { m_table.reset(); }

@@ -14,8 +14,6 @@ struct Device {
     std::string name;
     std::string systemName;
     std::string systemVersion;
-    /// Large enough to be a tablet.
-    bool isTablet = false;
 };
 
 /// What reaches the user other than by the screen. Main thread only. Every service may be absent: then

@@ -2,6 +2,7 @@
 #include "Bundle.h"
 #include "Host.h"
 #include "UIApplication.h"
+#include "UIReadableColumn.h"
 
 namespace velmorath {
 
@@ -12,8 +13,6 @@ constexpr CGFloat buttonWidth = 96;
 constexpr CGFloat recipientsHeight = 48;
 constexpr CGFloat hairline = 0.5;
 constexpr CGFloat margin = 16;
-/// Longer lines are hard to read.
-constexpr CGFloat widestColumn = 700;
 const CGColor backgroundColor = CGColor::gray(0.1);
 const CGColor lineColor = CGColor::gray(0.35);
 
@@ -72,8 +71,7 @@ std::shared_ptr<UIButton> MFMailComposeViewController::addButton(
     const std::string& title, std::function<void()> action)
 {
     auto button = std::make_shared<UIButton>();
-    button->setTitle(title);
-    button->setAccessibilityLabel(Bundle::main().localizedString(title));
+    button->setTitle(Bundle::main().localizedString(title));
     button->addTarget([action = std::move(action)](UIControl&) { action(); });
     view()->addSubview(button);
     return button;
@@ -88,7 +86,7 @@ void MFMailComposeViewController::viewDidLoad()
     m_send->setFont(UIFont::boldSystemFont(17));
 
     m_recipients = std::make_shared<UILabel>();
-    m_recipients->setText("To: " + joined(m_toRecipients, ", "));
+    m_recipients->setText(Bundle::main().localizedString("To: %1", {joined(m_toRecipients, ", ")}));
     m_recipients->setTextColor(UIColor::white());
     view()->addSubview(m_recipients);
 
@@ -107,11 +105,12 @@ void MFMailComposeViewController::viewDidLoad()
 void MFMailComposeViewController::viewDidLayoutSubviews()
 {
     const CGSize size = view()->bounds().size;
-    m_cancel->setFrame(CGRectMake(0, 0, buttonWidth, barHeight));
-    m_send->setFrame(CGRectMake(size.width - buttonWidth, 0, buttonWidth, barHeight));
+    const CGRect column = readableColumn(view()->bounds().insetBy(margin, 0));
+    const CGFloat x = column.minX();
+    const CGFloat width = column.size.width;
+    m_cancel->setFrame(CGRectMake(x - margin, 0, buttonWidth, barHeight));
+    m_send->setFrame(CGRectMake(column.maxX() + margin - buttonWidth, 0, buttonWidth, barHeight));
 
-    const CGFloat width = std::min(widestColumn, size.width - 2 * margin);
-    const CGFloat x = (size.width - width) / 2;
     const CGFloat bodyTop = barHeight + recipientsHeight + margin;
     m_recipients->setFrame(CGRectMake(x, barHeight, width, recipientsHeight));
     m_line->setFrame(CGRectMake(x, barHeight + recipientsHeight, width, hairline));
@@ -129,7 +128,8 @@ void MFMailComposeViewController::send()
 
 bool MFMailComposeViewController::escapePressed()
 {
-    finish(MFMailComposeResult::cancelled);
+    if (m_body->text() == m_messageBody)
+        finish(MFMailComposeResult::cancelled);
     return true;
 }
 

@@ -42,7 +42,7 @@ public:
     void setMessageBody(std::string body) { m_messageBody = std::move(body); }
 
     void viewDidLoad() override;
-    /// Cancels.
+    /// Cancels, as long as nothing that was typed would be lost.
     bool escapePressed() override;
     void viewDidLayoutSubviews() override;
 

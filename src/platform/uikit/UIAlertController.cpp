@@ -1,4 +1,6 @@
 #include "UIAlertController.h"
+#include "HostKey.h"
+#include <algorithm>
 
 namespace velmorath {
 
@@ -69,6 +71,18 @@ void UIAlertController::viewDidLoad()
     box->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
         | UIViewAutoresizing::flexibleTopMargin | UIViewAutoresizing::flexibleBottomMargin);
     view()->addSubview(box);
+}
+
+bool UIAlertController::keyPressed(const HostKeyPress& press)
+{
+    if (press.key != HostKey::enter && press.key != HostKey::space)
+        return UIViewController::keyPressed(press);
+    const auto action = std::find_if(m_actions.begin(), m_actions.end(),
+        [](const UIAlertAction& candidate) { return candidate.style == UIAlertActionStyle::standard; });
+    if (action == m_actions.end())
+        return false;
+    dismiss(true, action->handler);
+    return true;
 }
 
 bool UIAlertController::escapePressed()

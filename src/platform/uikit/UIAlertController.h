@@ -27,6 +27,8 @@ public:
     void addAction(UIAlertAction action) { m_actions.push_back(std::move(action)); }
 
     void viewDidLoad() override;
+    /// Enter and Space press the button of the standard style, unless they are pointed at another one.
+    bool keyPressed(const HostKeyPress&) override;
     /// The same as the first button.
     bool escapePressed() override;
 

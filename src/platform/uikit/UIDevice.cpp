@@ -1,5 +1,7 @@
 #include "UIDevice.h"
 #include "Host.h"
+#include "UIScreen.h"
+#include <algorithm>
 
 namespace velmorath {
 
@@ -40,7 +42,10 @@ std::string UIDevice::systemVersion() const
 
 UIUserInterfaceIdiom UIDevice::userInterfaceIdiom() const
 {
-    return device().isTablet ? UIUserInterfaceIdiom::pad : UIUserInterfaceIdiom::phone;
+    constexpr CGFloat smallestPad = 600;
+    const CGSize screen = UIScreen::main().bounds().size;
+    return std::min(screen.width, screen.height) >= smallestPad ? UIUserInterfaceIdiom::pad
+                                                                : UIUserInterfaceIdiom::phone;
 }
 
 } // namespace velmorath

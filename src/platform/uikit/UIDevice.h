@@ -15,6 +15,7 @@ public:
     std::string name() const;
     std::string systemName() const;
     std::string systemVersion() const;
+    /// By the size of the program's own window.
     UIUserInterfaceIdiom userInterfaceIdiom() const;
 };
 

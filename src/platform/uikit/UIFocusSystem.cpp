@@ -1,5 +1,6 @@
 #include "UIFocusSystem.h"
 #include "HostKey.h"
+#include "UITableView.h"
 #include "UIViewController.h"
 #include "UIWindow.h"
 #include <algorithm>
@@ -90,6 +91,7 @@ bool UIFocusSystem::keyPressed(UIWindow& window, const HostKeyPress& press)
     const bool isFinal = press.key == HostKey::remove || press.key == HostKey::space;
     const bool onlyMarks = isFinal && m_focused && m_known.lock() != m_focused;
     const bool isUsed = onlyMarks || useKey(window, press, m_focused ? m_focused : screen);
+    bringIntoSight();
     m_known = m_focused;
     return isUsed;
 }
@@ -169,6 +171,20 @@ void UIFocusSystem::replaceLostFocus(UIView& screen)
     m_focused.reset();
     if (!m_place.isNull())
         focusNearestTo(m_place.center(), screen);
+}
+
+void UIFocusSystem::bringIntoSight() const
+{
+    if (!m_focused)
+        return;
+    for (UIView* around = m_focused->superview(); around; around = around->superview()) {
+        auto* const scroller = dynamic_cast<UIScrollView*>(around);
+        // A table scrolls by rows, when it is told to.
+        if (!scroller || !scroller->isScrollEnabled() || dynamic_cast<UITableView*>(around))
+            continue;
+        const CGPoint corner = m_focused->convertToWindow(m_focused->bounds().origin);
+        scroller->scrollRectToVisible({scroller->convertFromWindow(corner), m_focused->bounds().size}, false);
+    }
 }
 
 void UIFocusSystem::update(UIWindow& window)

@@ -36,6 +36,7 @@ private:
     /// False past the end, unless it goes round: the key is for what lies around the screen then, and the
     /// next one comes in again.
     bool moveFocus(UIWindow&, bool forward, bool goesRound);
+    void bringIntoSight() const;
     void replaceLostFocus(UIView& screen);
     void focusNearestTo(CGPoint, UIView& screen);
     void placeRing(UIWindow&);

@@ -22,9 +22,14 @@ CGTextStyle UILabel::fittingStyle() const
     CGTextStyle style = m_style;
     if (m_minimumScaleFactor >= 1)
         return style;
-    const CGFloat width = Host::current().screen().measure(m_text, style.font).size.width;
-    if (width > bounds().size.width)
-        style.font.size *= std::max(m_minimumScaleFactor, bounds().size.width / width);
+    const auto width = [&] { return Host::current().screen().measure(m_text, style.font).size.width; };
+    const CGFloat room = bounds().size.width;
+    const CGFloat least = m_minimumScaleFactor * style.font.size;
+    if (width() > room)
+        style.font.size = std::max(least, style.font.size * room / width());
+    // Machines have fonts of whole sizes, and may take the next larger one.
+    while (style.font.size > least && width() > room)
+        style.font.size = std::max(least, std::ceil(style.font.size) - 1);
     return style;
 }
 

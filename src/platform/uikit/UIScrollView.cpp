@@ -9,6 +9,15 @@ namespace {
 /// Slower than this (points a second) the content stays where it is let go.
 constexpr CGFloat standstill = 12;
 
+constexpr CGFloat indicatorWidth = 3;
+constexpr CGFloat indicatorMargin = 3;
+constexpr CGFloat shortestIndicator = 36;
+constexpr double indicatorRest = 0.6;
+constexpr double indicatorFade = 0.3;
+const CGColor indicatorColor = CGColor::gray(1, 0.6);
+/// What is seen again after a page was scrolled by.
+constexpr CGFloat pageOverlap = 60;
+
 } // namespace
 
 /// Pans, and catches a content that is moving by itself at the first touch.
@@ -70,8 +79,32 @@ void UIScrollView::moveContentTo(CGPoint offset)
     moved.origin = offset;
     setBounds(moved);
     setNeedsLayout();
+    if (m_showsIndicator)
+        showIndicator();
     if (m_scrollDelegate)
         m_scrollDelegate->scrollViewDidScroll(*this);
+}
+
+void UIScrollView::showIndicator()
+{
+    const CGFloat furthest = rangeY().maximum;
+    if (furthest <= 0)
+        return;
+    if (!m_indicator) {
+        m_indicator = std::make_shared<UIView>(CGRect{});
+        m_indicator->setBackgroundColor(indicatorColor);
+        m_indicator->layer().setCornerRadius(indicatorWidth / 2);
+        m_indicator->setUserInteractionEnabled(false);
+        addSubview(m_indicator);
+    }
+    const CGRect shown = bounds().insetBy(indicatorMargin, indicatorMargin);
+    const CGFloat height = std::max(std::min(shortestIndicator, shown.size.height),
+        shown.size.height * bounds().size.height / m_contentSize.height);
+    const CGFloat way = (shown.size.height - height) * std::clamp(contentOffset().y / furthest, 0.0, 1.0);
+    m_indicator->setFrame(
+        CGRectMake(shown.maxX() - indicatorWidth, shown.minY() + way, indicatorWidth, height));
+    m_indicator->setAlpha(1);
+    UIView::animate(indicatorFade, indicatorRest, [this] { m_indicator->setAlpha(0); });
 }
 
 void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated)
@@ -80,7 +113,7 @@ void UIScrollView::scrollRectToVisible(const CGRect& rect, bool animated)
     const CGPoint target{rangeX().showing(offset.x, rect.minX(), rect.maxX()),
         rangeY().showing(offset.y, rect.minY(), rect.maxY())};
     if (animated)
-        springTo(target, {0, 0});
+        goTo(target);
     else
         setContentOffset(target);
 }
@@ -132,14 +165,19 @@ void UIScrollView::turnPage(int step)
         return;
     const UIScrollRange x = rangeX();
     const CGPoint offset = contentOffset();
-    springTo({x.inside(offset.x + step * x.length), offset.y}, {0, 0});
+    goTo({x.inside(offset.x + step * x.length), offset.y});
 }
 
 std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
 {
-    if (!m_pagingEnabled)
-        return {};
     UIAccessibilityInfo info{.label = accessibilityLabel()};
+    if (!m_pagingEnabled) {
+        if (!m_scrollEnabled)
+            return {};
+        info.actions = scrollActions(std::max(pageOverlap, bounds().size.height - pageOverlap),
+            [this](CGPoint offset) { setContentOffset(offset); });
+        return info.actions.empty() ? std::nullopt : std::optional(info);
+    }
     const auto addTurn = [&](std::string_view name, int step) {
         info.actions.push_back({Bundle::main().localizedString(name), [this, step] { turnPage(step); }});
     };
@@ -148,6 +186,20 @@ std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
     if (contentOffset().x > 0)
         addTurn("Previous page", -1);
     return info;
+}
+
+std::vector<UIAccessibilityAction> UIScrollView::scrollActions(
+    CGFloat way, const std::function<void(CGPoint)>& scrollTo) const
+{
+    std::vector<UIAccessibilityAction> actions;
+    const auto add = [&](std::string_view name, CGFloat by) {
+        const CGPoint target = inside({0, contentOffset().y + by});
+        if (by * (target.y - contentOffset().y) > 0)
+            actions.push_back({Bundle::main().localizedString(name), [=] { scrollTo(target); }});
+    };
+    add("Scroll down", way);
+    add("Scroll up", -way);
+    return actions;
 }
 
 void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
@@ -224,6 +276,14 @@ void UIScrollView::runOn(CGVector velocity)
     m_motionX = UIScrollMotion::runningOn(now, offset.x, velocity.dx);
     m_motionY = UIScrollMotion::runningOn(now, offset.y, velocity.dy);
     startDecelerating();
+}
+
+void UIScrollView::goTo(CGPoint target)
+{
+    if (Host::current().screen().reducesMotion())
+        setContentOffset(target);
+    else
+        springTo(target, {0, 0});
 }
 
 void UIScrollView::springTo(CGPoint target, CGVector velocity)

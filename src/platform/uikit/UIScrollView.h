@@ -39,8 +39,10 @@ public:
     void setPagingEnabled(bool enabled) { m_pagingEnabled = enabled; }
     /// Whether the content can be pulled past its ends.
     void setBounces(bool bounces) { m_bounces = bounces; }
-    /// There are no indicators; this says that there shall be none.
+    /// Sideways there are no indicators; this says that there shall be none.
     void setShowsHorizontalScrollIndicator(bool) { }
+    /// A bar at the right edge shows, while the content moves up or down, which part of it is in sight.
+    void setShowsVerticalScrollIndicator(bool shows) { m_showsIndicator = shows; }
     bool isScrollEnabled() const { return m_scrollEnabled; }
     void setScrollEnabled(bool enabled) { m_scrollEnabled = enabled; }
     bool isDragging() const { return m_dragStart.has_value(); }
@@ -51,7 +53,7 @@ public:
     /// Scrolls, never past the ends, or turns one page. False when there is nothing to scroll.
     bool scrollByWheel(CGVector);
 
-    /// Pages are turned one by one. What scrolls freely is of no account to those who read.
+    /// Pages are turned one by one, and what is too high for the view is scrolled.
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
     void layoutSubviews() override;
@@ -64,10 +66,14 @@ protected:
     /// The nearest offset at which the view is full of content.
     CGPoint inside(CGPoint offset) const;
     void stopDecelerating();
+    /// Scrolls this far up or down, where there is something to scroll to.
+    std::vector<UIAccessibilityAction> scrollActions(
+        CGFloat way, const std::function<void(CGPoint)>& scrollTo) const;
 
 private:
     class DragRecognizer;
 
+    void showIndicator();
     UIScrollRange rangeX() const;
     UIScrollRange rangeY() const;
     bool turnPageByWheel(CGVector);
@@ -77,6 +83,8 @@ private:
     void drag();
     void endDragging(CGVector velocity);
     void runOn(CGVector velocity);
+    /// On its way by itself, unless the user wants no motion.
+    void goTo(CGPoint target);
     void springTo(CGPoint target, CGVector velocity);
     void startDecelerating();
     void decelerate(double now);
@@ -87,6 +95,8 @@ private:
     bool m_scrollEnabled = true;
     bool m_pagingEnabled = false;
     bool m_bounces = true;
+    bool m_showsIndicator = false;
+    std::shared_ptr<UIView> m_indicator;
     /// The offset that the finger would have moved from, were there no rubber.
     std::optional<CGPoint> m_dragStart;
     CGVector m_dragStartTranslation;

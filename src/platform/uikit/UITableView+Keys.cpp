@@ -95,7 +95,8 @@ void UITableView::moveByUser(std::int64_t from, std::int64_t to)
         return;
     m_dataSource->tableViewMoveRowAtIndexPathToIndexPath(*this, {0, from}, {0, to});
     focusRow(to);
-    UIApplication::shared().announce(Bundle::main().localizedString("Moved to %1 of %2", {to + 1, m_count}));
+    UIApplication::shared().announce(Bundle::main().localizedString(
+        "Moved to %1 of %2", {std::to_string(to + 1), std::to_string(m_count)}));
 }
 
 } // namespace velmorath

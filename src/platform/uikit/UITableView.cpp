@@ -292,15 +292,8 @@ std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
 {
     UIAccessibilityInfo info{
         .role = AccessibilityRole::list, .label = accessibilityLabel(), .count = m_count};
-    const auto addScroll = [&](std::string_view name, int step) {
-        const CGFloat way = step * m_rowHeight * static_cast<CGFloat>(rowsOfAPage());
-        const CGPoint target = inside({0, contentOffset().y + way});
-        if (step * (target.y - contentOffset().y) > 0)
-            info.actions.push_back(
-                {Bundle::main().localizedString(name), [this, target] { scrollByReader(target); }});
-    };
-    addScroll("Scroll down", 1);
-    addScroll("Scroll up", -1);
+    info.actions = scrollActions(m_rowHeight * static_cast<CGFloat>(rowsOfAPage()),
+        [this](CGPoint target) { scrollByReader(target); });
     return info;
 }
 
@@ -319,6 +312,15 @@ void UITableView::selectByUser(std::int64_t row)
     select(row);
     if (m_delegate)
         m_delegate->tableViewDidSelectRowAtIndexPath(*this, {0, row});
+}
+
+void UITableView::deselectRow(IndexPath path)
+{
+    if (m_selectedRow != path.row)
+        return;
+    m_selectedRow.reset();
+    if (const auto cell = cellForRow(path))
+        cell->setSelected(false);
 }
 
 void UITableView::select(std::int64_t row)

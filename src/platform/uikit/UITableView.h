@@ -106,6 +106,8 @@ public:
     std::int64_t numberOfRows() const { return m_count; }
     /// As a tap on the row does, wherever the row is; nothing in editing mode.
     void selectByUser(std::int64_t row);
+    /// Nobody is told.
+    void deselectRow(IndexPath);
     /// As the user drags a row to another place; keys follow it there.
     void moveByUser(std::int64_t from, std::int64_t to);
 

@@ -1,4 +1,5 @@
 #include "UITableViewCell.h"
+#include "UIReadableColumn.h"
 #include "UITableView.h"
 #include "UITableViewReorderControl.h"
 
@@ -121,12 +122,13 @@ void UITableViewCell::layoutSubviews()
 {
     const CGSize size = bounds().size;
     const CGFloat controlWidth = reorderControlWidth();
-    CGFloat right = size.width - controlWidth - textMargin;
+    const CGRect column = readableColumn(bounds().insetBy(textMargin, 0));
+    CGFloat right = std::min(column.maxX(), size.width - controlWidth - textMargin);
     if (m_checkmark) {
         right -= checkmarkWidth;
         m_checkmark->setFrame(CGRectMake(right, 0, checkmarkWidth, size.height));
     }
-    m_textLabel->setFrame(CGRectMake(textMargin, 0, std::max(0.0, right - textMargin), size.height));
+    m_textLabel->setFrame(CGRectMake(column.minX(), 0, std::max(0.0, right - column.minX()), size.height));
     if (m_reorderControl)
         m_reorderControl->setFrame(CGRectMake(size.width - controlWidth, 0, controlWidth, size.height));
 }

@@ -1,5 +1,6 @@
 #include "UITextView.h"
 #include "HostKey.h"
+#include "UIReadableColumn.h"
 
 namespace velmorath {
 
@@ -16,6 +17,7 @@ UITextView::UITextView(const CGRect& frame)
     , m_shownText(std::make_shared<UILabel>())
 {
     m_shownText->setWraps(true);
+    m_scrollView->setShowsVerticalScrollIndicator(true);
     m_scrollView->addSubview(m_shownText);
     addSubview(m_scrollView);
 }
@@ -27,11 +29,18 @@ void UITextView::layoutSubviews()
     m_shownText->setTextColor(style().color);
     m_shownText->setTextAlignment(style().alignment);
     const CGSize size = bounds().size;
-    const CGFloat height = std::max(size.height, std::ceil(m_shownText->heightFitting(size.width)));
+    const CGRect column = editingRect();
+    const CGFloat height =
+        std::max(column.size.height, std::ceil(m_shownText->heightFitting(column.size.width)));
     m_scrollView->setFrame({{0, 0}, size});
-    m_shownText->setFrame(CGRectMake(0, 0, size.width, height));
-    m_scrollView->setContentSize({size.width, height});
-    m_scrollView->setScrollEnabled(height > size.height);
+    m_shownText->setFrame({column.origin, {column.size.width, height}});
+    m_scrollView->setContentSize({size.width, height + 2 * m_inset});
+    m_scrollView->setScrollEnabled(height > column.size.height);
+}
+
+CGRect UITextView::editingRect() const
+{
+    return readableColumn(bounds().insetBy(m_inset, m_inset));
 }
 
 void UITextView::didBeginEditing()

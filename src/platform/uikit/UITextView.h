@@ -12,11 +12,15 @@ class UITextView : public UITextEditingView {
 public:
     explicit UITextView(const CGRect& frame);
 
+    /// Points between the text and the view's edges, in the part of the view that is easy to read.
+    void setTextContainerInset(CGFloat inset) { m_inset = inset; }
+
     bool canBecomeFocused() const override { return true; }
     bool keyPressed(const HostKeyPress&) override;
     void layoutSubviews() override;
 
 protected:
+    CGRect editingRect() const override;
     void didBeginEditing() override;
     void didEndEditing() override;
     void didReturn() override { resignFirstResponder(); }
@@ -28,6 +32,7 @@ protected:
 private:
     bool scrollBy(CGFloat way);
 
+    CGFloat m_inset = 0;
     /// Shows the text while the machine's editor does not.
     std::shared_ptr<UIScrollView> m_scrollView;
     std::shared_ptr<UILabel> m_shownText;

@@ -50,6 +50,24 @@ TEST_F(CALayerTest, TheModelChangesAtOnceAndWhatIsShownFollows)
     EXPECT_EQ(shownAt(1).position.x, 100);
 }
 
+TEST_F(CALayerTest, WithoutMotionTheEndIsShownAtOnceAndEndsWhenItWould)
+{
+    host.screen().setReducesMotion(true);
+    view->setCenter({0, 0});
+    bool isOver = false;
+    UIView::animate(
+        1, 0.5,
+        [&] {
+            view->setCenter({100, 0});
+        },
+        [&] { isOver = true; });
+    EXPECT_EQ(shownAt(0).position.x, 100);
+    show(1.4);
+    EXPECT_FALSE(isOver);
+    show(1.6);
+    EXPECT_TRUE(isOver);
+}
+
 TEST_F(CALayerTest, AnAnimationStartsFromWhereThingsAreShown)
 {
     view->setCenter({0, 0});

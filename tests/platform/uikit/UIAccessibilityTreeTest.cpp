@@ -44,14 +44,17 @@ TEST_F(UIAccessibilityTreeTest, TellsWhatIsInSightAndNothingElse)
     scroller->setContentSize({375, 300});
     addLabel(CGRectMake(0, 80, 375, 40), "half in sight", scroller.get());
     addLabel(CGRectMake(0, 120, 375, 40), "scrolled to", scroller.get());
-    EXPECT_EQ(reader.everything(), (Lines{"text first", "text second", "text third", "text half in sight"}));
+    EXPECT_EQ(reader.everything(),
+        (Lines{"text first", "text second", "text third", "group  (Scroll down)", "  text half in sight"}));
     EXPECT_EQ(reader.find("third").frame, CGRectMake(100, 150, 100, 20));
     EXPECT_EQ(reader.find("half in sight").frame, CGRectMake(0, 480, 375, 20));
 
     scroller->setContentOffset({0, 100});
     holder->setHidden(true);
     host.advance(0.1);
-    EXPECT_EQ(reader.everything(), (Lines{"text first", "text half in sight", "text scrolled to"}));
+    EXPECT_EQ(reader.everything(),
+        (Lines{
+            "text first", "group  (Scroll down, Scroll up)", "  text half in sight", "  text scrolled to"}));
     EXPECT_EQ(reader.faults(), Lines{});
 }
 

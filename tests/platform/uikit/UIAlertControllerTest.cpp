@@ -47,6 +47,26 @@ TEST_F(UIAlertControllerTest, TwoButtonsStandSideBySide)
     EXPECT_EQ(countLines("cè qualcosa"), 0u) << "the list was never away";
 }
 
+TEST_F(UIAlertControllerTest, EnterAndSpacePressTheStandardButtonUnlessTheyArePointedAtAnother)
+{
+    start({"One"});
+    for (const bool tabs : {false, true}) {
+        for (const HostKey key : {HostKey::enter, HostKey::space}) {
+            const auto alert = std::make_shared<UIAlertController>("Question", std::nullopt);
+            alert->addAction({"No", UIAlertActionStyle::destructive, [this] { m_answers.push_back("No"); }});
+            alert->addAction({"Yes", UIAlertActionStyle::standard, [this] { m_answers.push_back("Yes"); }});
+            list().present(alert, true);
+            host.advance(0.5);
+            if (tabs)
+                host.press(HostKey::tab);
+            host.advance(0.1);
+            host.press(key);
+            host.advance(0.5);
+        }
+    }
+    EXPECT_EQ(m_answers, (Lines{"Yes", "Yes", "No", "No"}));
+}
+
 TEST_F(UIAlertControllerTest, OneAtATimeAndTypingEndsBefore)
 {
     start({"One"});

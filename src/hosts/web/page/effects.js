@@ -1,7 +1,6 @@
 /** What reaches the user other than by the screen. A browser that lacks a service is silent about it. */
 
 const buzz = 15;
-const smallestTablet = 600;
 /** Milliseconds. A sound that comes later than this belongs to nothing any more. */
 const latestSound = 300;
 /** Milliseconds after which the sound device may rest. */
@@ -120,10 +119,6 @@ export class Effects {
             /(Android|Windows NT|iPhone OS|CPU OS|Mac OS X|CrOS \w+) ?([\d._]*)/.exec(agent) ?? [];
         const model = /iPhone|iPad|Macintosh/.exec(agent)?.[0] ?? navigator.userAgentData?.platform ?? navigator.platform;
         return [model ?? "", "", system ?? navigator.platform ?? "", (version ?? "").replaceAll("_", ".")];
-    }
-
-    isTablet() {
-        return Math.min(screen.width, screen.height) >= smallestTablet;
     }
 
     /** Asks at the next touch, when it was not answered before. @param {(granted: boolean) => void} answer */

@@ -224,7 +224,6 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageSetBadge: (number) => effects.setBadge(number),
         pageOpenAddress: (start, length) => effects.openAddress(text(start, length)),
         pageDevice: () => program.sendText(effects.device().join("\n")),
-        pageIsTablet: () => effects.isTablet(),
         pageRequestPermission: () => effects.requestPermission(
             (granted) => program.call("permissionAnswered", granted)),
     };
