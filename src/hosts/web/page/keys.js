@@ -7,14 +7,17 @@ const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", 
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
 /**
- * The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it.
+ * The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it, but only
+ * in the list, as people who speak to their machine press letters by mistake.
  * @param {KeyboardEvent} event
  */
 function keyName(event) {
     if (event.key === "Backspace") {
         return "Delete";
     }
-    return event.key.toLowerCase() === "n" && !event.altKey ? "Insert" : event.key;
+    const isInList = event.target instanceof Element && event.target.closest('[role="list"]') !== null;
+    const isInsert = event.key.toLowerCase() === "n" && !event.altKey && (isInList || event.ctrlKey);
+    return isInsert ? "Insert" : event.key;
 }
 
 /**
