@@ -68,11 +68,12 @@ export class Pointer {
         on("gesturechange", (event) => this.#gesture(event));
         on("gestureend", () => this.#endPinch());
         // The browser's own gestures, menus and moving of the keyboard's focus.
+        // Once the browser scrolls or enlarges with them, fingers are no longer to be kept from it.
         for (const name of ["touchend", "mousedown", "contextmenu", "dragstart"]) {
             on(name, (event) => event.cancelable && event.preventDefault());
         }
         for (const name of ["touchstart", "touchmove", "gesturestart", "gesturechange"]) {
-            on(name, (event) => this.#arePinchesBrowsers || event.preventDefault());
+            on(name, (event) => event.cancelable && !this.#arePinchesBrowsers && event.preventDefault());
         }
         visualViewport?.addEventListener("resize", () => this.#setTouchAction());
         this.#setTouchAction();

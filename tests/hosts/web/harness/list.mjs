@@ -196,7 +196,7 @@ export class List {
         return texts.map(withoutDate);
     }
 
-    /** Presses what has this name, as a screen reader does. */
+    /** Presses what has this name. Not as a screen reader does: see reader.mjs. */
     async press(name) {
         await this.shown(name).waitFor({ state: "attached" });
         await this.shown(name).evaluate((element) => element.click());
