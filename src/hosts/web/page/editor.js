@@ -224,13 +224,35 @@ export class Editor {
         if (!tap) {
             return;
         }
-        const box = field.getBoundingClientRect();
-        const inside = (/** @type {number} */ length, /** @type {number} */ most) => Math.max(1, Math.min(length, most - 1));
-        const x = box.x + inside(tap.x, box.width);
-        const y = box.y + inside(tap.y, box.height);
-        const caret = document.caretPositionFromPoint?.(x, y);
-        if (caret?.offsetNode === field) {
-            field.setSelectionRange(caret.offset, caret.offset);
+        const caret = this.#caretAt(field, tap);
+        if (caret !== null) {
+            field.setSelectionRange(caret, caret);
         }
+    }
+
+    /**
+     * The place in the field's text that is nearest to a tap, if the browser tells. As not every one looks into
+     * fields, the text stands over its field for as long as it takes.
+     * @param {HTMLInputElement | HTMLTextAreaElement} field @param {{ x: number, y: number }} tap
+     */
+    #caretAt(field, tap) {
+        const paragraph = document.createElement("div");
+        const words = document.createTextNode(field.value.replaceAll(lineSeparator, " "));
+        paragraph.append(words);
+        paragraph.dir = "auto";
+        paragraph.style.cssText = field.style.cssText;
+        paragraph.style.whiteSpace = this.#isMultiline ? "pre-wrap" : "pre";
+        this.#window.append(paragraph);
+        paragraph.scrollTop = field.scrollTop;
+        const box = paragraph.getBoundingClientRect();
+        const inside = (/** @type {number} */ length, /** @type {number} */ most) => Math.max(1, Math.min(length, most - 1));
+        const [x, y] = [box.x + inside(tap.x, box.width), box.y + inside(tap.y, box.height)];
+        const position = document.caretPositionFromPoint?.(x, y);
+        const range = position ? null : document.caretRangeFromPoint?.(x, y);
+        const isThere = (position?.offsetNode ?? range?.startContainer) === words;
+        const place = position?.offset ?? range?.startOffset ?? null;
+        // With it, the range leaves its place.
+        paragraph.remove();
+        return isThere ? place : null;
     }
 }
