@@ -13,10 +13,10 @@ namespace {
 constexpr unsigned fillsWidth = UIViewAutoresizing::flexibleWidth;
 constexpr CGFloat textMargin = 16;
 
-/// What pulling the list down does, between the two buttons of the bar.
+/// What pulling the list down does, between the buttons of the bar.
 std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
 {
-    const CGRect middle = CGRectMake(barHeight, 0, viewWidth - 2 * barHeight, barHeight);
+    const CGRect middle = CGRectMake(2 * barHeight, 0, viewWidth - 3 * barHeight, barHeight);
     auto button = std::make_shared<UIAccessibilityButton>(
         middle, Bundle::main().localizedString("Add note"), [&list] { return list.canAddNote(); },
         [&list] { return list.nuovaNota(); });
@@ -44,6 +44,13 @@ void fillList(UIViewController& controller, UIView& view)
     reorder->setToggle(true);
     bar->addSubview(reorder);
     list.riordina = reorder;
+    const auto undo = std::make_shared<UndoButton>(CGRectMake(barHeight, 0, barHeight, barHeight));
+    undo->setImage(barPicture("annulla"));
+    undo->addTarget([&list](UIControl&) { list.takeBack(); });
+    undo->setHoldAction([&list] { list.doAgain(); });
+    undo->setHidden(true);
+    bar->addSubview(undo);
+    list.annulla = undo;
     bar->addSubview(addButton(size.width, list));
     bar->addSubview(rightBarButton(size.width, "info", "Information", [&list] { list.Info(); }));
     view.addSubview(bar);

@@ -13,13 +13,18 @@ std::shared_ptr<UIButton> pictureButton(
     CGFloat x, std::string_view picture, std::string_view name, std::function<void()> action)
 {
     auto button = std::make_shared<UIButton>(CGRectMake(x, 0, barHeight, barHeight));
-    button->setImage(UIImage::named(picture, "png", pictureScale));
+    button->setImage(barPicture(picture));
     button->setAccessibilityLabel(Bundle::main().localizedString(name));
     button->addTarget([action = std::move(action)](UIControl&) { action(); });
     return button;
 }
 
 } // namespace
+
+std::shared_ptr<UIImage> barPicture(std::string_view name)
+{
+    return UIImage::named(name, "png", pictureScale);
+}
 
 std::shared_ptr<UIButton> leftBarButton(
     std::string_view picture, std::string_view name, std::function<void()> action)

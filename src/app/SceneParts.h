@@ -11,6 +11,9 @@ namespace velmorath {
 /// Bars at the top or the bottom of a screen are this high, and their buttons this wide.
 constexpr CGFloat barHeight = 56;
 
+/// One of the pictures of the bars' buttons.
+std::shared_ptr<UIImage> barPicture(std::string_view name);
+
 /// A button with a picture, for the left end of a bar.
 /// `name` is what it is called where it cannot be seen: a text of the screen, in English.
 std::shared_ptr<UIButton> leftBarButton(

@@ -5,6 +5,7 @@
 #include "UIApplication.h"
 #include "ViewController.h"
 #include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
@@ -43,6 +44,9 @@ void ViewController::cellDidBeginEditing(TableViewCell& editingCell)
     print("play SUONO");
     tastieraAttiva = true;
     giveFeedback("vanti", soundEffect, vibration);
+    // What a new note was, before it was inserted, is known already.
+    if (const auto note = editingCell.toDoItem(); m_typed.note != note)
+        m_typed = {note, stateOf(note)};
 
     const CGFloat contentOffset = table()->contentOffset().y;
     const CGFloat rowTop = editingCell.frame().origin.y;
@@ -81,8 +85,11 @@ void ViewController::cellDidEndEditing(TableViewCell& editingCell)
     print("il tasto cè quindi devo salvare il nuovo array con la nuova nota");
     saveNotes();
     print("-------------------------appIconBadge :   " + appIconBadge);
+    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     if (appIconBadge == "true")
         changeBadge(1);
+    const auto [typed, before] = std::exchange(m_typed, {});
+    rememberChange(before.place ? "Edit" : "Add note", typed, before, badge);
 }
 
 void ViewController::toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>& note)
@@ -99,6 +106,8 @@ void ViewController::toDoItemRiaperto(const std::shared_ptr<ToDoItem2>& note)
 void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool completed)
 {
     giveFeedback("completa", soundEffect, vibration);
+    const NoteState before = stateOf(note);
+    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     const std::int64_t index = indexOf(*note);
     print("toDoItemDaModificare completed : " + std::string(note->completed ? "true" : "false") + "   "
         + note->text.value_or(""));
@@ -113,6 +122,7 @@ void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool c
     arrayNote[checkedIndex(index)] = note;
     saveNotes();
     announce(completed ? "Completed" : "Reopened", *note);
+    rememberChange(completed ? "Complete" : "Reopen", note, before, badge);
 }
 
 void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
@@ -124,6 +134,9 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
         return;
     }
     giveFeedback("cancella", soundEffect, vibration);
+    const auto [typed, beforeTyping] = std::exchange(m_typed, {});
+    const NoteState before = typed == note ? beforeTyping : stateOf(note);
+    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     const std::int64_t index = indexOf(*note);
     print("index = " + std::to_string(index));
     if (appIconBadge == "true" && !note->completed)
@@ -134,6 +147,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     print("SalvoEPrelevoDatiDaFile().ArchiveResults");
     saveNotes();
     announce("Deleted", *note);
+    rememberChange("Delete", note, before, badge);
 
     closeGapOf(*note, rows);
     const std::shared_ptr<UITableView> list = table();
@@ -201,12 +215,14 @@ void ViewController::tableViewMoveRowAtIndexPathToIndexPath(UITableView& list, I
     if (from.row != to.row) {
         print("modifico gli array perche l utente ha spostato un elemento :");
         const std::shared_ptr<ToDoItem2> note = arrayNote[checkedIndex(from.row)];
+        const NoteState before = stateOf(note);
         arrayNote.erase(arrayNote.begin() + from.row);
         const auto count = static_cast<std::int64_t>(arrayNote.size());
         if (to.row >= count)
             arrayNote.push_back(note);
         else
             arrayNote.insert(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(to.row)), note);
+        rememberChange("Move", note, before, UIApplication::shared().applicationIconBadgeNumber());
     }
     saveNotes();
     list.reloadData();

@@ -55,7 +55,16 @@ void ViewController::scrollViewDidEndDragging(UIScrollView& scrollView, bool)
 
 bool ViewController::keyPressed(const HostKeyPress& press)
 {
-    return press.key == HostKey::insert && nuovaNota();
+    switch (press.key) {
+    case HostKey::insert:
+        return nuovaNota();
+    case HostKey::undo:
+        return takeBack();
+    case HostKey::redo:
+        return doAgain();
+    default:
+        return UIViewController::keyPressed(press);
+    }
 }
 
 bool ViewController::nuovaNota()
@@ -74,6 +83,7 @@ void ViewController::toDoItemAddedAtIndex(std::int64_t index)
     note->text = "";
     if (index < 0 || index > static_cast<std::int64_t>(arrayNote.size()))
         fatalError("A note was to be inserted outside the list");
+    m_typed = {note, stateOf(note)};
     arrayNote.insert(arrayNote.begin() + index, note);
     table()->reloadData();
     table()->layoutIfNeeded();

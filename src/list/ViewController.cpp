@@ -10,6 +10,7 @@
 #include "UNUserNotificationCenter.h"
 #include "UserDefaults.h"
 #include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
@@ -93,8 +94,9 @@ void ViewController::viewWillAppear(bool)
     table()->reloadData();
 }
 
-void ViewController::showBadge() const
+void ViewController::showBadge()
 {
+    ++m_badgeCounts;
     const auto open =
         std::count_if(arrayNote.begin(), arrayNote.end(), [](const auto& note) { return !note->completed; });
     UIApplication::shared().setApplicationIconBadgeNumber(open);
@@ -179,6 +181,8 @@ void ViewController::tableViewDidSelectRowAtIndexPath(UITableView& list, IndexPa
     const std::shared_ptr<UITableViewCell> row = list.cellForRow(path);
     const bool hasColor = row && row->backgroundColor() != UIColor::clear();
     const CGColor color = hasColor ? row->backgroundColor() : UIColor::blue();
+    const std::shared_ptr<ToDoItem2>& note = arrayNote[checkedIndex(path.row)];
+    m_opened = {note, stateOf(note)};
     performSegue("VistaNoteViewController", std::vector<std::any>{arrayNote, path.row, color});
 }
 
@@ -211,6 +215,10 @@ void ViewController::nuovoArrayNote(const std::vector<std::shared_ptr<ToDoItem2>
     arrayNote = list;
     saveNotes();
     table()->reloadData();
+    if (const auto [note, before] = std::exchange(m_opened, {}); note) {
+        rememberChange(stateOf(note).place ? "Edit" : "Delete", note, before,
+            UIApplication::shared().applicationIconBadgeNumber());
+    }
     UIApplication::shared().announce(Bundle::main().localizedString("Saved"));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NoteState.h"
 #include "Settings.h"
 #include "TableViewCell.h"
 #include "TouchPoints.h"
@@ -7,15 +8,18 @@
 #include "UIPinchGestureRecognizer.h"
 #include "UITableView.h"
 #include "UIViewController.h"
+#include "UndoButton.h"
+#include "UndoManager.h"
 #include "VistaNoteViewController.h"
 #include "delegatoTutorialChiuso.h"
 #include <optional>
 
 namespace velmorath {
 
-/// The main screen: the list of notes. One class with five concerns, each in its own source file: the
+/// The main screen: the list of notes. One class with six concerns, each in its own source file: the
 /// screen's life, its rows and the ways to other screens (ViewController.cpp), the colours of the rows
-/// (+Themes), what happens to notes (+Actions), and the two gestures that insert one (+PullDown, +Pinch).
+/// (+Themes), what happens to notes (+Actions), what takes it back (+Undo), and the two gestures that insert
+/// one (+PullDown, +Pinch).
 class ViewController : public UIViewController,
                        public UITableViewDataSource,
                        public UITableViewDelegate,
@@ -72,6 +76,11 @@ public:
     /// Inserts a new empty note and starts to type it. An index outside the list is fatal.
     void toDoItemAddedAtIndex(std::int64_t index);
 
+    // +Undo
+    /// Takes the last change of a note back, or makes it again. False when there is none, or not just now.
+    bool takeBack();
+    bool doAgain();
+
     // +Pinch
     void handlePinch(UIPinchGestureRecognizer&);
 
@@ -84,6 +93,7 @@ public:
     bool tastieraAttiva = false;
     std::weak_ptr<UITableView> tableView;
     std::weak_ptr<UIButton> riordina;
+    std::weak_ptr<UndoButton> annulla;
     const std::shared_ptr<UIPinchGestureRecognizer> pinchRecognizer =
         std::make_shared<UIPinchGestureRecognizer>();
     const double kRowHeight = 60.0;
@@ -108,7 +118,7 @@ private:
     void runFirstLaunchExtras();
     void offerTutorial();
     void addSampleNote();
-    void showBadge() const;
+    void showBadge();
 
     /// The colour of index 0, without the lines that tell how it came about.
     CGColor colorForFirstRow() const;
@@ -125,6 +135,23 @@ private:
     /// Hides the note's row among these rows in sight and moves the ones below it up.
     void closeGapOf(const ToDoItem2&, const std::vector<std::shared_ptr<TableViewCell>>& rows);
 
+    struct UndoStep {
+        std::string name;
+        /// What it did to the badge, and how often that had been counted anew by then.
+        long long badge;
+        int badgeCounts;
+    };
+    NoteState stateOf(const std::shared_ptr<ToDoItem2>&) const;
+    /// A note was changed by the user: what it and the badge were before is to be had back.
+    void rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>&, const NoteState& before,
+        long long badgeBefore);
+    void restore(const std::shared_ptr<ToDoItem2>&, const NoteState&, const UndoStep&);
+    void showRestored(std::optional<std::int64_t> from, std::optional<std::int64_t> to);
+    /// Not while a text is typed or fingers do something else.
+    bool canTakeBack() const;
+    static void announceStep(std::string_view what, const std::string& name);
+    void showUndo() const;
+
     /// Puts the placeholder above the first row and shows how far the list is pulled. y is its offset.
     void showPull(CGFloat y);
 
@@ -136,6 +163,16 @@ private:
 
     /// How far the rows have moved for the one that is typed into.
     CGFloat m_typingOffset = 0;
+
+    UndoManager m_undoManager;
+    /// A note that is being changed, by typing or in the detail screen, and what it was before.
+    struct Changing {
+        std::shared_ptr<ToDoItem2> note;
+        NoteState before;
+    };
+    Changing m_typed;
+    Changing m_opened;
+    int m_badgeCounts = 0;
 };
 
 } // namespace velmorath

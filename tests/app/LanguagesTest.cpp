@@ -37,8 +37,10 @@ private:
         host.press(HostKey::down);
         host.press(HostKey::down);
         host.press(HostKey::up, false, true);
-        for (const HostKey key : {HostKey::space, HostKey::space, HostKey::remove}) {
+        for (const HostKey key :
+            {HostKey::undo, HostKey::undo, HostKey::redo, HostKey::space, HostKey::space, HostKey::remove}) {
             host.advance(1);
+            look("");
             host.press(key);
         }
         list().nuovoArrayNote(list().arrayNote);
@@ -56,6 +58,12 @@ private:
     void listen(const AccessibilityElement& element)
     {
         m_met.insert(m_met.end(), {element.label, element.value});
+        // Before a name, and what was done to a note.
+        if (const auto colon = element.label.find(": "); colon != std::string::npos) {
+            m_met.push_back(element.label.substr(0, colon) + ": %1");
+            if (element.label.ends_with(" Two"))
+                m_met.push_back(element.label.substr(colon + 2, element.label.size() - colon - 6));
+        }
         m_met.insert(m_met.end(), element.actions.begin(), element.actions.end());
         for (const AccessibilityElement& child : element.children)
             listen(child);
@@ -68,15 +76,13 @@ protected:
     std::set<std::string> m_notes;
 };
 
-/// A text with the values that are met first in its places.
+/// A text with the numbers that are met first in its places. Other values are met as they stand here.
 std::string filledIn(std::string words)
 {
-    const bool isRecipient = words.ends_with("%1");
-    for (const auto& [place, value] :
-        {std::pair{"%1", isRecipient ? "hello@velmorath.example" : "1"}, {"%2", "2"}}) {
-        if (const auto at = words.find(place); at != std::string::npos)
-            words.replace(at, 2, value);
-    }
+    if (words.find("%2") == std::string::npos)
+        return words;
+    for (const std::string number : {"1", "2"})
+        words.replace(words.find("%" + number), 2, number);
     return words;
 }
 

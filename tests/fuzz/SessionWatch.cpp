@@ -2,8 +2,8 @@
 #include "Bundle.h"
 #include "CATimeline.h"
 #include "KeyedArchiver.h"
-#include "KeyedUnarchiver.h"
 #include "Main.h"
+#include "ProgramState.h"
 #include "RowLook.h"
 #include "Settings.h"
 #include "UIApplication.h"
@@ -18,11 +18,6 @@ namespace velmorath {
 namespace {
 
 constexpr const char* themes[] = {"Red", "Green", "Violet", "Blue", "Yellow", "Mixed", "Black"};
-
-std::string archivePath(HeadlessHost& host)
-{
-    return *host.files().documentDirectory() + "/noteSalvate.archive";
-}
 
 bool isEmpty(const ToDoItem2& note)
 {
@@ -66,20 +61,13 @@ void collect(const AccessibilityElement& around, std::vector<AccessibilityElemen
 SessionWatch::SessionWatch()
     : m_tells(std::getenv("VELMORATH_TELL"))
 {
-    forgetMemory();
+    forgetProgramState();
 }
 
 SessionWatch::~SessionWatch()
 {
     host.quit();
-    forgetMemory();
-}
-
-void SessionWatch::forgetMemory()
-{
-    UserDefaults::standard().reset();
-    Bundle::main().reset();
-    CATimeline::main().reset();
+    forgetProgramState();
 }
 
 void SessionWatch::require(bool isTrue, const std::string& what) const
@@ -119,6 +107,7 @@ void SessionWatch::launch()
     m_known.clear();
     for (const auto& note : list().arrayNote)
         m_known[note] = {note->text, note->completed};
+    m_first = listNow();
     m_underFingers.clear();
     m_swiped.clear();
     m_leftAside.clear();
@@ -133,7 +122,7 @@ void SessionWatch::start()
 {
     launch();
     // The sample note of a first start reaches the file with the next change.
-    m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+    m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
 }
 
 ViewController& SessionWatch::list() const
@@ -149,20 +138,6 @@ std::vector<std::shared_ptr<TableViewCell>> SessionWatch::rows() const
             found.push_back(std::move(row));
     }
     return found;
-}
-
-SessionWatch::Notes SessionWatch::savedNotes(HeadlessHost& host)
-{
-    Notes notes;
-    const Result<std::string> bytes = host.files().read(archivePath(host));
-    if (!bytes)
-        return notes;
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-    if (!root || !root->array())
-        return notes;
-    for (const ArchivedValue& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-    return notes;
 }
 
 void SessionWatch::act(const char* name, const std::function<void()>& action)
@@ -202,18 +177,24 @@ void SessionWatch::compareNotes()
     const std::vector<std::string>& lines = host.console().lines();
     auto added = std::count(lines.begin(), lines.end(), "toDoItemAddedAtIndex");
     noteWrites();
+    // What is taken back or done again changes one note, in whatever way.
+    const std::vector<std::string>& announced = host.effects().announced();
+    auto steps = std::count_if(announced.begin() + static_cast<std::ptrdiff_t>(m_heard), announced.end(),
+        [](const std::string& text) { return text.starts_with("Undone") || text.starts_with("Redone"); });
+    m_heard = announced.size();
+    const bool isStep = steps > 0;
     std::size_t removed = 0;
     const Notes& now = list().arrayNote;
     for (const auto& note : now) {
         const auto known = m_known.find(note);
         if (known == m_known.end()) {
-            require(added > 0, "a note is there that nothing added");
-            --added;
+            require(added > 0 || steps > 0, "a note is there that nothing added");
+            --(added > 0 ? added : steps);
             continue;
         }
-        const bool mayBeEdited = note == m_typed || note == m_inDetail;
+        const bool mayBeEdited = note == m_typed || note == m_inDetail || isStep;
         require(known->second.text == note->text || mayBeEdited, "the text of another note changed");
-        require(known->second.completed == note->completed || m_targets.contains(note),
+        require(known->second.completed == note->completed || m_targets.contains(note) || isStep,
             "another note was completed or reopened");
     }
     for (const auto& [note, known] : m_known) {
@@ -221,7 +202,7 @@ void SessionWatch::compareNotes()
             continue;
         ++removed;
         const bool wasEmptied = isEmpty(*note) && (note == m_typed || m_targets.contains(note));
-        require(wasEmptied || m_targets.contains(note) || note == m_inDetail,
+        require(wasEmptied || m_targets.contains(note) || note == m_inDetail || isStep,
             "the note \"" + note->text.value_or("") + "\" is gone, and nothing deleted it");
     }
     require(removed <= 1, "more than one note is gone");
@@ -358,11 +339,11 @@ void SessionWatch::restart(Fingers& fingers)
         host.quit();
         noteWrites();
         std::erase_if(kept, [](const auto& note) { return isEmpty(*note); });
-        forgetMemory();
+        forgetProgramState();
         launch();
         require(
             !m_isInFile || areEqual(list().arrayNote, kept), "a note was lost or changed between two starts");
-        m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+        m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
     });
     fingers.clear();
 }
@@ -394,9 +375,41 @@ void SessionWatch::comeToRest(Fingers& fingers)
     checkBadge();
 }
 
+std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> SessionWatch::listNow() const
+{
+    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> notes;
+    for (const auto& note : list().arrayNote)
+        notes.push_back({note, {std::ssize(notes), note->text, note->data, note->completed}});
+    return notes;
+}
+
+void SessionWatch::takeAllBack(Fingers& fingers)
+{
+    comeToRest(fingers);
+    if (list().presentedViewController())
+        return;
+    std::size_t steps = 0;
+    const auto press = [&](HostKey key) {
+        const std::size_t heard = host.effects().announced().size();
+        act("take back", [&] { host.client().keyPressed({key}); });
+        advance(0.1);
+        return host.effects().announced().size() > heard;
+    };
+    while (press(HostKey::undo))
+        ++steps;
+    m_datesEdited.clear();
+    comeToRest(fingers);
+    m_step = "take all back";
+    require(steps >= UndoManager::levelsOfUndo || listNow() == m_first, "it is not the list of the start");
+    for (std::size_t i = 0; i < steps; ++i)
+        require(press(HostKey::redo), "a step cannot be done again");
+    comeToRest(fingers);
+}
+
 void SessionWatch::checkFile()
 {
-    require(!m_isInFile || areEqual(savedNotes(host), list().arrayNote), "the file is not the list");
+    require(!m_isInFile || areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote),
+        "the file is not the list");
 }
 
 void SessionWatch::checkBadge()

@@ -39,6 +39,8 @@ public:
     void restart(Fingers&);
     /// Lifts the fingers, ends the typing, lets three seconds pass, and looks at everything.
     void comeToRest(Fingers&);
+    /// Comes to rest, takes back all that was done since the start, and looks whether it is.
+    void takeAllBack(Fingers&);
 
     HeadlessHost host{VELMORATH_RESOURCES};
 
@@ -57,10 +59,9 @@ private:
     ViewController& list() const;
     UITableView& table() const { return *list().tableView.lock(); }
     std::vector<std::shared_ptr<TableViewCell>> rows() const;
-    static Notes savedNotes(HeadlessHost&);
 
     void launch();
-    void forgetMemory();
+    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> listNow() const;
     /// Whether what was written last got there.
     void noteWrites();
     void compareNotes();
@@ -87,6 +88,10 @@ private:
     bool m_wasPinching = false;
     bool m_pinchWasTakenAway = false;
     bool m_isInFile = true;
+    /// How many of the announcements were looked at.
+    std::size_t m_heard = 0;
+    /// What the list was at the start of the program.
+    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> m_first;
     AccessibilityElement m_tree;
     std::string m_step;
     bool m_tells;

@@ -13,7 +13,7 @@ constexpr const char* texts[] = {"a", "two words", "שלום", "👵🏽",
     "A note that is much longer than its row is wide", "one line\nanother", " ", ""};
 constexpr HostKey keys[] = {HostKey::up, HostKey::down, HostKey::left, HostKey::right, HostKey::home,
     HostKey::end, HostKey::pageUp, HostKey::pageDown, HostKey::tab, HostKey::enter, HostKey::space,
-    HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove};
+    HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove, HostKey::undo, HostKey::redo};
 
 /// The input, byte by byte; zeros once it has run out.
 class Bytes {
@@ -63,7 +63,7 @@ public:
     {
         while (!m_bytes.isOver())
             step();
-        m_watch.comeToRest(m_fingers);
+        m_watch.takeAllBack(m_fingers);
     }
 
 private:

@@ -79,6 +79,10 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
         return HostKey::remove;
+    case Qt::Key_Z:
+        if (event.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier))
+            return HostKey::redo;
+        return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::undo) : std::nullopt;
     case Qt::Key_N:
         return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::insert) : std::nullopt;
     default:

@@ -23,6 +23,10 @@ enum class HostKey {
     edit,
     /// Delete or Backspace.
     remove,
+    /// Take the last change back: Control with Z, or Command.
+    undo,
+    /// Make it again: the same with shift.
+    redo,
 };
 
 struct HostKeyPress {

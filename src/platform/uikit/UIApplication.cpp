@@ -125,7 +125,7 @@ void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double
 bool UIApplication::canBeUsed() const
 {
     // Nothing moves under a finger, neither by the wheel nor by keys.
-    return m_ignoringInteraction == 0 && !m_windows.empty() && !m_touchDispatcher.hasFingers();
+    return m_ignoringInteraction == 0 && !m_windows.empty() && numberOfTouches() == 0;
 }
 
 void UIApplication::scrolled(CGPoint location, CGVector by)

@@ -66,6 +66,9 @@ public:
     /// Says what happened, in the user's language, to those who do not see it.
     void announce(const std::string& text);
 
+    /// How many fingers are down.
+    std::size_t numberOfTouches() const { return m_touchDispatcher.numberOfFingers(); }
+
     UIFocusSystem& focusSystem() { return m_focusSystem; }
 
     /// For text fields and text views, when the machine's editor is theirs and when it no longer is.

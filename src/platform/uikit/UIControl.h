@@ -30,9 +30,11 @@ public:
     void touchesEnded(const UITouches&) override;
     void touchesCancelled(const UITouches&) override;
 
+protected:
+    void setHighlighted(bool highlighted) { setDrawn(m_highlighted, highlighted); }
+
 private:
     void press();
-    void setHighlighted(bool highlighted) { setDrawn(m_highlighted, highlighted); }
 
     std::vector<std::function<void(UIControl&)>> m_actions;
     bool m_highlighted = false;

@@ -17,7 +17,7 @@ class UITouchDispatcher {
 public:
     void touchesChanged(UIView& root, const std::vector<HostTouch>&, double time);
 
-    bool hasFingers() const { return !m_fingers.empty(); }
+    std::size_t numberOfFingers() const { return m_fingers.size(); }
 
     /// Takes all fingers away from whoever has them; they are ignored until they leave.
     void cancelAll();

@@ -2,7 +2,7 @@
 
 /** In the order of HostKey. */
 const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
-    " ", "Escape", "Insert", "F2", "Delete"];
+    " ", "Escape", "Insert", "F2", "Delete", "Undo", "Redo"];
 
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
@@ -15,9 +15,13 @@ function keyName(event) {
     if (event.key === "Backspace") {
         return "Delete";
     }
+    const letter = event.key.toLowerCase();
+    const hasControl = event.ctrlKey || event.metaKey;
+    if (letter === "z" && hasControl && !event.altKey) {
+        return event.shiftKey ? "Redo" : "Undo";
+    }
     const isInList = event.target instanceof Element && event.target.closest('[role="list"]') !== null;
-    const isInsert = event.key.toLowerCase() === "n" && !event.altKey && (isInList || event.ctrlKey);
-    return isInsert ? "Insert" : event.key;
+    return letter === "n" && !event.altKey && (isInList || hasControl) ? "Insert" : event.key;
 }
 
 /**
@@ -29,7 +33,7 @@ export function listenToKeys(isEditing, press) {
     addEventListener("keydown", (event) => {
         const name = keyName(event);
         const key = keys.indexOf(name);
-        const isBrowsers = (event.ctrlKey || event.metaKey) && name !== "Insert";
+        const isBrowsers = (event.ctrlKey || event.metaKey) && !["Insert", "Undo", "Redo"].includes(name);
         if (key < 0 || isBrowsers || event.isComposing || isEditing()) {
             return;
         }

@@ -1,0 +1,141 @@
+#include "Bundle.h"
+#include "UIApplication.h"
+#include "ViewController.h"
+#include <algorithm>
+
+namespace velmorath {
+
+namespace {
+
+constexpr double restoreDuration = 0.3;
+
+int openCount(const NoteState& state)
+{
+    return state.place && !state.completed ? 1 : 0;
+}
+
+} // namespace
+
+NoteState ViewController::stateOf(const std::shared_ptr<ToDoItem2>& note) const
+{
+    NoteState state{std::nullopt, note->text, note->data, note->completed};
+    const auto found = std::find(arrayNote.begin(), arrayNote.end(), note);
+    if (found == arrayNote.end())
+        return state;
+    // A new note that is still being typed may yet come to nothing: the others stand as if it were not there.
+    const bool isNew = m_typed.note && !m_typed.before.place;
+    if (!isNew || note != m_typed.note) {
+        state.place = found - arrayNote.begin();
+        if (isNew && std::find(arrayNote.begin(), found, m_typed.note) != found)
+            --*state.place;
+    }
+    return state;
+}
+
+void ViewController::rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>& note,
+    const NoteState& before, long long badgeBefore)
+{
+    const NoteState after = stateOf(note);
+    if (after == before || (!before.place && !after.place))
+        return;
+    const std::string& text = (after.place ? after : before).text.value_or("");
+    std::string name = Bundle::main().localizedString(action);
+    if (!text.empty())
+        name += " " + text;
+    const auto badge = UIApplication::shared().applicationIconBadgeNumber() - badgeBefore;
+    m_undoManager.registerUndo(name,
+        [this, note, before, step = UndoStep{name, badge, m_badgeCounts}] { restore(note, before, step); });
+    showUndo();
+}
+
+void ViewController::restore(
+    const std::shared_ptr<ToDoItem2>& note, const NoteState& state, const UndoStep& step)
+{
+    const NoteState before = stateOf(note);
+    if (before.place)
+        arrayNote.erase(arrayNote.begin() + *before.place);
+    if (state.place)
+        arrayNote.insert(
+            arrayNote.begin() + std::min(*state.place, static_cast<std::int64_t>(arrayNote.size())), note);
+    note->text = state.text;
+    note->data = state.data;
+    note->completed = state.completed;
+    saveNotes();
+
+    // What the action did to the badge is undone with it, unless the badge has been counted since.
+    const long long badge =
+        step.badgeCounts == m_badgeCounts ? -step.badge : openCount(state) - openCount(before);
+    if (appIconBadge == "true")
+        UIApplication::shared().setApplicationIconBadgeNumber(
+            UIApplication::shared().applicationIconBadgeNumber() + badge);
+    m_undoManager.registerUndo(
+        step.name, [this, note, before, step = UndoStep{step.name, badge, m_badgeCounts}] {
+            restore(note, before, step);
+        });
+    showRestored(before.place, state.place);
+}
+
+void ViewController::showRestored(std::optional<std::int64_t> from, std::optional<std::int64_t> to)
+{
+    const std::shared_ptr<UITableView> list = table();
+    list->reloadData();
+    if (to) {
+        list->layoutIfNeeded();
+        list->scrollToRow(*to);
+    }
+    // The rows below come from where they were; the note's own row fades in.
+    const CGFloat way = (from ? list->rowHeight() : 0) - (to ? list->rowHeight() : 0);
+    for (const auto& row : laidOutRows()) {
+        const std::int64_t place = *list->placeOf(*row);
+        const CGRect frame = row->frame();
+        if (place == to) {
+            row->setAlpha(0);
+            UIApplication::shared().focusSystem().focus(row);
+        } else if (place >= to.value_or(from.value_or(0))) {
+            row->setFrame(frame.offsetBy(0, way));
+        }
+        UIView::animate(restoreDuration, 0, [&] {
+            row->setFrame(frame);
+            row->setAlpha(1);
+        });
+    }
+}
+
+bool ViewController::takeBack()
+{
+    if (!canTakeBack() || !m_undoManager.canUndo())
+        return false;
+    announceStep("Undone", m_undoManager.undoActionName());
+    m_undoManager.undo();
+    showUndo();
+    return true;
+}
+
+bool ViewController::doAgain()
+{
+    if (!canTakeBack() || !m_undoManager.canRedo())
+        return false;
+    announceStep("Redone", m_undoManager.redoActionName());
+    m_undoManager.redo();
+    showUndo();
+    return true;
+}
+
+bool ViewController::canTakeBack() const
+{
+    // One finger may be on the button.
+    return !tastieraAttiva && UIApplication::shared().numberOfTouches() <= 1;
+}
+
+void ViewController::announceStep(std::string_view what, const std::string& name)
+{
+    UIApplication::shared().announce(Bundle::main().localizedString(what) + ", " + name);
+}
+
+void ViewController::showUndo() const
+{
+    if (const auto button = annulla.lock())
+        button->show(m_undoManager);
+}
+
+} // namespace velmorath
