@@ -32,8 +32,8 @@ void pageMeasure(const char* text, std::size_t length, const char* family, std::
 int pageDecodeImage(const char* bytes, std::size_t length, double* size);
 void pageReleaseImage(int image);
 
-/// The text's colour as in CommandBuffer. Alignments are those of CGTextAlignment, in their order. A tap that is
-/// nowhere is not a number.
+/// The text's colour as in CommandBuffer. Alignments are those of CGTextAlignment, in their order. A tap that
+/// is nowhere is not a number.
 void pageBeginEditing(const char* text, std::size_t length, const char* label, std::size_t labelLength,
     const char* family, std::size_t familyLength, double size, bool bold, double color, int alignment,
     bool multiline, bool darkKeyboard, bool doneKey, double tapX, double tapY, double scrolled);

@@ -18,8 +18,8 @@ void WebTextInput::begin(
     const CGPoint tap = traits.tap.value_or(CGPoint{nowhere, nowhere});
     pageBeginEditing(utf8.data(), utf8.size(), traits.label.data(), traits.label.size(), font.family.data(),
         font.family.size(), font.size, font.bold, CommandBuffer::packed(style.color),
-        static_cast<int>(style.alignment), traits.multiline, traits.darkKeyboard, traits.doneKey, tap.x, tap.y,
-        traits.scrolled);
+        static_cast<int>(style.alignment), traits.multiline, traits.darkKeyboard, traits.doneKey, tap.x,
+        tap.y, traits.scrolled);
 }
 
 void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)

@@ -8,8 +8,6 @@ let list;
 
 afterEach(() => list.page.close());
 
-const barButtons = ["Reorder notes", "Add note", "Information"];
-
 test("no screen keeps anybody out", async () => {
     list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
@@ -91,6 +89,6 @@ test("everything can be done with the keys, and the focus tells where they are",
     for (let screens = 0; screens < 3; ++screens) {
         await list.key("Escape");
     }
-    assert.deepEqual((await list.said()).slice(-3), barButtons);
+    assert.equal((await list.said()).at(-1), "Information");
     assert.equal((await list.settings()).theme, "Violet");
 });

@@ -86,6 +86,10 @@ test("presses alone do everything to notes, and everybody knows what happened an
     await then(key("Enter"), "Below", { keeps: ["One!", "Below", "Two", "New"] });
     await then(choose("One!", "Delete"), "Below", { heard: ["Deleted, One!"], keeps: ["Below", "Two", "New"] });
 
+    await then(press("Undo: Delete One!"), "One!",
+        { heard: ["Undone, Delete One!"], keeps: ["One!", "Below", "Two", "New"] });
+    await then(press("Redo: Delete One!"), "Below", { heard: ["Redone, Delete One!"], keeps: ["Below", "Two", "New"] });
+
     await then(press("Two"), "Open note", { title: "Note – Velmorath" });
     await then(press("Note"), "Note");
     await then(type(" halves"), "Note");

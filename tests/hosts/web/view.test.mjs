@@ -22,7 +22,7 @@ async function turn(list, size) {
 // Everything that can be pressed, but for actions that have no place, lies on the screen.
 async function assertInSight(list) {
     await list.tab.until("everything is in sight", () =>
-        Array.from(document.querySelectorAll("#mirror > *, #mirror [role=alertdialog] > button")).every((element) => {
+        Array.from(document.querySelectorAll("#mirror > *, #mirror [role=alertdialog] > *")).every((element) => {
             const { left, top, right, bottom } = element.getBoundingClientRect();
             return left >= 0 && top >= 0 && right < innerWidth + 1 && bottom < innerHeight + 1 && right > left;
         }));

@@ -25,7 +25,7 @@ const kinds = {
     heading: ["div", "heading"],
     text: ["div", null],
     image: ["div", "img"],
-    button: ["button", null],
+    button: ["div", null],
     option: ["button", "radio"],
     list: ["div", "list"],
     listItem: ["div", "listitem"],
@@ -36,10 +36,10 @@ const kinds = {
 
 /**
  * What is read and pressed in those that are not that themselves. An item that can be pressed holds a button. A list
- * owns nothing but its items: the buttons of its own actions stand beside it.
+ * owns nothing but its items, and a button nothing else to press: the buttons of their actions stand beside them.
  */
 /** @type {Partial<Record<Role, string>>} */
-const inner = { listItem: "button", list: "div" };
+const inner = { listItem: "button", list: "div", button: "button" };
 
 /**
  * Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change.
@@ -107,7 +107,7 @@ class Mirrored {
         this.element = document.createElement(tag);
         const target = inner[role];
         this.target = target ? document.createElement(target) : this.element;
-        this.target.classList.toggle("whole", role === "list");
+        this.target.classList.toggle("whole", target !== undefined);
         this.#told = told;
         setAttribute(role === "list" ? this.target : this.element, "role", ariaRole);
         this.target.append(this.#words);
@@ -165,7 +165,8 @@ class Mirrored {
         const before = this.#buttons;
         this.#buttons = new Map(names.map((name) => [name, before.get(name) ?? this.#makeButton(name)]));
         return [...this.#buttons].map(([name, button]) => {
-            setAttribute(button, "aria-label", label ? `${name}: ${label}` : name);
+            // What a button can do besides says itself to what.
+            setAttribute(button, "aria-label", label && this.role !== "button" ? `${name}: ${label}` : name);
             return button;
         });
     }

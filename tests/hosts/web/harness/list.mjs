@@ -191,7 +191,7 @@ export class List {
         const texts = await this.page.evaluate(() =>
             Array.from(document.querySelectorAll("#mirror *"))
                 .filter((element) => element.childElementCount === 0)
-                .filter((element) => !element.matches("[role=listitem] > :not(:first-child)"))
+                .filter((element) => !element.matches(".action"))
                 .map((element) => element.ariaLabel ?? element.textContent));
         return texts.map(withoutDate);
     }
