@@ -172,6 +172,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageWidth: () => screen.width,
         pageHeight: () => screen.height,
         pageScale: () => screen.scale,
+        pageReducesMotion: () => screen.reducesMotion,
         pageRequestFrame: () => screen.requestFrame(),
         pagePaint: (start, count) => painter.paint(program.numbers(start, count)),
         pageMeasure(start, length, family, familyLength, size, bold, wrapWidth, result) {
@@ -188,7 +189,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageReleaseImage: (number) => pictures.release(number),
 
         pageBeginEditing(start, length, label, labelLength, family, familyLength, size, bold, color, alignment,
-            multiline, darkKeyboard, doneKey) {
+            multiline, darkKeyboard, doneKey, tapX, tapY, scrolled) {
             editor.begin({
                 text: text(start, length),
                 label: text(label, labelLength),
@@ -198,10 +199,13 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
                 isMultiline: multiline !== 0,
                 hasDarkKeyboard: darkKeyboard !== 0,
                 hasDoneKey: doneKey !== 0,
+                tap: Number.isNaN(tapX) ? null : { x: tapX, y: tapY },
+                scrolled,
             });
         },
         pagePlaceEditor: (x, y, width, height, clipX, clipY, clipWidth, clipHeight, opacity) => editor.place(
             { x, y, width, height }, { x: clipX, y: clipY, width: clipWidth, height: clipHeight }, opacity),
+        pageEditorScrolled: () => editor.scrolled,
         pageEndEditing() {
             const typed = editor.end();
             return typed === null ? -1 : program.sendText(typed);
@@ -222,6 +226,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
 
         pagePlaySound: (start, length) => effects.playSound(text(start, length)),
         pageVibrate: () => effects.vibrate(),
+        pageAnnounce: (start, length) => effects.announce(text(start, length)),
         pageSetBadge: (number) => effects.setBadge(number),
         pageOpenAddress: (start, length) => effects.openAddress(text(start, length)),
         pageDevice: () => program.sendText(effects.device().join("\n")),
