@@ -46,7 +46,7 @@ void fillList(UIViewController& controller, UIView& view)
     list.riordina = reorder;
     const auto undo = std::make_shared<UndoButton>(CGRectMake(barHeight, 0, barHeight, barHeight));
     undo->setImage(barPicture("annulla"));
-    undo->addTarget([&list](UIControl&) { list.takeBack(); });
+    undo->addTarget([&list](UIControl&) { list.takeBack() || list.doAgain(); });
     undo->setHoldAction([&list] { list.doAgain(); });
     undo->setHidden(true);
     bar->addSubview(undo);

@@ -66,17 +66,9 @@ void UndoButton::touchesCancelled(const UITouches& touches)
 std::optional<UIAccessibilityInfo> UndoButton::accessibilityInfo()
 {
     std::optional<UIAccessibilityInfo> info = UIButton::accessibilityInfo();
-    if (m_holdName.empty())
-        return info;
-    // With nothing to take back, the button is what holding it does: that is its name then.
-    if (info->label == m_holdName) {
-        info->press = [this] {
-            m_hold();
-            return true;
-        };
-    } else {
+    // With nothing to take back, a press does what holding it does.
+    if (!m_holdName.empty() && info->label != m_holdName)
         info->actions.push_back({m_holdName, m_hold});
-    }
     return info;
 }
 

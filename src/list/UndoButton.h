@@ -7,7 +7,7 @@ namespace velmorath {
 class UndoManager;
 
 /// Takes the last change back when it is tapped, and makes it again when it is held. In sight only while
-/// there is something for it to do; pale while that is only to be done again.
+/// there is something for it to do; pale while that is only to be done again, which a tap does then, too.
 class UndoButton : public UIButton {
 public:
     using UIButton::UIButton;

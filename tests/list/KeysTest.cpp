@@ -73,6 +73,21 @@ TEST_F(KeysTest, AKeyThatIsHeldDownMovesOnButDeletesOnlyOnce)
     EXPECT_EQ(saved(), (Lines{"One", "Three"}));
 }
 
+TEST_F(KeysTest, AnInsertionThatComesToNothingLeavesTheKeysWhereTheyWere)
+{
+    start(Lines{"One", "Two", "Three", "Four"});
+    press(HostKey::down);
+    press(HostKey::down);
+    press(HostKey::down);
+    EXPECT_EQ(marked(), 2);
+    EXPECT_TRUE(host.press(HostKey::insert, true));
+    host.advance(1);
+    ASSERT_TRUE(host.textInput().isEditing());
+    host.textInput().pressReturn();
+    host.advance(1);
+    EXPECT_EQ(marked(), 2);
+}
+
 TEST_F(KeysTest, TabLeavesTheScreenAndComesBack)
 {
     start({"One"});

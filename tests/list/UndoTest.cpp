@@ -117,6 +117,9 @@ TEST_F(UndoTest, TheButtonIsThereForWhatThereIs)
     EXPECT_TRUE(reader.press("Redo: Complete One"));
     EXPECT_EQ(saved(), (Lines{"x One", "Two"}));
     tapUndo();
+    tapUndo();
+    EXPECT_EQ(saved(), (Lines{"x One", "Two"})) << "there is only something to be done again";
+    tapUndo();
     host.advance(1);
     swipe(0, -200);
     host.advance(1);

@@ -197,7 +197,8 @@ void UIFocusSystem::placeRing(UIWindow& window)
 {
     const bool isSeen = m_focused && m_ringIsWanted && UIResponder::current() == nullptr;
     m_ring->setHidden(!isSeen);
-    if (!m_focused)
+    // While a text is typed its row is not where it belongs.
+    if (!m_focused || UIResponder::current())
         return;
     m_place = m_focused->shownInWindow(m_focused->bounds()).intersected(m_focused->clipInWindow());
     if (!isSeen)
