@@ -2,6 +2,7 @@
 #include "Print.h"
 #include "Settings.h"
 #include "UserDefaults.h"
+#include "ViewController.h"
 
 namespace velmorath {
 
@@ -16,6 +17,12 @@ bool AppDelegate::applicationDidFinishLaunchingWithOptions(
     defaults.setBool("HasLaunchedOnce", true);
     defaults.synchronize();
     return true;
+}
+
+bool AppDelegate::applicationOpenDocument(UIApplication&, const Result<std::string>& file)
+{
+    const auto list = std::dynamic_pointer_cast<ViewController>(window->rootViewController());
+    return list && list->addCopy(file);
 }
 
 } // namespace velmorath

@@ -15,6 +15,8 @@ public:
     void applicationWillEnterForeground(UIApplication&) override { }
     void applicationDidBecomeActive(UIApplication&) override { }
     void applicationWillTerminate(UIApplication&) override { }
+    /// A copy of a list: the list takes from it what it does not have.
+    bool applicationOpenDocument(UIApplication&, const Result<std::string>& file) override;
     void setWindow(std::shared_ptr<UIWindow> mainWindow) override { window = std::move(mainWindow); }
 
     std::shared_ptr<UIWindow> window;

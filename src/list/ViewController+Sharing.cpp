@@ -71,18 +71,21 @@ void ViewController::openCopy()
             if (weakSelf.expired())
                 return;
             if (!file)
-                tell("The file cannot be read.");
+                addCopy(file.error());
             else if (*file)
                 addCopy(**file);
         });
 }
 
-void ViewController::addCopy(std::string_view bytes)
+bool ViewController::addCopy(const Result<std::string>& file)
 {
-    const Result<Notes> copy = notesOfCopy(bytes);
+    // It may go on to hand back the list that it was given.
+    if (presentedViewController())
+        return false;
+    const Result<Notes> copy = file ? notesOfCopy(*file) : Result<Notes>(file.error());
     if (!copy) {
         tell("The file cannot be read.");
-        return;
+        return true;
     }
     table()->endEditing();
     const Notes missing = notesMissing(arrayNote, *copy);
@@ -90,6 +93,7 @@ void ViewController::addCopy(std::string_view bytes)
         tell("The list has all of its notes already.");
     else
         addOnTop(missing);
+    return true;
 }
 
 void ViewController::addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>& notes)

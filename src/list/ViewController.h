@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NoteState.h"
+#include "Result.h"
 #include "Settings.h"
 #include "TableViewCell.h"
 #include "TouchPoints.h"
@@ -84,8 +85,9 @@ public:
     // +Sharing
     /// The share button: hands the list to other programs, saves a copy, opens one.
     void offerSharing();
-    /// Adds the notes of a copy that the list does not have, on top. What cannot be read is told.
-    void addCopy(std::string_view bytes);
+    /// Adds the notes of a copy that the list does not have, on top. What cannot be read is told. False, and
+    /// nothing is added, while another screen is there.
+    bool addCopy(const Result<std::string>& file);
 
     // +Pinch
     void handlePinch(UIPinchGestureRecognizer&);

@@ -69,6 +69,23 @@ TEST_F(SharingTest, WhatTheListDoesNotHaveComesOnTopAsOneStep)
     EXPECT_EQ(countLines("error : "), 0u);
 }
 
+TEST_F(SharingTest, AFileThatIsHandedOverIsACopyAndEndsTypingButNoScreen)
+{
+    start({"One"});
+    tapWords(0);
+    host.textInput().replaceText("Uno");
+    EXPECT_TRUE(host.client().documentOpened(std::string("Two\nUno\n")));
+    host.advance(1);
+    EXPECT_FALSE(host.textInput().isEditing());
+    EXPECT_EQ(saved(), (Lines{"Two", "Uno"}));
+    tapBesideWords(0);
+    EXPECT_FALSE(host.client().documentOpened(std::string("Three"))) << "a screen is coming";
+    host.advance(1);
+    EXPECT_FALSE(host.client().documentOpened(std::string("Three")))
+        << "it would hand back the list that it was given";
+    EXPECT_EQ(saved(), (Lines{"Two", "Uno"}));
+}
+
 TEST_F(SharingTest, WhatCannotBeReadIsToldAndChangesNothing)
 {
     start({"One"});

@@ -27,19 +27,6 @@ std::optional<Error> write(const QString& path, const std::string& bytes)
     return isWritten ? std::nullopt : std::optional(errorOf(file));
 }
 
-Result<std::optional<std::string>> read(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return errorOf(file);
-    const QByteArray bytes = file.read(longestFile + 1);
-    if (file.error() != QFileDevice::NoError)
-        return errorOf(file);
-    if (bytes.size() > longestFile)
-        return Error{"it is too long"};
-    return std::optional(bytes.toStdString());
-}
-
 QFileDialog& show(QFileDialog* dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -49,6 +36,19 @@ QFileDialog& show(QFileDialog* dialog)
 }
 
 } // namespace
+
+Result<std::string> QtDocuments::read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return errorOf(file);
+    const QByteArray bytes = file.read(longestFile + 1);
+    if (file.error() != QFileDevice::NoError)
+        return errorOf(file);
+    if (bytes.size() > longestFile)
+        return Error{"it is too long"};
+    return bytes.toStdString();
+}
 
 void QtDocuments::share(const std::string& utf8, std::function<void(Shared)> answer)
 {
@@ -70,8 +70,14 @@ void QtDocuments::open(std::function<void(Result<std::optional<std::string>>)> a
 {
     auto* const dialog = new QFileDialog(&m_window);
     dialog->setFileMode(QFileDialog::ExistingFile);
-    QObject::connect(&show(dialog), &QFileDialog::fileSelected, dialog,
-        [answer = std::move(answer)](const QString& path) { answer(read(path)); });
+    QObject::connect(
+        &show(dialog), &QFileDialog::fileSelected, dialog, [answer = std::move(answer)](const QString& path) {
+            Result<std::string> file = read(path);
+            if (file)
+                answer(std::optional(std::move(*file)));
+            else
+                answer(file.error());
+        });
 }
 
 } // namespace velmorath

@@ -2,6 +2,7 @@
 
 #include "Documents.h"
 
+class QString;
 class QWidget;
 
 namespace velmorath {
@@ -14,6 +15,9 @@ public:
         : m_window(window)
     {
     }
+
+    /// What is in a file; an error for one that is too long, too.
+    static Result<std::string> read(const QString& path);
 
     void share(const std::string& utf8, std::function<void(Shared)> answer) override;
     void save(const std::string& name, const std::string& bytes,

@@ -1,7 +1,9 @@
 #include "ScreenWidget.h"
 #include "QtContext.h"
+#include "QtDocuments.h"
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QNativeGestureEvent>
 #include <QPaintEvent>
 #include <QScreen>
@@ -104,6 +106,7 @@ ScreenWidget::ScreenWidget(const Clock& clock)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
+    setAcceptDrops(true);
     setMinimumSize(240, 320);
     resize(375, 667);
     m_frameTimer.setSingleShot(true);
@@ -310,6 +313,23 @@ void ScreenWidget::wheelEvent(QWheelEvent* event)
     if (m_client && !by.isNull())
         m_client->scrolled({event->position().x(), event->position().y()}, {by.x(), by.y()});
     event->accept();
+}
+
+void ScreenWidget::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QMimeData& dragged = *event->mimeData();
+    if (dragged.hasText() || (dragged.urls().size() == 1 && dragged.urls().first().isLocalFile()))
+        event->acceptProposedAction();
+}
+
+void ScreenWidget::dropEvent(QDropEvent* event)
+{
+    const QMimeData& dropped = *event->mimeData();
+    const Result<std::string> file = dropped.hasUrls()
+        ? QtDocuments::read(dropped.urls().first().toLocalFile())
+        : Result<std::string>(dropped.text().toStdString());
+    if (m_client && m_client->documentOpened(file))
+        event->acceptProposedAction();
 }
 
 } // namespace velmorath

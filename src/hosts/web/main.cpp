@@ -142,6 +142,12 @@ extern "C" {
     host().documents().opened(std::optional(IncomingBytes::take(length)));
 }
 
+/// A file was handed to the page. Whether the program has a use for it now.
+[[clang::export_name("documentDropped")]] bool documentDropped(std::size_t length)
+{
+    return host().client().documentOpened(IncomingBytes::take(length));
+}
+
 /// None was chosen, or it cannot be read.
 [[clang::export_name("documentNotOpened")]] void documentNotOpened(bool isUnreadable)
 {

@@ -3,6 +3,7 @@
 #include "Accessibility.h"
 #include "CGContext.h"
 #include "HostKey.h"
+#include "Result.h"
 #include <cstdint>
 #include <vector>
 
@@ -43,6 +44,10 @@ public:
 
     /// A key went down, or repeats, while no text is edited. False when it means nothing here.
     virtual bool keyPressed(const HostKeyPress&) = 0;
+
+    /// A file was handed to the program: dropped on it, or opened with it. False when it has no use for one
+    /// now.
+    virtual bool documentOpened(const Result<std::string>& file) = 0;
 
     /// The size changed, or how many pixels a point has: Screen knows it already. A frame follows.
     virtual void screenChanged() = 0;

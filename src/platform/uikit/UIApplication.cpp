@@ -192,6 +192,14 @@ void UIApplication::announce(const std::string& text)
     Host::current().effects().announce(text);
 }
 
+bool UIApplication::documentOpened(const Result<std::string>& file)
+{
+    if (m_ignoringInteraction > 0 || m_windows.empty())
+        return false;
+    Host::current().screen().requestFrame();
+    return m_delegate->applicationOpenDocument(*this, file);
+}
+
 void UIApplication::screenChanged()
 {
     if (m_windows.empty())

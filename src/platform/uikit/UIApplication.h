@@ -31,6 +31,11 @@ public:
     virtual void applicationWillEnterForeground(UIApplication&) = 0;
     virtual void applicationDidBecomeActive(UIApplication&) = 0;
     virtual void applicationWillTerminate(UIApplication&) = 0;
+    /// A file was handed to the program, or why it cannot be read. False when it has no use for it now.
+    virtual bool applicationOpenDocument(UIApplication&, const Result<std::string>& /*file*/)
+    {
+        return false;
+    }
     /// The window of the main storyboard, when the platform has made it.
     virtual void setWindow(std::shared_ptr<UIWindow>) = 0;
 };
@@ -78,6 +83,7 @@ public:
     void touchesChanged(const std::vector<HostTouch>&, double time) override;
     void scrolled(CGPoint location, CGVector by) override;
     bool keyPressed(const HostKeyPress&) override;
+    bool documentOpened(const Result<std::string>& file) override;
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;

@@ -3,6 +3,12 @@
 /** Longer files are no lists of notes. */
 const longestFile = 64 * 1024 * 1024;
 
+/** What is in a file; undefined when it cannot be read, or is none of ours. @param {File} file */
+function contents(file) {
+    const bytes = file.size > longestFile ? Promise.reject(new Error("It is too long")) : file.arrayBuffer();
+    return bytes.then((read) => new Uint8Array(read), () => undefined);
+}
+
 /** In the order of Documents::Shared. */
 const shared = { handedOver: 0, copied: 1, failed: 2 };
 
@@ -52,12 +58,26 @@ export class Documents {
         input.addEventListener("cancel", () => answer(null));
         input.addEventListener("change", async () => {
             const file = input.files?.[0];
-            if (!file || file.size > longestFile) {
-                answer(file ? undefined : null);
-                return;
-            }
-            answer(await file.arrayBuffer().then((bytes) => new Uint8Array(bytes), () => undefined));
+            answer(file ? await contents(file) : null);
         });
         input.click();
     }
+}
+
+/**
+ * A file that is dropped on the page goes to the program: left to the browser, it would take the place of the page.
+ * Text that is dragged inside an editor is the editor's affair.
+ * @param {(bytes: Uint8Array) => void} use
+ */
+export function listenToFiles(use) {
+    const hasFiles = (/** @type {DragEvent} */ event) => event.dataTransfer?.types.includes("Files") === true;
+    addEventListener("dragover", (event) => hasFiles(event) && event.preventDefault());
+    addEventListener("drop", async (event) => {
+        const file = hasFiles(event) && event.dataTransfer?.files[0];
+        if (file) {
+            event.preventDefault();
+            // What cannot be read is told as what is no text.
+            use((await contents(file)) ?? new Uint8Array(1));
+        }
+    });
 }

@@ -2,7 +2,7 @@
 
 import { Clock } from "./clock.js";
 import { Editor } from "./editor.js";
-import { Documents } from "./documents.js";
+import { Documents, listenToFiles } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
@@ -100,10 +100,7 @@ function connect(program, { screen, editor, mirror, menu }) {
         pointer.cancelMouse();
         tellState();
     });
-    for (const name of ["dragover", "drop"]) {
-        // A file that is dropped here would take the place of the page.
-        addEventListener(name, (event) => event.preventDefault());
-    }
+    listenToFiles((bytes) => program.call("documentDropped", program.send(bytes)));
     document.addEventListener("visibilitychange", () => {
         if (document.hidden) {
             // The system may end a page that is out of sight without a word.
