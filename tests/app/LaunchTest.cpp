@@ -13,7 +13,7 @@ TEST_F(LaunchTest, TheFirstTime)
     launch();
     EXPECT_EQ(notes(), (Lines{"Hello!"}));
     EXPECT_EQ(shown(), (Lines{"Hello!"}));
-    EXPECT_EQ(saved(), (Lines{"no file"}));
+    EXPECT_EQ(saved(), (Lines{"no list"}));
     EXPECT_EQ(badge(), 1);
     EXPECT_EQ(host.effects().permissionsAsked(), 1);
 

@@ -2,8 +2,8 @@
 #include "Bundle.h"
 #include "CATimeline.h"
 #include "KeyedArchiver.h"
-#include "KeyedUnarchiver.h"
 #include "Main.h"
+#include "ProgramState.h"
 #include "RowLook.h"
 #include "Settings.h"
 #include "UIApplication.h"
@@ -18,11 +18,6 @@ namespace velmorath {
 namespace {
 
 constexpr const char* themes[] = {"Red", "Green", "Violet", "Blue", "Yellow", "Mixed", "Black"};
-
-std::string archivePath(HeadlessHost& host)
-{
-    return *host.files().documentDirectory() + "/noteSalvate.archive";
-}
 
 bool isEmpty(const ToDoItem2& note)
 {
@@ -66,20 +61,13 @@ void collect(const AccessibilityElement& around, std::vector<AccessibilityElemen
 SessionWatch::SessionWatch()
     : m_tells(std::getenv("VELMORATH_TELL"))
 {
-    forgetMemory();
+    forgetProgramState();
 }
 
 SessionWatch::~SessionWatch()
 {
     host.quit();
-    forgetMemory();
-}
-
-void SessionWatch::forgetMemory()
-{
-    UserDefaults::standard().reset();
-    Bundle::main().reset();
-    CATimeline::main().reset();
+    forgetProgramState();
 }
 
 void SessionWatch::require(bool isTrue, const std::string& what) const
@@ -134,7 +122,7 @@ void SessionWatch::start()
 {
     launch();
     // The sample note of a first start reaches the file with the next change.
-    m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+    m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
 }
 
 ViewController& SessionWatch::list() const
@@ -150,20 +138,6 @@ std::vector<std::shared_ptr<TableViewCell>> SessionWatch::rows() const
             found.push_back(std::move(row));
     }
     return found;
-}
-
-SessionWatch::Notes SessionWatch::savedNotes(HeadlessHost& host)
-{
-    Notes notes;
-    const Result<std::string> bytes = host.files().read(archivePath(host));
-    if (!bytes)
-        return notes;
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-    if (!root || !root->array())
-        return notes;
-    for (const ArchivedValue& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-    return notes;
 }
 
 void SessionWatch::act(const char* name, const std::function<void()>& action)
@@ -365,11 +339,11 @@ void SessionWatch::restart(Fingers& fingers)
         host.quit();
         noteWrites();
         std::erase_if(kept, [](const auto& note) { return isEmpty(*note); });
-        forgetMemory();
+        forgetProgramState();
         launch();
         require(
             !m_isInFile || areEqual(list().arrayNote, kept), "a note was lost or changed between two starts");
-        m_isInFile = areEqual(savedNotes(host), list().arrayNote);
+        m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
     });
     fingers.clear();
 }
@@ -434,7 +408,8 @@ void SessionWatch::takeAllBack(Fingers& fingers)
 
 void SessionWatch::checkFile()
 {
-    require(!m_isInFile || areEqual(savedNotes(host), list().arrayNote), "the file is not the list");
+    require(!m_isInFile || areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote),
+        "the file is not the list");
 }
 
 void SessionWatch::checkBadge()

@@ -59,11 +59,9 @@ private:
     ViewController& list() const;
     UITableView& table() const { return *list().tableView.lock(); }
     std::vector<std::shared_ptr<TableViewCell>> rows() const;
-    static Notes savedNotes(HeadlessHost&);
 
     void launch();
     std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> listNow() const;
-    void forgetMemory();
     /// Whether what was written last got there.
     void noteWrites();
     void compareNotes();

@@ -1,6 +1,7 @@
 #include "SalvoEPrelevoDatiDaFile.h"
 #include "ArchiveBuilder.h"
 #include "ListTest.h"
+#include "ProgramState.h"
 #include "ReplaceFile.h"
 #include <fstream>
 #include <iterator>
@@ -12,7 +13,7 @@ class SalvoEPrelevoDatiDaFileTest : public ListTest {
 protected:
     SalvoEPrelevoDatiDaFileTest() { ToDoItem2::enterInUnarchiver(); }
 
-    void put(const std::string& bytes) { ASSERT_FALSE(replaceFile(host.files(), archivePath(), bytes)); }
+    void put(const std::string& bytes) { ASSERT_FALSE(replaceFile(host.files(), archivePath(host), bytes)); }
     static std::vector<std::shared_ptr<ToDoItem2>> load()
     {
         return SalvoEPrelevoDatiDaFile().UnarchiveResults();
@@ -65,7 +66,7 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, ADiskThatCannotBeReadDoesNotLoseTheNotes)
 {
     start({"One", "Two"});
     host.files().setFault([this](HeadlessFiles::Operation operation, const std::string& path) {
-        return operation == HeadlessFiles::Operation::read && path == archivePath()
+        return operation == HeadlessFiles::Operation::read && path == archivePath(host)
             ? std::optional(Error{"input/output error"})
             : std::nullopt;
     });
@@ -103,7 +104,7 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, TheSameNotesAreTheSameBytesOnEveryMachine)
     ASSERT_EQ(notes.size(), 260u);
     SalvoEPrelevoDatiDaFile().ArchiveResults({});
     SalvoEPrelevoDatiDaFile().ArchiveResults(notes);
-    const Result<std::string> written = host.files().read(archivePath());
+    const Result<std::string> written = host.files().read(archivePath(host));
     EXPECT_TRUE(written && *written == bytes);
 }
 

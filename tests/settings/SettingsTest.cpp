@@ -1,6 +1,7 @@
 #include "SettingsTest.h"
 #include "Bundle.h"
 #include "Configuration.h"
+#include "ProgramState.h"
 #include "ReplaceFile.h"
 #include "UIStoryboard.h"
 
@@ -98,11 +99,11 @@ TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFile)
     start({"One"}, "Red");
     openOptions();
     tapRow(0);
-    std::remove(archivePath().c_str());
+    std::remove(archivePath(host).c_str());
     tapRow(0);
     EXPECT_EQ(badge(), 0);
     tapRow(0);
-    ASSERT_FALSE(replaceFile(host.files(), archivePath(), "neither notes nor anything else"));
+    ASSERT_FALSE(replaceFile(host.files(), archivePath(host), "neither notes nor anything else"));
     tapRow(0);
     EXPECT_EQ(badge(), 0);
 }

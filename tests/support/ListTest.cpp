@@ -2,8 +2,8 @@
 #include "Bundle.h"
 #include "CATimeline.h"
 #include "KeyedArchiver.h"
-#include "KeyedUnarchiver.h"
 #include "Main.h"
+#include "ProgramState.h"
 #include "UIApplication.h"
 #include <filesystem>
 
@@ -27,20 +27,13 @@ ListTest::ListTest()
 {
     testing::FLAGS_gtest_death_test_style = "fast";
     host.screen().setSize({320, 536});
-    forgetMemory();
+    forgetProgramState();
 }
 
 ListTest::~ListTest()
 {
     host.quit();
-    forgetMemory();
-}
-
-void ListTest::forgetMemory()
-{
-    UserDefaults::standard().reset();
-    Bundle::main().reset();
-    CATimeline::main().reset();
+    forgetProgramState();
 }
 
 void ListTest::start(const Lines& texts, const std::string& theme)
@@ -55,7 +48,7 @@ void ListTest::start(const Lines& texts, const std::string& theme)
     std::vector<std::shared_ptr<ToDoItem2>> notes;
     for (const std::string& text : texts)
         notes.push_back(noteFrom(text));
-    KeyedArchiver::archiveRootObject(notes, archivePath(), [](bool success) { EXPECT_TRUE(success); });
+    KeyedArchiver::archiveRootObject(notes, archivePath(host), [](bool success) { EXPECT_TRUE(success); });
     launch();
     takeLines();
 }
@@ -70,7 +63,7 @@ void ListTest::launch()
 void ListTest::relaunch()
 {
     host.quit();
-    forgetMemory();
+    forgetProgramState();
     host.console().clear();
     launch();
 }
@@ -112,21 +105,8 @@ Lines ListTest::shown() const
 
 Lines ListTest::saved()
 {
-    const Result<std::string> bytes = host.files().read(archivePath());
-    if (!bytes)
-        return {"no file"};
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-    if (!root || !root->array())
-        return {"no list"};
-    std::vector<std::shared_ptr<ToDoItem2>> notes;
-    for (const ArchivedValue& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-    return textsOf(notes);
-}
-
-std::string ListTest::archivePath()
-{
-    return *host.files().documentDirectory() + "/noteSalvate.archive";
+    const auto notes = savedNotes(host);
+    return notes ? textsOf(*notes) : Lines{"no list"};
 }
 
 Lines ListTest::filesInDocuments()

@@ -48,7 +48,6 @@ protected:
     Lines saved();
     std::shared_ptr<UIViewController> presented() const { return list().presentedViewController(); }
 
-    std::string archivePath();
     Lines filesInDocuments();
     /// Puts a setting in the store, before the start or between two appearances of the list.
     void set(const std::string& key, const std::string& value);
@@ -85,7 +84,6 @@ protected:
 
 private:
     static Lines textsOf(const std::vector<std::shared_ptr<ToDoItem2>>&);
-    void forgetMemory();
 };
 
 } // namespace velmorath

@@ -25,8 +25,8 @@ public:
     {
     }
 
-    /// The smallest size that the text may shrink to where it is allowed to shrink.
-    void setMinimumFontSize(CGFloat size) { m_minimumFontSize = size; }
+    /// Texts do not shrink here; this says how small they may become where they do.
+    void setMinimumFontSize(CGFloat) { }
     /// How much of the field's right end its text keeps off.
     void setRightInset(CGFloat inset) { setDrawn(m_rightInset, inset); }
     void setDelegate(UITextFieldDelegate* delegate) { m_delegate = delegate; }
@@ -45,7 +45,6 @@ protected:
     CGRect editingRect() const override;
 
 private:
-    CGFloat m_minimumFontSize = 0;
     CGFloat m_rightInset = 0;
     UITextFieldDelegate* m_delegate = nullptr;
 };
