@@ -3,6 +3,7 @@
 #include "FatalError.h"
 #include "HostKey.h"
 #include "Print.h"
+#include "UIApplication.h"
 #include "UIImageView.h"
 #include "UIScreen.h"
 
@@ -27,14 +28,29 @@ std::shared_ptr<UIImage> makeHighlightImage()
     return image;
 }
 
+/// The pages as one thing, which is what the page that is shown says.
+class Strip : public UIScrollView {
+public:
+    using UIScrollView::UIScrollView;
+
+    bool canBecomeFocused() const override { return true; }
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override
+    {
+        std::optional<UIAccessibilityInfo> info = UIScrollView::accessibilityInfo();
+        info->role = AccessibilityRole::image;
+        return info;
+    }
+};
+
 } // namespace
 
 void presentTutorial(UIViewController& presenter, delegatoTutorialChiuso& delegate)
 {
     const std::vector<std::any> images{
         pictureNamed("1info",
-            "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete it."),
-        pictureNamed("2info", "Pull two notes apart to insert a note between them.")};
+            "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete it. With keys: Control+N (N on a web page), Space, Delete. F2 edits a note, Enter opens it."),
+        pictureNamed("2info",
+            "Pull two notes apart to insert a note between them. With keys: Control+Shift+N (Shift+N on a web page). Alt+Up and Alt+Down move a note.")};
     const auto tutorial = std::make_shared<NFXIntroViewController>();
     tutorial->initWithViews(images);
     tutorial->delegate2 = &delegate;
@@ -43,7 +59,7 @@ void presentTutorial(UIViewController& presenter, delegatoTutorialChiuso& delega
 }
 
 NFXIntroViewController::NFXIntroViewController()
-    : _scrollview(std::make_shared<UIScrollView>(UIScreen::main().bounds()))
+    : _scrollview(std::make_shared<Strip>(UIScreen::main().bounds()))
     , _button(std::make_shared<UIButton>(UIScreen::main().bounds()))
     , _pgcontrol(std::make_shared<UIPageControl>(UIScreen::main().bounds()))
 {
@@ -69,13 +85,13 @@ void NFXIntroViewController::initWithViews(const std::vector<std::any>& images)
     print("_pgcontrol : " + description(_pgcontrol->frame().size.height));
     makePages();
     placePages();
+    tellPage();
 }
 
 void NFXIntroViewController::makeStrip()
 {
     _scrollview->setBackgroundColor(CGColor::gray(0));
     _scrollview->setPagingEnabled(true);
-    _scrollview->setAccessibilityLabel(view()->accessibilityLabel());
     _scrollview->setBounces(false);
     _scrollview->setScrollDelegate(this);
     _scrollview->layer().setBorder(0, CGColor::gray(0.8));
@@ -111,7 +127,7 @@ void NFXIntroViewController::makeButton(std::shared_ptr<UIImage> highlightImage)
 void NFXIntroViewController::setButtonText(const std::string& text)
 {
     _button->setTitle(text);
-    _button->setAccessibilityLabel(Bundle::main().localizedString(text));
+    _button->setAccessibilityLabel(Bundle::main().localizedString(text == startText ? "Close" : "Next"));
 }
 
 void NFXIntroViewController::makePages()
@@ -179,7 +195,20 @@ void NFXIntroViewController::scrollViewDidScroll(UIScrollView& scrollView)
 {
     const std::int64_t page = currentPage(scrollView);
     setButtonText(page == lastPage() ? startText : nextText);
+    const std::int64_t pageBefore = _pgcontrol->currentPage();
     _pgcontrol->setCurrentPage(page);
+    if (_pgcontrol->currentPage() == pageBefore)
+        return;
+    tellPage();
+    UIApplication::shared().announce(_scrollview->accessibilityLabel());
+}
+
+void NFXIntroViewController::tellPage()
+{
+    const auto page = static_cast<std::size_t>(_pgcontrol->currentPage());
+    if (page < _images.size())
+        _scrollview->setAccessibilityLabel(
+            std::any_cast<const std::shared_ptr<UIImage>&>(_images[page])->accessibilityLabel());
 }
 
 void NFXIntroViewController::turnTo(std::int64_t page)

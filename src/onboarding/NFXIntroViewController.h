@@ -46,6 +46,8 @@ private:
     /// It shows the text itself, and tells it in the user's language.
     void setButtonText(const std::string&);
     void makePages();
+    /// To those who do not see it.
+    void tellPage();
     void placeViews();
     void placePages();
     /// The page that is nearest to being shown. A number that no page can have is fatal.

@@ -38,11 +38,8 @@ std::optional<UIAccessibilityInfo> TableViewCell::accessibilityInfo()
 std::vector<UIAccessibilityAction> TableViewCell::accessibilityActions()
 {
     std::vector<UIAccessibilityAction> actions;
-    if (!m_toDoItem->completed) {
+    if (!m_toDoItem->completed)
         actions.push_back({words("Edit"), [this] { label->becomeFirstResponder(); }});
-        if (!labelData->text().empty())
-            actions.push_back({words("Edit date"), [this] { labelData->becomeFirstResponder(); }});
-    }
     actions.push_back({words(m_toDoItem->completed ? "Reopen" : "Complete"), [this] { completeOrReopen(); }});
     actions.push_back({words("Delete"), [this] { deleteNote(); }});
     actions.push_back({words("Insert below"), [this, note = m_toDoItem] {

@@ -97,14 +97,6 @@ TEST_F(AccessibilityTest, DoesWhatKeysAndFingersDo)
     EXPECT_EQ(byKey.edited, "Note: ");
     EXPECT_EQ(effectOf([&] { EXPECT_TRUE(reader.press("Add note")); }), byKey);
 
-    start({"One", "Two"});
-    list().arrayNote[1]->data = "Nov 22, 2026";
-    table().reloadData();
-    EXPECT_TRUE(reader.perform("Two", "Edit date"));
-    EXPECT_EQ(host.textInput().traits().label + ": " + host.textInput().text(), "Date: Nov 22, 2026");
-    host.textInput().pressReturn();
-    host.advance(0.5);
-
     start({"x One"});
     reader.perform("One", "Reopen");
     EXPECT_EQ(saved(), (Lines{"One"}));

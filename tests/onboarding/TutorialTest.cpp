@@ -109,6 +109,7 @@ TEST_F(TutorialTest, KeepsItsPageWhenTheWindowChangesItsSize)
 {
     present();
     pressButton();
+    EXPECT_EQ(host.effects().announced().back().substr(0, 20), "Pull two notes apart");
     takeLines();
     host.resize({667, 375});
     host.advance(0.1);
@@ -120,6 +121,7 @@ TEST_F(TutorialTest, KeepsItsPageWhenTheWindowChangesItsSize)
     EXPECT_TRUE(takeLines().empty());
     pressButton();
     EXPECT_EQ(timesClosed, 1);
+    EXPECT_EQ(host.effects().announced().size(), 1u) << "a page is told when it is turned, not when it moves";
 }
 
 TEST_F(TutorialTest, WhatCannotBeIsFatal)

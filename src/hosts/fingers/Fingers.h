@@ -32,8 +32,6 @@ public:
     void cancel();
     void cancelButton();
 
-    bool isEmpty() const { return m_touches.empty() && m_button.empty() && m_pinch.empty(); }
-
 private:
     using Group = std::vector<HostTouch>;
 

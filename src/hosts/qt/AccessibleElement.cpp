@@ -4,6 +4,16 @@
 
 namespace velmorath {
 
+namespace {
+
+QString joined(const QString& first, const QString& second)
+{
+    const QString separator = first.isEmpty() || second.isEmpty() ? QString() : QStringLiteral(", ");
+    return first + separator + second;
+}
+
+} // namespace
+
 int indexOf(const QAccessibleInterface* child, const QAccessibleInterface& parent)
 {
     for (int index = 0; index < parent.childCount(); ++index) {
@@ -73,7 +83,7 @@ QString AccessibleElement::text(QAccessible::Text kind) const
 {
     switch (kind) {
     case QAccessible::Name:
-        return QString::fromStdString(element().label);
+        return nameWithCount();
     case QAccessible::Description:
         return isText() ? QString() : descriptionWithPlace();
     case QAccessible::Value:
@@ -83,14 +93,21 @@ QString AccessibleElement::text(QAccessible::Text kind) const
     }
 }
 
+QString AccessibleElement::nameWithCount() const
+{
+    const QString label = QString::fromStdString(element().label);
+    const bool isNamedList = element().count >= 0 && !label.isEmpty();
+    return isNamedList ? joined(label, QString::number(element().count)) : label;
+}
+
 QString AccessibleElement::descriptionWithPlace() const
 {
     const AccessibilityElement* const list = m_mirror.around(m_identifier);
-    if (!list || element().index < 0)
-        return value();
-    // Qt has no other means to say which of a list's items this is: those out of sight have no interface.
-    const QString place = QStringLiteral("%1/%2").arg(element().index + 1).arg(list->count);
-    return value().isEmpty() ? place : value() + QStringLiteral(", ") + place;
+    const bool isItem = list && element().index >= 0;
+    const QString place =
+        isItem ? QStringLiteral("%1/%2").arg(element().index + 1).arg(list->count) : QString();
+    // A check box says itself whether it is on.
+    return joined(element().isToggle ? QString() : value(), place);
 }
 
 bool AccessibleElement::isText() const
@@ -136,9 +153,13 @@ QRect AccessibleElement::rect() const
 
 QAccessible::Role AccessibleElement::role() const
 {
+    if (element().isToggle)
+        return QAccessible::CheckBox;
     switch (element().role) {
     case AccessibilityRole::group:
     case AccessibilityRole::screen:
+    // Readers count what is in a list, and would leave out what is out of sight.
+    case AccessibilityRole::list:
         return QAccessible::Grouping;
     case AccessibilityRole::dialog:
         return QAccessible::Dialog;
@@ -152,8 +173,6 @@ QAccessible::Role AccessibleElement::role() const
         return QAccessible::PushButton;
     case AccessibilityRole::option:
         return QAccessible::RadioButton;
-    case AccessibilityRole::list:
-        return QAccessible::List;
     case AccessibilityRole::listItem:
         return QAccessible::ListItem;
     case AccessibilityRole::textField:
@@ -173,7 +192,7 @@ QAccessible::State AccessibleElement::state(const AccessibilityElement& element)
     state.modal = element.role == AccessibilityRole::dialog;
     state.busy = element.role == AccessibilityRole::progress;
     state.multiLine = element.role == AccessibilityRole::textArea;
-    state.readOnly = state.multiLine || element.role == AccessibilityRole::textField;
+    state.editable = state.multiLine || element.role == AccessibilityRole::textField;
     state.checkable = element.isToggle || element.role == AccessibilityRole::option;
     state.checked = element.isSelected;
     return state;

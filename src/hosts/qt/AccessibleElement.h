@@ -59,6 +59,9 @@ public:
 private:
     bool isText() const;
     QString value() const;
+    /// Qt has no other means to say how many items a list has, and which of them this is: those out of sight
+    /// have no interface.
+    QString nameWithCount() const;
     QString descriptionWithPlace() const;
     /// An empty one when it has gone.
     const AccessibilityElement& element() const;

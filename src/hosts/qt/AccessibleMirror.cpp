@@ -1,5 +1,6 @@
 #include "AccessibleMirror.h"
 #include "AccessibleElement.h"
+#include "AccessibleNotice.h"
 #include <set>
 
 namespace velmorath {
@@ -7,7 +8,11 @@ namespace velmorath {
 namespace {
 
 /// Seconds. What moves longer than this is told while it moves.
-constexpr double longMotion = 0.5;
+constexpr double longMotion = 1;
+/// Milliseconds. Readers ask for what a notice says in their own time.
+constexpr int noticeDuration = 10000;
+/// Milliseconds. Readers say where something new is by what it has in common with what had the focus before.
+constexpr int goingDuration = 1000;
 
 } // namespace
 
@@ -16,20 +21,25 @@ AccessibleMirror::AccessibleMirror(QWidget& screen, Report listener)
     , m_report(listener)
     , m_isActive(QAccessible::isActive())
 {
+    m_going.setSingleShot(true);
+    m_going.setInterval(goingDuration);
+    m_going.callOnTimeout([this] { reportGone(); });
     QAccessible::installActivationObserver(this);
 }
 
 AccessibleMirror::~AccessibleMirror()
 {
     QAccessible::removeActivationObserver(this);
-    show({});
+    setClient(nullptr);
 }
 
 void AccessibleMirror::setClient(HostClient* client)
 {
     m_client = client;
-    if (!client)
-        show({});
+    if (client)
+        return;
+    show({});
+    reportGone();
 }
 
 void AccessibleMirror::accessibilityActiveChanged(bool active)
@@ -50,47 +60,69 @@ void AccessibleMirror::frameMade(bool othersFollow, double now)
     }
     m_movingSince.reset();
     show(m_client->accessibilityTree());
+    reportAnnounced();
 }
 
-void AccessibleMirror::keysCame() const
+void AccessibleMirror::announce(const std::string& text)
 {
-    if (QAccessibleInterface* focused = focusedInterface())
-        report(focused, QAccessible::Focus);
+    if (m_isActive)
+        m_announced.push_back(QString::fromStdString(text));
+}
+
+void AccessibleMirror::reportAnnounced()
+{
+    for (QString& text : std::exchange(m_announced, {})) {
+        auto* const notice = new AccessibleNotice(m_screen, std::move(text));
+        const QAccessible::Id identifier = QAccessible::registerAccessibleInterface(notice);
+        report(notice, QAccessible::ObjectShow);
+        QTimer::singleShot(
+            noticeDuration, &m_screen, [identifier] { QAccessible::deleteAccessibleInterface(identifier); });
+    }
+}
+
+const AccessibleMirror::Place* AccessibleMirror::place(std::int64_t identifier) const
+{
+    for (const Places* places : {&m_places, &m_gone}) {
+        const auto place = places->find(identifier);
+        if (place != places->end())
+            return &place->second;
+    }
+    return nullptr;
 }
 
 const AccessibilityElement* AccessibleMirror::element(std::int64_t identifier) const
 {
-    const auto place = m_places.find(identifier);
-    return place == m_places.end() ? nullptr : place->second.element;
+    const Place* const found = place(identifier);
+    return found ? found->element : nullptr;
 }
 
 const AccessibilityElement* AccessibleMirror::around(std::int64_t identifier) const
 {
-    const auto place = m_places.find(identifier);
-    return place == m_places.end() ? nullptr : place->second.around;
+    const Place* const found = place(identifier);
+    return found ? found->around : nullptr;
 }
 
 QAccessibleInterface* AccessibleMirror::interface(std::int64_t identifier) const
 {
-    const auto place = m_places.find(identifier);
-    return place == m_places.end() ? nullptr : place->second.interface;
+    const Place* const found = place(identifier);
+    return found ? found->interface : nullptr;
 }
 
 void AccessibleMirror::show(AccessibilityElement root)
 {
     if (root == m_root)
         return;
+    reportGone();
     std::set<std::int64_t> staying;
     collectStaying(root, staying);
-    reportGone(staying);
 
-    // What was there is kept until all is reported: places point into it.
-    const AccessibilityElement rootBefore = std::exchange(m_root, std::move(root));
+    // What was there is kept: places point into it.
+    m_goneRoot = std::exchange(m_root, std::move(root));
     const Places before = std::exchange(m_places, {});
     const std::int64_t focusedBefore = std::exchange(m_focused, 0);
     collect(m_root, before);
-    forgetGone(before);
-    reportNew(staying);
+    letGo(before);
+    reportNew(staying, before);
     reportChanges(before);
     const bool wasMoved = m_focused != 0 && !staying.contains(m_focused);
     if ((wasMoved || m_focused != focusedBefore) && m_screen.hasFocus())
@@ -131,35 +163,41 @@ void AccessibleMirror::collectStaying(
     }
 }
 
-void AccessibleMirror::reportGone(const std::set<std::int64_t>& staying) const
-{
-    for (const auto& [identifier, place] : m_places) {
-        const bool goesAlone = !place.around || staying.contains(place.around->identifier);
-        if (goesAlone && !staying.contains(identifier))
-            report(place.interface, QAccessible::ObjectDestroyed);
-    }
-}
-
-void AccessibleMirror::forgetGone(const Places& before) const
+void AccessibleMirror::letGo(const Places& before)
 {
     for (const auto& [identifier, place] : before) {
         if (!m_places.contains(identifier))
-            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(place.interface));
+            m_gone.emplace(identifier, place);
     }
+    m_going.start();
 }
 
-void AccessibleMirror::reportNew(const std::set<std::int64_t>& staying) const
+void AccessibleMirror::reportGone()
+{
+    for (const auto& [identifier, place] : m_gone) {
+        if (!place.around || !m_gone.contains(place.around->identifier))
+            report(place.interface, QAccessible::ObjectDestroyed);
+    }
+    for (const auto& [identifier, place] : std::exchange(m_gone, {}))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(place.interface));
+    m_going.stop();
+}
+
+void AccessibleMirror::reportNew(const std::set<std::int64_t>& staying, const Places& before) const
 {
     for (const auto& [identifier, place] : m_places) {
         const bool comesAlone = !place.around || staying.contains(place.around->identifier);
-        if (comesAlone && !staying.contains(identifier))
+        if (comesAlone && !staying.contains(identifier)) {
+            if (before.contains(identifier))
+                report(place.interface, QAccessible::ObjectDestroyed);
             report(place.interface, QAccessible::ObjectCreated);
+        }
         if (place.element->role == AccessibilityRole::dialog && !staying.contains(identifier))
             report(place.interface, QAccessible::DialogStart);
     }
 }
 
-void AccessibleMirror::reportChanges(const Places& before) const
+void AccessibleMirror::reportChanges(const Places& before)
 {
     for (const auto& [identifier, place] : m_places) {
         const auto known = before.find(identifier);
@@ -177,7 +215,7 @@ void AccessibleMirror::reportChanges(const Places& before) const
     }
 }
 
-void AccessibleMirror::reportStates(const Place& place, const AccessibilityElement& before) const
+void AccessibleMirror::reportStates(const Place& place, const AccessibilityElement& before)
 {
     const QAccessible::State was = AccessibleElement::state(before);
     const QAccessible::State is = AccessibleElement::state(*place.element);
@@ -187,13 +225,15 @@ void AccessibleMirror::reportStates(const Place& place, const AccessibilityEleme
         return;
     QAccessibleStateChangeEvent event(place.interface, changed);
     m_report(&event);
+    // Readers take options for what the arrow keys choose, and say only then that one is chosen.
+    if (place.element->role == AccessibilityRole::option && is.checked)
+        announce(place.element->label);
 }
 
 void AccessibleMirror::reportFocus() const
 {
-    // Nobody shall be left with something that has gone.
-    QAccessibleInterface* const focused = focusedInterface();
-    report(focused ? focused : QAccessible::queryAccessibleInterface(&m_screen), QAccessible::Focus);
+    if (QAccessibleInterface* const focused = focusedInterface())
+        report(focused, QAccessible::Focus);
 }
 
 void AccessibleMirror::report(QAccessibleInterface* interface, QAccessible::Event type) const

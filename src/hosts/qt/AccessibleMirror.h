@@ -2,10 +2,12 @@
 
 #include "HostClient.h"
 #include <QAccessible>
+#include <QTimer>
 #include <QWidget>
 #include <map>
 #include <optional>
 #include <set>
+#include <vector>
 
 namespace velmorath {
 
@@ -30,10 +32,13 @@ public:
 
     /// A frame was made at this moment, in seconds. While others follow, only a few of them count.
     void frameMade(bool othersFollow, double now);
-    /// The keys came to the screen: says where on it they go.
-    void keysCame() const;
+    /// Says where on the screen keys go. Nothing while they go to none of its elements.
+    void reportFocus() const;
+    /// Says this after what the next frame changes.
+    void announce(const std::string& text);
 
-    /// These are for the interfaces. The pointers hold until the next frame.
+    /// These are for the interfaces. What has just gone is still known. The pointers hold until the next
+    /// frame.
     const AccessibilityElement& root() const { return m_root; }
     const AccessibilityElement* element(std::int64_t identifier) const;
     /// The element that this one is in; nothing when it is on the screen itself.
@@ -51,20 +56,23 @@ private:
     };
     using Places = std::map<std::int64_t, Place>;
 
+    /// Nothing when there is none.
+    const Place* place(std::int64_t identifier) const;
+
     void accessibilityActiveChanged(bool active) override;
     void show(AccessibilityElement root);
     void collect(const AccessibilityElement& around, const Places& before);
     /// Those of these elements that are where they were: in the same one, in the same order. What was moved
     /// is reported as gone and come again.
     void collectStaying(const AccessibilityElement& around, std::set<std::int64_t>& staying) const;
-    void reportGone(const std::set<std::int64_t>& staying) const;
-    void forgetGone(const Places& before) const;
-    void reportNew(const std::set<std::int64_t>& staying) const;
-    void reportChanges(const Places& before) const;
+    void reportNew(const std::set<std::int64_t>& staying, const Places& before) const;
+    void reportChanges(const Places& before);
 
+    void letGo(const Places& before);
+    void reportGone();
     void report(QAccessibleInterface*, QAccessible::Event) const;
-    void reportFocus() const;
-    void reportStates(const Place&, const AccessibilityElement& before) const;
+    void reportAnnounced();
+    void reportStates(const Place&, const AccessibilityElement& before);
 
     QWidget& m_screen;
     Report m_report;
@@ -75,6 +83,12 @@ private:
     AccessibilityElement m_root;
     Places m_places;
     std::int64_t m_focused = 0;
+    /// What has gone from the screen, for as long as readers may look at where they come from.
+    AccessibilityElement m_goneRoot;
+    Places m_gone;
+    QTimer m_going;
+    /// What was not said yet.
+    std::vector<QString> m_announced;
 };
 
 } // namespace velmorath

@@ -1,15 +1,48 @@
 #include "AccessibleScreen.h"
 #include "AccessibleElement.h"
+#include "AccessibleLine.h"
+#include "LineEditor.h"
 #include "ScreenWidget.h"
 
 namespace velmorath {
 
+namespace {
+
+bool isAboutText(const QAccessibleEvent& event)
+{
+    return event.type() >= QAccessible::TextAttributeChanged && event.type() <= QAccessible::TextUpdated;
+}
+
+/// Takes an event to readers, except for what they would take for something else.
+void report(QAccessibleEvent* event)
+{
+    const auto* const widget = qobject_cast<QWidget*>(event->object());
+    // Where the window has the focus, it is something on it that keys go to.
+    const auto* const screen = dynamic_cast<const ScreenWidget*>(widget);
+    if (screen && event->type() == QAccessible::Focus) {
+        screen->mirror().reportFocus();
+        return;
+    }
+    // They are silent about an editor that they know already when it gets the focus.
+    if (widget && isAboutText(*event) && !widget->hasFocus())
+        return;
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(report);
+}
+
+} // namespace
+
 void AccessibleScreen::install()
 {
+    QAccessible::installUpdateHandler(report);
     // Qt takes the same factory only once.
     QAccessible::installFactory([](const QString&, QObject* object) -> QAccessibleInterface* {
-        const auto* screen = dynamic_cast<const ScreenWidget*>(object);
-        return screen ? new AccessibleScreen(screen->mirror()) : nullptr;
+        if (const auto* screen = dynamic_cast<const ScreenWidget*>(object))
+            return new AccessibleScreen(screen->mirror());
+        if (auto* line = dynamic_cast<LineEditor*>(object))
+            return new AccessibleLine(*line);
+        return nullptr;
     });
 }
 

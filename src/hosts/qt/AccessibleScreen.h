@@ -9,7 +9,8 @@ class AccessibleMirror;
 /// The window as screen readers know it: the elements of the mirror, then the editor if there is one.
 class AccessibleScreen final : public QAccessibleWidget {
 public:
-    /// Makes Qt know the window of every ScreenWidget as one of these.
+    /// Makes Qt know the window of every ScreenWidget as one of these, and report the focus of what is on it;
+    /// and every LineEditor as an AccessibleLine.
     static void install();
 
     /// The mirror and its screen outlive this.

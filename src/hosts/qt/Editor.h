@@ -3,8 +3,10 @@
 #include "TextInput.h"
 #include <QString>
 #include <functional>
+#include <optional>
 
 class QInputMethodEvent;
+class QPoint;
 class QRect;
 class QWidget;
 
@@ -21,8 +23,17 @@ public:
 
     virtual QWidget& widget() = 0;
 
+    /// Many lines are seen this far above and below the rectangle, too, when they are scrolled.
+    virtual void setMargins(int, int) { }
+
     /// Where the widget lies so that its text covers the same text drawn in this rectangle.
     virtual QRect geometryOver(const QRect&) const = 0;
+
+    /// The widget has its place now. The caret goes where the tap was, in the widget's points.
+    virtual void start(const std::optional<QPoint>& tap, int scrolled) = 0;
+
+    /// How far down it is scrolled, in points.
+    virtual int scrolled() const { return 0; }
 
     /// Unfinished input of an input method included.
     virtual QString text() const = 0;

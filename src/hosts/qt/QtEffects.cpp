@@ -17,12 +17,16 @@ namespace {
 
 const QString mailScheme = QStringLiteral("mailto");
 
-/// Nothing is sent when there is no bus; the library would go and start one.
+/// Without a bus the library would go and start one.
+bool hasSessionBus()
+{
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
+        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+}
+
 void sendOnSessionBus(const QDBusMessage& message)
 {
-    const bool hasBus = qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-        || QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
-    if (hasBus)
+    if (hasSessionBus())
         QDBusConnection::sessionBus().send(message);
 }
 
@@ -43,8 +47,9 @@ QString modelName()
 
 } // namespace
 
-QtEffects::QtEffects(QString soundLibrary)
-    : m_handlers(mailScheme)
+QtEffects::QtEffects(ScreenWidget& screen, QString soundLibrary)
+    : m_screen(screen)
+    , m_handlers(mailScheme)
     , m_soundLibrary(std::move(soundLibrary))
 {
 }
@@ -84,6 +89,14 @@ void QtEffects::loadSoundPlayer()
         reinterpret_cast<MakeSoundPlayer>(QLibrary::resolve(m_soundLibrary, "velmorathMakeSoundPlayer"));
     if (make)
         m_player.reset(make());
+}
+
+void QtEffects::whenOnSessionBus(std::function<void()> callback)
+{
+    inBackground([this, callback = std::move(callback)] {
+        if (hasSessionBus() && QDBusConnection::sessionBus().isConnected())
+            QMetaObject::invokeMethod(&m_screen, callback, Qt::QueuedConnection);
+    });
 }
 
 void QtEffects::playSound(const std::string& path)

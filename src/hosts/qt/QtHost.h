@@ -44,6 +44,7 @@ private:
     HostState m_state = HostState::active;
     QtClock m_clock;
     ScreenWidget m_widget;
+    DesktopMotion m_motion;
     QtScreen m_screen;
     QtTextInput m_textInput;
     PosixFiles m_files;

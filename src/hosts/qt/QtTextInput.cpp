@@ -50,6 +50,7 @@ void QtTextInput::begin(
     m_window->show();
     widget.setFocus(Qt::OtherFocusReason);
     QGuiApplication::inputMethod()->show();
+    m_start = std::move(traits);
 }
 
 void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
@@ -60,13 +61,32 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
     const QPoint point(static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y())));
     const QRect wholePoints(
         point, QSize(static_cast<int>(frame.size.width), static_cast<int>(frame.size.height)));
-    const QRect geometry = m_editor->geometryOver(wholePoints);
     const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
+    if (m_start) {
+        m_editor->setMargins(std::max(0, point.y() - static_cast<int>(std::lround(shown.minY()))),
+            std::max(0, static_cast<int>(std::lround(shown.maxY())) - wholePoints.bottom() - 1));
+    }
+    const QRect geometry = m_editor->geometryOver(wholePoints);
     const QRect window = QRectF(shown.minX(), shown.minY(), shown.size.width, shown.size.height).toRect()
         & geometry.adjusted(0, 0, 1, 1);
     m_window->setGeometry(window);
     m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
     m_effect->set(std::clamp(opacity, 0.0, 1.0), corner - point);
+    if (const auto start = std::exchange(m_start, std::nullopt))
+        startAt(*start, point - geometry.topLeft());
+}
+
+void QtTextInput::startAt(const TextInputTraits& start, QPoint textCorner)
+{
+    std::optional<QPoint> tap;
+    if (start.tap)
+        tap = textCorner + QPointF(start.tap->x, start.tap->y).toPoint();
+    m_editor->start(tap, static_cast<int>(std::lround(start.scrolled)));
+}
+
+CGFloat QtTextInput::scrolled() const
+{
+    return m_editor ? m_editor->scrolled() : 0;
 }
 
 void QtTextInput::breakOff()

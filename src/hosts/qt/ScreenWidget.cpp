@@ -84,7 +84,9 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
             return HostKey::redo;
         return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::undo) : std::nullopt;
     case Qt::Key_N:
-        return event.modifiers() == Qt::ControlModifier ? std::optional(HostKey::insert) : std::nullopt;
+        return (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier
+            ? std::optional(HostKey::insert)
+            : std::nullopt;
     default:
         return {};
     }
@@ -113,6 +115,12 @@ void ScreenWidget::setClient(HostClient* client)
 {
     m_client = client;
     m_mirror.setClient(client);
+}
+
+void ScreenWidget::announce(const std::string& text)
+{
+    m_mirror.announce(text);
+    requestFrame();
 }
 
 bool ScreenWidget::isInSight() const
@@ -194,17 +202,6 @@ void ScreenWidget::showEvent(QShowEvent*)
     windowHandle()->installEventFilter(this);
 }
 
-void ScreenWidget::focusInEvent(QFocusEvent* event)
-{
-    QWidget::focusInEvent(event);
-    // Qt itself reports that the window has the focus, after this: what is on it comes last.
-    const auto tellWhere = [this] {
-        if (hasFocus())
-            m_mirror.keysCame();
-    };
-    QMetaObject::invokeMethod(this, tellWhere, Qt::QueuedConnection);
-}
-
 void ScreenWidget::hideEvent(QHideEvent*)
 {
     m_fingers.cancel();
@@ -244,23 +241,11 @@ bool ScreenWidget::event(QEvent* event)
     return QWidget::event(event);
 }
 
-bool ScreenWidget::isOverChild(const QTouchEvent& event) const
-{
-    const auto& points = event.points();
-    return std::all_of(points.begin(), points.end(),
-        [this](const QEventPoint& point) { return childAt(point.position().toPoint()); });
-}
-
 bool ScreenWidget::touchEvent(QTouchEvent& event)
 {
     // A touchpad's fingers are reported as scrolling and pinches.
     if (event.deviceType() == QInputDevice::DeviceType::TouchPad)
         return false;
-    // Qt makes a mouse of a finger that nobody takes: so the editor gets those that touch it.
-    if (event.type() == QEvent::TouchBegin && m_fingers.isEmpty() && isOverChild(event)) {
-        event.ignore();
-        return true;
-    }
     event.accept();
     std::vector<HostTouch> changed;
     for (const QEventPoint& point : event.points()) {

@@ -24,6 +24,8 @@ public:
 
     TextCache& texts() { return m_texts; }
     const AccessibleMirror& mirror() const { return m_mirror; }
+    /// See Effects::announce().
+    void announce(const std::string& text);
 
     /// See Screen::requestFrame().
     void requestFrame();
@@ -35,7 +37,6 @@ protected:
     void resizeEvent(QResizeEvent*) override;
     void showEvent(QShowEvent*) override;
     void hideEvent(QHideEvent*) override;
-    void focusInEvent(QFocusEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseDoubleClickEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
@@ -47,7 +48,6 @@ protected:
 private:
     bool touchEvent(QTouchEvent&);
     void pinchEvent(const QNativeGestureEvent&);
-    bool isOverChild(const QTouchEvent&) const;
     bool isInSight() const;
     bool displayPacesFrames() const;
     void scheduleFrame();

@@ -1,7 +1,10 @@
 #include "TextEditor.h"
+#include "EditorFinger.h"
 #include "TextLayout.h"
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTextDocument>
+#include <QTextFrame>
 
 namespace velmorath {
 
@@ -21,10 +24,36 @@ TextEditor::TextEditor(QWidget& parent, TextInputClient& client, const QString& 
     QTextOption option = document()->defaultTextOption();
     option.setAlignment(TextLayout::toQtAlignment(alignment));
     document()->setDefaultTextOption(option);
+    new EditorFinger(*viewport());
     setPlainText(text);
     moveCursor(QTextCursor::End);
     setKnownText(TextEditor::text());
     connect(this, &QTextEdit::textChanged, this, [this] { textMayHaveChanged(); });
+}
+
+void TextEditor::setMargins(int above, int below)
+{
+    m_above = above;
+    m_below = below;
+    QTextFrameFormat format = document()->rootFrame()->frameFormat();
+    format.setTopMargin(above);
+    format.setBottomMargin(below);
+    document()->rootFrame()->setFrameFormat(format);
+    // Nobody shall undo this.
+    document()->clearUndoRedoStacks();
+}
+
+void TextEditor::start(const std::optional<QPoint>& tap, int scrolled)
+{
+    verticalScrollBar()->setValue(scrolled);
+    if (tap)
+        setTextCursor(cursorForPosition(*tap));
+    ensureCursorVisible();
+}
+
+int TextEditor::scrolled() const
+{
+    return verticalScrollBar()->value();
 }
 
 QString TextEditor::text() const

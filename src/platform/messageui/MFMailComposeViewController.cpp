@@ -60,6 +60,16 @@ std::string mailAddress(const std::vector<std::string>& recipients, const std::s
     return address;
 }
 
+/// The line of the recipients: read, as every field of the form, when keys come to it.
+class Recipients : public UIView {
+public:
+    bool canBecomeFocused() const override { return true; }
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override
+    {
+        return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = accessibilityLabel()};
+    }
+};
+
 } // namespace
 
 bool MFMailComposeViewController::canSendMail()
@@ -88,7 +98,10 @@ void MFMailComposeViewController::viewDidLoad()
     m_recipients = std::make_shared<UILabel>();
     m_recipients->setText(Bundle::main().localizedString("To: %1", {joined(m_toRecipients, ", ")}));
     m_recipients->setTextColor(UIColor::white());
-    view()->addSubview(m_recipients);
+    m_recipientsLine = std::make_shared<Recipients>();
+    m_recipientsLine->setAccessibilityLabel(m_recipients->text());
+    m_recipientsLine->addSubview(m_recipients);
+    view()->addSubview(m_recipientsLine);
 
     m_line = std::make_shared<UIView>();
     m_line->setBackgroundColor(lineColor);
@@ -98,6 +111,7 @@ void MFMailComposeViewController::viewDidLoad()
     m_body->setFont(UIFont::systemFont(17));
     m_body->setTextColor(UIColor::white());
     m_body->setText(m_messageBody);
+    m_body->setTextContainerInset(margin);
     m_body->setAccessibilityLabel(Bundle::main().localizedString("Message"));
     view()->addSubview(m_body);
 }
@@ -111,10 +125,11 @@ void MFMailComposeViewController::viewDidLayoutSubviews()
     m_cancel->setFrame(CGRectMake(x - margin, 0, buttonWidth, barHeight));
     m_send->setFrame(CGRectMake(column.maxX() + margin - buttonWidth, 0, buttonWidth, barHeight));
 
-    const CGFloat bodyTop = barHeight + recipientsHeight + margin;
-    m_recipients->setFrame(CGRectMake(x, barHeight, width, recipientsHeight));
+    const CGFloat bodyTop = barHeight + recipientsHeight;
+    m_recipientsLine->setFrame(CGRectMake(0, barHeight, size.width, recipientsHeight));
+    m_recipients->setFrame(CGRectMake(x, 0, width, recipientsHeight));
     m_line->setFrame(CGRectMake(x, barHeight + recipientsHeight, width, hairline));
-    m_body->setFrame(CGRectMake(x, bodyTop, width, std::max(0.0, size.height - bodyTop - margin)));
+    m_body->setFrame(CGRectMake(0, bodyTop, size.width, std::max(0.0, size.height - bodyTop)));
 }
 
 void MFMailComposeViewController::send()

@@ -57,6 +57,7 @@ private:
     std::string m_messageBody;
     std::shared_ptr<UIButton> m_cancel;
     std::shared_ptr<UIButton> m_send;
+    std::shared_ptr<UIView> m_recipientsLine;
     std::shared_ptr<UILabel> m_recipients;
     std::shared_ptr<UIView> m_line;
     std::shared_ptr<UITextView> m_body;

@@ -18,7 +18,7 @@ bool UITableView::keyPressed(const HostKeyPress& press)
     const std::optional<std::int64_t> row = focusedRow();
     if (!row)
         return false;
-    if (press.key == HostKey::enter) {
+    if (press.key == HostKey::enter || press.key == HostKey::space) {
         selectByUser(*row);
         return true;
     }

@@ -107,7 +107,11 @@ void UITextEditingView::placeEditor()
     CGFloat opacity = 1;
     for (const UIView* view = this; view; view = view->superview())
         opacity *= view->layer().presented(CATimeline::main().frameTime()).opacity;
-    Host::current().textInput().place(shownInWindow(editingRect()), clipInWindow(), opacity);
+    CGRect clip = clipInWindow();
+    // Many lines scroll out over the margins of their view.
+    if (m_traits.multiline)
+        clip = clip.intersected(shownInWindow(bounds()));
+    Host::current().textInput().place(shownInWindow(editingRect()), clip, opacity);
 }
 
 void UITextEditingView::draw(CGContext& context) const

@@ -1,5 +1,7 @@
 #include "HostFixture.h"
 #include <QNativeGestureEvent>
+#include <QStyleHints>
+#include <QTextEdit>
 #include <QWheelEvent>
 
 namespace velmorath {
@@ -30,6 +32,19 @@ protected:
     {
         QNativeGestureEvent event(type, touchpad.get(), 2, {100, 300}, {100, 300}, {100, 300}, value, {});
         QCoreApplication::sendEvent(&host.widget(), &event);
+    }
+
+    void touchEditor(QPoint from, QPoint to, int held = 0)
+    {
+        QWindow* const window = host.widget().windowHandle();
+        constexpr int steps = 10;
+        QTest::touchEvent(window, screen.get()).press(0, from);
+        QTest::qWait(held);
+        for (int step = 1; from != to && step <= steps; ++step) {
+            QTest::touchEvent(window, screen.get()).move(0, from + (to - from) * step / steps);
+            QTest::qWait(10);
+        }
+        QTest::touchEvent(window, screen.get()).release(0, to);
     }
 
     std::unique_ptr<QPointingDevice> screen{QTest::createTouchDevice()};
@@ -166,6 +181,42 @@ TEST_F(Input, TheEditorTakesItsOwnClicksOnly)
     QTest::touchEvent(window, screen.get()).release(0, {200, 160});
     EXPECT_EQ(client.touches.size(), 4u);
     EXPECT_EQ(QApplication::focusWidget(), editor);
+    host.textInput().end();
+}
+
+TEST_F(Input, AFingerScrollsATextAndSelectsWhatItHoldsOrTapsTwice)
+{
+    std::string lines;
+    for (int i = 0; i < 60; ++i)
+        lines += "some words\n";
+    const CGRect field = CGRectMake(0, 100, 375, 400);
+    host.textInput().begin(*this, lines, {}, {.multiline = true, .tap = CGPoint{0, 0}});
+    host.textInput().place(field, field, 1);
+    auto* const editor = host.widget().findChild<QTextEdit*>();
+
+    touchEditor({100, 450}, {100, 250});
+    EXPECT_GE(host.textInput().scrolled(), 150);
+    EXPECT_FALSE(editor->textCursor().hasSelection());
+    EXPECT_EQ(editor->textCursor().position(), 0) << "it was no tap";
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const double before = host.textInput().scrolled();
+        QTest::qWait(100);
+        return host.textInput().scrolled() == before;
+    })) << "it comes to rest";
+
+    touchEditor({60, 300}, {60, 300});
+    EXPECT_GT(editor->textCursor().position(), 0);
+    EXPECT_FALSE(editor->textCursor().hasSelection());
+    touchEditor({60, 300}, {60, 300});
+    EXPECT_EQ(editor->textCursor().selectedText(), QStringLiteral("words"));
+    QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    touchEditor({10, 300}, {10, 300}, QGuiApplication::styleHints()->mousePressAndHoldInterval() + 50);
+    EXPECT_EQ(editor->textCursor().selectedText(), QStringLiteral("some"));
+    const double scrolled = host.textInput().scrolled();
+    touchEditor({10, 300}, {10, 350}, QGuiApplication::styleHints()->mousePressAndHoldInterval() + 50);
+    EXPECT_GT(editor->textCursor().selectedText().size(), 10) << "drawn on, it selects more";
+    EXPECT_EQ(host.textInput().scrolled(), scrolled);
+    EXPECT_TRUE(client.touches.empty());
     host.textInput().end();
 }
 

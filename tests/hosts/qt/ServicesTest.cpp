@@ -1,3 +1,4 @@
+#include "QtClock.h"
 #include "QtEffects.h"
 #include "QtLocale.h"
 #include "SingleProgram.h"
@@ -103,7 +104,9 @@ TEST(SlowDesktop, IsAskedInTimeAndNotWaitedFor)
 {
     SlowTool tool;
     const Environment environment({{"PATH", tool.path()}});
-    QtEffects effects(QStringLiteral("/nowhere/velmorath-sound.so"));
+    const QtClock clock([] {});
+    ScreenWidget screen(clock);
+    QtEffects effects(screen, QStringLiteral("/nowhere/velmorath-sound.so"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return !tool.asked().isEmpty(); })) << "before anybody wants to know";
     EXPECT_TRUE(effects.canSendMail()) << "no answer is no no";
     EXPECT_FALSE(effects.openAddress("rare-scheme://x")) << "its caller has another way, which must be taken";
@@ -118,7 +121,9 @@ TEST(QuietMachine, MissingServicesAreSilentAndCostNoTime)
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/bus");
     QElapsedTimer timer;
     timer.start();
-    QtEffects effects(QStringLiteral("/nowhere/velmorath-sound.so"));
+    const QtClock clock([] {});
+    ScreenWidget screen(clock);
+    QtEffects effects(screen, QStringLiteral("/nowhere/velmorath-sound.so"));
     effects.playSound("/nowhere/sound.mp3");
     effects.playSound("/nowhere/sound.mp3");
     effects.vibrate();

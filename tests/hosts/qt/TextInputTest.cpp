@@ -219,6 +219,53 @@ TEST_F(Editing, NeitherLongTextsNorPastedLinesAreSpoilt)
     host.textInput().end();
 }
 
+TEST_F(Editing, LineBreaksOutliveTheEditingInOneLine)
+{
+    begin("one\ntwo");
+    host.textInput().end();
+    EXPECT_TRUE(changes.empty());
+    begin("one\ntwo");
+    EXPECT_EQ(editor<QLineEdit>()->text().size(), 7) << "a caret has a place on both sides of it";
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("!"));
+    EXPECT_EQ(changes.back(), "one\ntwo!");
+    host.textInput().end();
+}
+
+TEST_F(Editing, TheCaretGoesWhereTheTapWas)
+{
+    const auto caretAfterTap = [&](const std::string& text, CGFloat x) {
+        begin(text, {.tap = CGPoint{x, 30}});
+        const int caret = editor<QLineEdit>()->cursorPosition();
+        host.textInput().end();
+        return caret;
+    };
+    EXPECT_EQ(caretAfterTap("some words", 1), 0);
+    EXPECT_EQ(caretAfterTap("some words", 199), 10);
+    EXPECT_EQ(caretAfterTap(std::string(200, 'x'), 1), 0) << "what is tapped is the beginning of a long text";
+    EXPECT_EQ(caretAfterTap("\u05e9\u05dc\u05d5\u05dd", 199), 0) << "it starts at the right";
+
+    std::string lines;
+    for (int i = 0; i < 30; ++i)
+        lines += "line\n";
+    begin(lines, {.multiline = true, .tap = CGPoint{1, 30}, .scrolled = 100});
+    auto* const many = editor<QTextEdit>();
+    EXPECT_EQ(host.textInput().scrolled(), 100) << "the text stays where it was";
+    const QRect caret = many->cursorRect();
+    EXPECT_LE(caret.top(), 30);
+    EXPECT_GE(caret.bottom(), 30);
+    host.textInput().end();
+    EXPECT_EQ(host.textInput().scrolled(), 0);
+    begin(lines, {.multiline = true});
+    EXPECT_GT(host.textInput().scrolled(), 100) << "the caret is at the end, and in sight";
+    host.textInput().end();
+
+    host.textInput().begin(*this, lines, style, {.multiline = true, .tap = CGPoint{1, 1}});
+    host.textInput().place(field, field.insetBy(0, -16), 1);
+    EXPECT_EQ(editor<QTextEdit>()->cursorRect().top(), 16) << "only scrolled text is seen above its place";
+    EXPECT_EQ(editor<QTextEdit>()->height(), 60 + 2 * 16);
+    host.textInput().end();
+}
+
 TEST_F(Editing, LosingTheWindowsFocusChangesNothing)
 {
     begin("a");

@@ -12,12 +12,14 @@ def xdotool(*words):
 
 
 class Program:
-    """One run of the program. Its files stay in `home` from one run to the next."""
+    """One run of the program. Its files stay in `home` from one run to the next. Without a bus it has none."""
 
-    def __init__(self, executable, home, size=None):
+    def __init__(self, executable, home, size=None, bus=None):
         environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
         for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY"):
             environment.pop(name, None)
+        if bus:
+            environment["DBUS_SESSION_BUS_ADDRESS"] = bus
         self.home = home
         self.lines_file = open(os.path.join(home, "lines.txt"), "w+", encoding="utf-8")
         self.process = subprocess.Popen([executable], env=environment, stdout=self.lines_file)
