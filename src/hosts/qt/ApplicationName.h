@@ -4,7 +4,7 @@
 
 namespace velmorath {
 
-/// Under which desktops know the program: the name of its desktop entry.
+/// Under which desktops know the program: the name of its desktop entry, and its own on the session bus.
 inline const QString applicationName = QStringLiteral("org.velmorath.velmorath");
 
 } // namespace velmorath
