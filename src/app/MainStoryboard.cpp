@@ -16,7 +16,7 @@ constexpr CGFloat textMargin = 16;
 /// What pulling the list down does, between the buttons of the bar.
 std::shared_ptr<UIView> addButton(CGFloat viewWidth, ViewController& list)
 {
-    const CGRect middle = CGRectMake(2 * barHeight, 0, viewWidth - 3 * barHeight, barHeight);
+    const CGRect middle = CGRectMake(2 * barHeight, 0, viewWidth - 4 * barHeight, barHeight);
     auto button = std::make_shared<UIAccessibilityButton>(
         middle, Bundle::main().localizedString("Add note"), [&list] { return list.canAddNote(); },
         [&list] { return list.nuovaNota(); });
@@ -51,6 +51,9 @@ void fillList(UIViewController& controller, UIView& view)
     undo->setHidden(true);
     bar->addSubview(undo);
     list.annulla = undo;
+    const auto share =
+        rightBarButton(size.width - barHeight, "condividi", "Share", [&list] { list.offerSharing(); });
+    bar->addSubview(share);
     bar->addSubview(addButton(size.width, list));
     bar->addSubview(rightBarButton(size.width, "info", "Information", [&list] { list.Info(); }));
     view.addSubview(bar);

@@ -66,8 +66,17 @@ void UndoButton::touchesCancelled(const UITouches& touches)
 std::optional<UIAccessibilityInfo> UndoButton::accessibilityInfo()
 {
     std::optional<UIAccessibilityInfo> info = UIButton::accessibilityInfo();
-    if (!m_holdName.empty())
+    if (m_holdName.empty())
+        return info;
+    // With nothing to take back, the button is what holding it does: that is its name then.
+    if (info->label == m_holdName) {
+        info->press = [this] {
+            m_hold();
+            return true;
+        };
+    } else {
         info->actions.push_back({m_holdName, m_hold});
+    }
     return info;
 }
 

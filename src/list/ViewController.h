@@ -16,10 +16,10 @@
 
 namespace velmorath {
 
-/// The main screen: the list of notes. One class with six concerns, each in its own source file: the
+/// The main screen: the list of notes. One class with seven concerns, each in its own source file: the
 /// screen's life, its rows and the ways to other screens (ViewController.cpp), the colours of the rows
-/// (+Themes), what happens to notes (+Actions), what takes it back (+Undo), and the two gestures that insert
-/// one (+PullDown, +Pinch).
+/// (+Themes), what happens to notes (+Actions), what takes it back (+Undo), copies (+Sharing), and the two
+/// gestures that insert one (+PullDown, +Pinch).
 class ViewController : public UIViewController,
                        public UITableViewDataSource,
                        public UITableViewDelegate,
@@ -80,6 +80,12 @@ public:
     /// Takes the last change of a note back, or makes it again. False when there is none, or not just now.
     bool takeBack();
     bool doAgain();
+
+    // +Sharing
+    /// The share button: hands the list to other programs, saves a copy, opens one.
+    void offerSharing();
+    /// Adds the notes of a copy that the list does not have, on top. What cannot be read is told.
+    void addCopy(std::string_view bytes);
 
     // +Pinch
     void handlePinch(UIPinchGestureRecognizer&);
@@ -151,6 +157,16 @@ private:
     bool canTakeBack() const;
     static void announceStep(std::string_view what, const std::string& name);
     void showUndo() const;
+
+    void shareList();
+    void saveCopy();
+    void openCopy();
+    /// These two take each other back.
+    void addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>&);
+    void takeAway(const std::vector<std::shared_ptr<ToDoItem2>>&);
+    void showAllAnew();
+    /// In a box with a button.
+    void tell(std::string_view what);
 
     /// Puts the placeholder above the first row and shows how far the list is pulled. y is its offset.
     void showPull(CGFloat y);

@@ -48,9 +48,9 @@ void presentTutorial(UIViewController& presenter, delegatoTutorialChiuso& delega
 {
     const std::vector<std::any> images{
         pictureNamed("1info",
-            "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete it. With keys: Control+N (N on a web page), Space, Delete. F2 edits a note, Enter opens it."),
+            "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to delete it. The keys are Control+N (N on a web page), Space and Delete. F2 edits a note, Enter opens it."),
         pictureNamed("2info",
-            "Pull two notes apart to insert a note between them. With keys: Control+Shift+N (Shift+N on a web page). Alt+Up and Alt+Down move a note.")};
+            "Pull two notes apart to insert a note between them. The keys are Control+Shift+N (Shift+N on a web page). Alt+Up and Alt+Down move a note.")};
     const auto tutorial = std::make_shared<NFXIntroViewController>();
     tutorial->initWithViews(images);
     tutorial->delegate2 = &delegate;

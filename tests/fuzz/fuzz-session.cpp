@@ -11,9 +11,10 @@ namespace {
 constexpr CGSize sizes[] = {{320, 536}, {375, 667}, {568, 320}, {300, 130}, {1200, 800}, {320, 40}};
 constexpr const char* texts[] = {"a", "two words", "שלום", "👵🏽",
     "A note that is much longer than its row is wide", "one line\nanother", " ", ""};
+constexpr const char* files[] = {"- [ ] one\n- [x] two\n  lines\n", "a\nb\nnote 1\n", "", "bplist00"};
 constexpr HostKey keys[] = {HostKey::up, HostKey::down, HostKey::left, HostKey::right, HostKey::home,
     HostKey::end, HostKey::pageUp, HostKey::pageDown, HostKey::tab, HostKey::enter, HostKey::space,
-    HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove, HostKey::undo, HostKey::redo};
+    HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove};
 
 /// The input, byte by byte; zeros once it has run out.
 class Bytes {
@@ -164,7 +165,22 @@ private:
         case 3:
             return m_watch.act("mail", [&] { m_watch.host.effects().setCanSendMail(m_bytes.flip()); });
         default:
+            return rarer();
+        }
+    }
+
+    void rarer()
+    {
+        switch (m_bytes.below(4)) {
+        case 0:
             return m_watch.act("draw", [&] { m_watch.host.draw(); });
+        case 1:
+            return m_watch.press({HostKey::undo});
+        case 2:
+            return m_watch.press({HostKey::redo});
+        default:
+            return m_watch.act("file",
+                [&] { m_watch.host.documents().setFile(std::optional<std::string>(m_bytes.oneOf(files))); });
         }
     }
 

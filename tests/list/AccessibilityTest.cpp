@@ -54,6 +54,21 @@ TEST_F(AccessibilityTest, KeysActWhereTheReaderPointsThem)
     EXPECT_EQ(saved(), (Lines{"One", "x Two", "x Three"}));
 }
 
+TEST_F(AccessibilityTest, KeysComeBackToWhatWasOpenedAndToTheNeighbourOfWhatIsGone)
+{
+    start({"One", "Two", "Three"});
+    const auto focus = [this](const std::string& label) {
+        reader.read();
+        return host.client().focusElement(reader.find(label).identifier);
+    };
+    ASSERT_TRUE(focus("Three") && reader.press("Three") && reader.press("Close"));
+    reader.read();
+    EXPECT_TRUE(reader.find("Three").isFocused);
+    ASSERT_TRUE(focus("One") && reader.perform("One", "Delete"));
+    reader.read();
+    EXPECT_TRUE(reader.find("Two").isFocused);
+}
+
 TEST_F(AccessibilityTest, RowsAreWholeAtAnyMoment)
 {
     start({"One", "Two", "Three"});
@@ -131,7 +146,7 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
     reader.perform("One", "Edit");
     EXPECT_EQ(reader.everything(),
         (Lines{"screen Velmorath", "  list Notes", "    item One", "    item Two",
-            "  button Reorder notes [off]", "  button Add note", "  button Information"}));
+            "  button Reorder notes [off]", "  button Add note", "  button Share", "  button Information"}));
     EXPECT_FALSE(reader.find("One").isFocused) << "keys go to the editor";
     EXPECT_FALSE(reader.press("Two"));
     EXPECT_FALSE(reader.press("Add note"));

@@ -80,7 +80,7 @@ TEST_F(KeysTest, TabLeavesTheScreenAndComesBack)
     int presses = 1;
     while (press(HostKey::tab) && presses < 10)
         ++presses;
-    EXPECT_EQ(presses, 3) << "the note, two buttons, and out";
+    EXPECT_EQ(presses, 4) << "the note, three buttons, and out";
     EXPECT_EQ(marked(), -1);
     EXPECT_TRUE(press(HostKey::tab));
     EXPECT_EQ(marked(), 0);

@@ -24,6 +24,7 @@ void ScreensWalk::walk(CGSize size, bool everything)
     visitInformation();
     visitTutorial();
     visitMail();
+    visitSharing();
     visitOverlays();
     if (everything)
         visitThemes();
@@ -231,6 +232,37 @@ void ScreensWalk::visitMail()
     host.advance(0.5);
     look("mail-impossible");
     host.effects().setCanSendMail(true);
+}
+
+void ScreensWalk::visitSharing()
+{
+    open({"One"});
+    list().offerSharing();
+    host.advance(0.5);
+    look("sharing");
+    if (!m_everything)
+        return;
+    HeadlessDocuments& documents = host.documents();
+    documents.setSaveError(Error{""});
+    // From the top of the sheet: share, save, open.
+    const auto choose = [&](CGFloat fromBottom, const std::string& state) {
+        open({"One"});
+        list().offerSharing();
+        host.advance(0.5);
+        const CGSize size = host.screen().size();
+        tap({size.width / 2, size.height - fromBottom});
+        host.advance(0.5);
+        look(state);
+    };
+    documents.setHowShared(Documents::Shared::copied);
+    choose(180, "shared");
+    documents.setHowShared(Documents::Shared::failed);
+    choose(180, "not-shared");
+    choose(132, "not-saved");
+    documents.setFile(Error{""});
+    choose(84, "not-opened");
+    documents.setFile(std::optional<std::string>("One"));
+    choose(84, "nothing-new");
 }
 
 void ScreensWalk::visitOverlays()

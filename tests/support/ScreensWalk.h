@@ -24,6 +24,7 @@ private:
     void visitInformation();
     void visitTutorial();
     void visitMail();
+    void visitSharing();
     void visitOverlays();
 
     bool m_everything = true;

@@ -3,6 +3,7 @@
 #include "DrawingRecorder.h"
 #include "HeadlessClock.h"
 #include "HeadlessConsole.h"
+#include "HeadlessDocuments.h"
 #include "HeadlessEffects.h"
 #include "HeadlessFiles.h"
 #include "HeadlessLocale.h"
@@ -28,6 +29,7 @@ public:
     HeadlessLocale& locale() override { return m_locale; }
     HeadlessEffects& effects() override { return m_effects; }
     HeadlessConsole& console() override { return m_console; }
+    HeadlessDocuments& documents() override { return m_documents; }
 
     /// Returns at once: the test is the loop.
     int run(HostClient&) override;
@@ -67,6 +69,7 @@ private:
     HeadlessLocale m_locale;
     HeadlessEffects m_effects;
     HeadlessConsole m_console;
+    HeadlessDocuments m_documents;
     HostClient* m_client = nullptr;
     int m_framesPrepared = 0;
     CGRect m_damage = CGRect::null();

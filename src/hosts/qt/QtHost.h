@@ -6,6 +6,7 @@
 #include "ProgramFolders.h"
 #include "QtClock.h"
 #include "QtConsole.h"
+#include "QtDocuments.h"
 #include "QtEffects.h"
 #include "QtLocale.h"
 #include "QtScreen.h"
@@ -26,6 +27,7 @@ public:
     Locale& locale() override { return m_locale; }
     Effects& effects() override { return m_effects; }
     Console& console() override { return m_console; }
+    Documents& documents() override { return m_documents; }
 
     int run(HostClient&) override;
 
@@ -53,6 +55,7 @@ private:
     QtLocale m_locale;
     QtEffects m_effects;
     QtConsole m_console;
+    QtDocuments m_documents{m_widget};
 };
 
 } // namespace velmorath

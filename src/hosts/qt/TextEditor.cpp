@@ -35,6 +35,8 @@ void TextEditor::setMargins(int above, int below)
 {
     m_above = above;
     m_below = below;
+    // To readers it would be a change of the text.
+    const QSignalBlocker blocker(document());
     QTextFrameFormat format = document()->rootFrame()->frameFormat();
     format.setTopMargin(above);
     format.setBottomMargin(below);

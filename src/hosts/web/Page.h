@@ -18,6 +18,7 @@ double pageWidth();
 double pageHeight();
 /// Device pixels per point.
 double pageScale();
+bool pageReducesMotion();
 /// frame() is to be called in time for the next one.
 void pageRequestFrame();
 /// What CommandBuffer holds.
@@ -31,12 +32,14 @@ void pageMeasure(const char* text, std::size_t length, const char* family, std::
 int pageDecodeImage(const char* bytes, std::size_t length, double* size);
 void pageReleaseImage(int image);
 
-/// The text's colour as in CommandBuffer. Alignments are those of CGTextAlignment, in their order.
+/// The text's colour as in CommandBuffer. Alignments are those of CGTextAlignment, in their order. A tap that
+/// is nowhere is not a number.
 void pageBeginEditing(const char* text, std::size_t length, const char* label, std::size_t labelLength,
     const char* family, std::size_t familyLength, double size, bool bold, double color, int alignment,
-    bool multiline, bool darkKeyboard, bool doneKey);
+    bool multiline, bool darkKeyboard, bool doneKey, double tapX, double tapY, double scrolled);
 void pagePlaceEditor(double x, double y, double width, double height, double clipX, double clipY,
     double clipWidth, double clipHeight, double opacity);
+double pageEditorScrolled();
 /// The text when it was not told yet, otherwise -1.
 long pageEndEditing();
 
@@ -53,10 +56,17 @@ std::size_t pageMediumDate(double wallTime);
 
 void pagePlaySound(const char* path, std::size_t length);
 void pageVibrate();
+void pageAnnounce(const char* text, std::size_t length);
 void pageSetBadge(double number);
 bool pageOpenAddress(const char* address, std::size_t length);
 /// Model, name, system and version with a line break between them.
 std::size_t pageDevice();
 /// permissionAnswered() is called when the answer is there.
 void pageRequestPermission();
+
+/// listShared() is called when it is known what came of it.
+void pageShare(const char* text, std::size_t length);
+void pageSaveDocument(const char* name, std::size_t length, const char* bytes, std::size_t size);
+/// documentOpened() or documentNotOpened() is called, or neither.
+void pageOpenDocument();
 }

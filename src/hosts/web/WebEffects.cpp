@@ -16,6 +16,11 @@ void WebEffects::vibrate()
     pageVibrate();
 }
 
+void WebEffects::announce(const std::string& text)
+{
+    pageAnnounce(text.data(), text.size());
+}
+
 void WebEffects::setBadge(long long number)
 {
     pageSetBadge(static_cast<double>(number));

@@ -8,7 +8,7 @@ class WebEffects final : public Effects {
 public:
     void playSound(const std::string& path) override;
     void vibrate() override;
-    void announce(const std::string&) override { }
+    void announce(const std::string& text) override;
     void setBadge(long long number) override;
     bool openAddress(const std::string& address) override;
     /// A browser does not tell whether anything takes such addresses: it asks its user.

@@ -4,6 +4,7 @@
 #include "Host.h"
 #include "WebClock.h"
 #include "WebConsole.h"
+#include "WebDocuments.h"
 #include "WebEffects.h"
 #include "WebFiles.h"
 #include "WebLocale.h"
@@ -22,6 +23,7 @@ public:
     WebLocale& locale() override { return m_locale; }
     WebEffects& effects() override { return m_effects; }
     WebConsole& console() override { return m_console; }
+    WebDocuments& documents() override { return m_documents; }
 
     /// Returns at once: the loop is the browser's.
     int run(HostClient&) override;
@@ -47,6 +49,7 @@ private:
     WebLocale m_locale;
     WebEffects m_effects;
     WebConsole m_console;
+    WebDocuments m_documents;
 };
 
 } // namespace velmorath

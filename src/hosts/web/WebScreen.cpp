@@ -16,6 +16,11 @@ void WebScreen::requestFrame()
     pageRequestFrame();
 }
 
+bool WebScreen::reducesMotion() const
+{
+    return pageReducesMotion();
+}
+
 CGTextMetrics WebScreen::measure(std::string_view utf8, const CGFont& font, CGFloat wrapWidth)
 {
     double result[3];

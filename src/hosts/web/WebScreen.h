@@ -11,7 +11,7 @@ class WebScreen final : public Screen {
 public:
     CGSize size() const override;
     void requestFrame() override;
-    bool reducesMotion() const override { return false; }
+    bool reducesMotion() const override;
     CGTextMetrics measure(std::string_view utf8, const CGFont&, CGFloat wrapWidth) override;
     std::shared_ptr<CGImage> decodeImage(std::string_view bytes) override;
 

@@ -3,6 +3,7 @@
 #include "IncomingBytes.h"
 #include "Page.h"
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace velmorath {
@@ -13,9 +14,12 @@ void WebTextInput::begin(
     end();
     m_client = &client;
     const CGFont& font = style.font;
+    constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
+    const CGPoint tap = traits.tap.value_or(CGPoint{nowhere, nowhere});
     pageBeginEditing(utf8.data(), utf8.size(), traits.label.data(), traits.label.size(), font.family.data(),
         font.family.size(), font.size, font.bold, CommandBuffer::packed(style.color),
-        static_cast<int>(style.alignment), traits.multiline, traits.darkKeyboard, traits.doneKey);
+        static_cast<int>(style.alignment), traits.multiline, traits.darkKeyboard, traits.doneKey, tap.x,
+        tap.y, traits.scrolled);
 }
 
 void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
@@ -25,6 +29,11 @@ void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacit
     const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
     pagePlaceEditor(frame.minX(), frame.minY(), frame.size.width, frame.size.height, shown.minX(),
         shown.minY(), shown.size.width, shown.size.height, std::clamp(opacity, 0.0, 1.0));
+}
+
+CGFloat WebTextInput::scrolled() const
+{
+    return m_client ? pageEditorScrolled() : 0;
 }
 
 void WebTextInput::end()

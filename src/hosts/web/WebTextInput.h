@@ -9,7 +9,7 @@ class WebTextInput final : public TextInput {
 public:
     void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) override;
     void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) override;
-    CGFloat scrolled() const override { return 0; }
+    CGFloat scrolled() const override;
     void end() override;
 
     /// What the page reports. Nobody listens once the editing has ended.

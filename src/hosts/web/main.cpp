@@ -131,6 +131,24 @@ extern "C" {
     host().effects().permissionAnswered(granted);
 }
 
+/// How is one of Documents::Shared, in their order.
+[[clang::export_name("listShared")]] void listShared(int how)
+{
+    host().documents().shared(static_cast<Documents::Shared>(how));
+}
+
+[[clang::export_name("documentOpened")]] void documentOpened(std::size_t length)
+{
+    host().documents().opened(std::optional(IncomingBytes::take(length)));
+}
+
+/// None was chosen, or it cannot be read.
+[[clang::export_name("documentNotOpened")]] void documentNotOpened(bool isUnreadable)
+{
+    using File = Result<std::optional<std::string>>;
+    host().documents().opened(isUnreadable ? File(Error{"it cannot be read"}) : File(std::nullopt));
+}
+
 /// Returns where the text begins; outgoingLength() is how many bytes it has.
 [[clang::export_name("accessibilityTree")]] const char* accessibilityTree()
 {

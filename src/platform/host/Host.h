@@ -2,6 +2,7 @@
 
 #include "Clock.h"
 #include "Console.h"
+#include "Documents.h"
 #include "Effects.h"
 #include "Files.h"
 #include "HostClient.h"
@@ -24,6 +25,7 @@ public:
     virtual Locale& locale() = 0;
     virtual Effects& effects() = 0;
     virtual Console& console() = 0;
+    virtual Documents& documents() = 0;
 
     /// Calls this client from now on, and runs the machine's loop until the program ends. A host whose
     /// loop is not its own (a test's, a browser's) returns at once and goes on calling the client.

@@ -10,6 +10,7 @@ constexpr CGFloat boxWidth = 270;
 constexpr CGFloat padding = 20;
 constexpr CGFloat buttonHeight = 48;
 constexpr CGFloat hairline = 0.5;
+constexpr CGFloat sheetMargin = 12;
 const CGColor boxColor = CGColor::gray(0.16);
 const CGColor lineColor = CGColor::gray(0.35);
 const CGColor standardColor{0.35, 0.68, 1, 1};
@@ -52,9 +53,11 @@ CGFloat addText(UIView& box, const std::string& text, const CGFont& font, CGFloa
 
 } // namespace
 
-UIAlertController::UIAlertController(std::string title, std::optional<std::string> message)
+UIAlertController::UIAlertController(
+    std::string title, std::optional<std::string> message, UIAlertControllerStyle style)
     : m_title(std::move(title))
     , m_message(std::move(message))
+    , m_alertStyle(style)
 {
     setModalPresentationStyle(UIModalPresentationStyle::overFullScreen);
 }
@@ -68,8 +71,13 @@ void UIAlertController::viewDidLoad()
     box->layer().setCornerRadius(14);
     layOutBox(*box);
     box->setCenter(view()->bounds().center());
-    box->setAutoresizingMask(UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
-        | UIViewAutoresizing::flexibleTopMargin | UIViewAutoresizing::flexibleBottomMargin);
+    unsigned mask = UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
+        | UIViewAutoresizing::flexibleTopMargin;
+    if (m_alertStyle == UIAlertControllerStyle::actionSheet)
+        box->setFrame(box->frame().offsetBy(0, view()->bounds().maxY() - sheetMargin - box->frame().maxY()));
+    else
+        mask |= UIViewAutoresizing::flexibleBottomMargin;
+    box->setAutoresizingMask(mask);
     view()->addSubview(box);
 }
 
@@ -77,19 +85,26 @@ bool UIAlertController::keyPressed(const HostKeyPress& press)
 {
     if (press.key != HostKey::enter && press.key != HostKey::space)
         return UIViewController::keyPressed(press);
-    const auto action = std::find_if(m_actions.begin(), m_actions.end(),
-        [](const UIAlertAction& candidate) { return candidate.style == UIAlertActionStyle::standard; });
-    if (action == m_actions.end())
+    const UIAlertAction* const action = actionOf(UIAlertActionStyle::standard);
+    if (!action || m_alertStyle == UIAlertControllerStyle::actionSheet)
         return false;
     dismiss(true, action->handler);
     return true;
+}
+
+const UIAlertAction* UIAlertController::actionOf(UIAlertActionStyle style) const
+{
+    const auto found = std::find_if(m_actions.begin(), m_actions.end(),
+        [&](const UIAlertAction& candidate) { return candidate.style == style; });
+    return found == m_actions.end() ? nullptr : &*found;
 }
 
 bool UIAlertController::escapePressed()
 {
     if (m_actions.empty())
         return false;
-    dismiss(true, m_actions.front().handler);
+    const UIAlertAction* const cancel = actionOf(UIAlertActionStyle::cancel);
+    dismiss(true, (cancel ? *cancel : m_actions.front()).handler);
     return true;
 }
 
@@ -101,24 +116,26 @@ void UIAlertController::layOutBox(UIView& box)
     y += padding;
 
     // Two buttons share a line, any other number stand one below the other.
-    const bool isRow = m_actions.size() == 2;
+    const bool isRow = m_actions.size() == 2 && m_alertStyle == UIAlertControllerStyle::alert;
     const CGFloat buttonWidth = isRow ? boxWidth / 2 : boxWidth;
     CGFloat x = 0;
     for (std::size_t i = 0; i < m_actions.size(); ++i) {
         const UIAlertAction& action = m_actions[i];
         if (!isRow || i == 0)
             box.addSubview(line(CGRectMake(0, y, boxWidth, hairline)));
-        auto button = std::make_shared<UIButton>(CGRectMake(x, y + hairline, buttonWidth, buttonHeight));
+        auto button = std::make_shared<UIButton>(CGRectMake(x, y, buttonWidth, buttonHeight));
         button->setTitle(action.title);
         button->setTitleColor(
             action.style == UIAlertActionStyle::destructive ? destructiveColor : standardColor);
+        if (action.style == UIAlertActionStyle::cancel)
+            button->setFont(UIFont::boldSystemFont(17));
         button->addTarget([this, handler = action.handler](UIControl&) { dismiss(true, handler); });
         box.addSubview(button);
         if (isRow && i == 0) {
             x += buttonWidth;
             box.addSubview(line(CGRectMake(x - hairline / 2, y, hairline, buttonHeight)));
         } else {
-            y += buttonHeight + hairline;
+            y += buttonHeight;
         }
     }
     box.setFrame(CGRectMake(0, 0, boxWidth, y));

@@ -60,6 +60,8 @@ void UIFocusSystem::focusByUser(UIWindow& window, std::shared_ptr<UIView> view)
     m_focused = std::move(view);
     m_known = m_focused;
     m_ringIsWanted = true;
+    // What is done next may take it away before a frame shows where it was.
+    placeRing(window);
 }
 
 void UIFocusSystem::hideRing()

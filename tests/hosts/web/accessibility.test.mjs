@@ -8,8 +8,6 @@ let list;
 
 afterEach(() => list.page.close());
 
-const barButtons = ["Reorder notes", "Add note", "Information"];
-
 test("no screen keeps anybody out", async () => {
     list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
@@ -22,40 +20,6 @@ test("no screen keeps anybody out", async () => {
         await list.atRest();
         assert.deepEqual(await list.tab.obstacles(), [], `after "${step}"`);
     }
-});
-
-test("a screen reader does everything", async () => {
-    list = await List.with(site, ["One", { text: "Two", completed: true }]);
-    await list.press("Add note");
-    await list.editing();
-    assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
-    await list.type("New");
-    await list.key("Enter");
-    await list.untilKept("New", "One", "x Two");
-
-    await list.press("Edit: One");
-    await list.editing();
-    await list.type("!");
-    await list.key("Enter");
-    await list.press("Complete: New");
-    await list.press("Reopen: Two");
-    await list.untilKept("x New", "One!", "Two");
-    await list.press("Move down: New");
-    await list.press("Move up: Two");
-    await list.untilKept("One!", "Two", "x New");
-    await list.press("Delete: New");
-    await list.untilKept("One!", "Two");
-    assert.deepEqual(await list.said(), ["One!", "Two", ...barButtons]);
-
-    await list.press("Two");
-    assert.deepEqual(await list.said(), ["Close", "Open note", "Save", "Note"]);
-    assert.equal(await list.shown("Note").textContent(), "Two");
-    await list.press("Note");
-    await list.editing();
-    assert.deepEqual(await list.edited(), { kind: "textarea", label: "Note", value: "Two" });
-    await list.type(" halves");
-    await list.press("Save");
-    await list.untilKept("One!", "Two halves");
 });
 
 test("the mirror lies over what it stands for", async () => {
@@ -125,6 +89,6 @@ test("everything can be done with the keys, and the focus tells where they are",
     for (let screens = 0; screens < 3; ++screens) {
         await list.key("Escape");
     }
-    assert.deepEqual((await list.said()).slice(-3), barButtons);
+    assert.equal((await list.said()).at(-1), "Information");
     assert.equal((await list.settings()).theme, "Violet");
 });

@@ -72,7 +72,7 @@ test("pulling the list down makes a note, if it goes deep enough", async () => {
     await list.pull();
     await list.page.keyboard.press("Escape");
     await list.atRest();
-    assert.equal((await list.said()).length, 5);
+    assert.deepEqual((await list.said()).slice(0, 3), ["Buy <b>milk</b> & 🥛", "One", "Reorder notes"]);
 });
 
 test("what an input method still holds is kept when the editing ends", async () => {

@@ -22,7 +22,7 @@ async function turn(list, size) {
 // Everything that can be pressed, but for actions that have no place, lies on the screen.
 async function assertInSight(list) {
     await list.tab.until("everything is in sight", () =>
-        Array.from(document.querySelectorAll("#mirror > *, #mirror [role=alertdialog] > button")).every((element) => {
+        Array.from(document.querySelectorAll("#mirror > *, #mirror [role=alertdialog] > *")).every((element) => {
             const { left, top, right, bottom } = element.getBoundingClientRect();
             return left >= 0 && top >= 0 && right < innerWidth + 1 && bottom < innerHeight + 1 && right > left;
         }));
@@ -133,3 +133,90 @@ for (const scale of [1, 2]) {
         assertSamePlace(drawnBelow, await list.tab.picture(`edited-below-at-${scale}`), area(10, 66, 340, 110));
     });
 }
+
+test("a tap puts the caret where it is, and a long note stays where it was read", async () => {
+    const lines = Array.from({ length: 60 }, (_, line) => `Line ${line}`);
+    const list = await List.with(site, ["The quick brown fox jumps over the lazy dog again", lines.join("\n")]);
+    const caretAfterTap = async (place) => {
+        await list.tab.tap(place);
+        await list.editing();
+        const caret = await list.page.evaluate(() => document.activeElement.selectionStart);
+        await list.key("Escape");
+        return caret;
+    };
+    const near = await caretAfterTap([30, rowMiddle(0)]);
+    const far = await caretAfterTap([120, rowMiddle(0)]);
+    assert.ok(near > 0 && near < 5 && far > near + 5 && far < 25, `${near} and ${far}`);
+
+    await list.tap([340, rowMiddle(1)]);
+    await list.tab.drag([180, 550], [180, 150]);
+    await list.atRest();
+    const area = { x: 20, y: 150, width: 200, height: 1000 };
+    const read = await list.tab.picture("long-note-read");
+    await list.tab.tap([40, 300]);
+    await list.editing();
+    const line = await list.page.evaluate(() => {
+        const { value, selectionStart } = document.activeElement;
+        document.activeElement.style.caretColor = "transparent";
+        return value.slice(0, selectionStart).split("\n").length;
+    });
+    assert.ok(line > 10 && line < 40, `${line}`);
+    // Browsers round what is scrolled to whole points: half a one is a pixel here.
+    const assertHardlyMoved = (picture) =>
+        assert.ok([-1, 0, 1].some((below) => difference(read, picture, area, 0, below) < 1));
+    assertHardlyMoved(await list.tab.picture("long-note-edited"));
+    await list.key("Escape");
+    assertHardlyMoved(await list.tab.picture("long-note-read-again"));
+});
+
+test("two fingers enlarge what they do nothing else to", async () => {
+    const list = await List.with(site, ["One", "Two"]);
+    const scale = () => list.page.evaluate(() => visualViewport.scale);
+    const [near, wide] = [[[150, 300], [220, 300]], [[80, 300], [290, 300]]];
+    await list.tab.pinch([[180, rowMiddle(0)], [180, rowMiddle(1)]], [[180, 2], [180, 200]]);
+    await list.editing();
+    await list.key("Escape");
+    assert.equal(await scale(), 1);
+
+    await list.tap([240, rowMiddle(0)]);
+    await list.tab.pinch(near, wide);
+    await list.atRest();
+    assert.ok(await scale() > 1.5);
+    await list.tab.picture("enlarged");
+    // What is enlarged becomes smaller again anywhere.
+    await list.key("Escape");
+    await list.tab.pinch(wide, near);
+    await list.atRest();
+    assert.equal(await scale(), 1);
+    assert.deepEqual(await list.texts(), ["One", "Two"]);
+
+    const other = await site.phone.open(site.address);
+    await other.until("it says that the list is open elsewhere", () => !document.getElementById("notice").hidden);
+    await other.pinch(near, wide);
+    assert.ok(await other.page.evaluate(() => visualViewport.scale) > 1.5);
+});
+
+test("the user's own colours leave the picture alone, and motion is left out where it is not wanted", async () => {
+    const list = await List.with(site, ["One", "Two"]);
+    await list.key("Tab");
+    const whole = { x: 0, y: 0, width: 750, height: 1334 };
+    const plain = await list.tab.picture();
+    await list.page.emulateMedia({ forcedColors: "active" });
+    assert.equal(difference(plain, await list.tab.picture("forced-colors"), whole, 0, 0), 0);
+
+    // How many pictures it takes to open a note and to close it.
+    const looks = async () => {
+        await list.page.evaluate(() => {
+            const context = document.getElementById("screen").getContext("2d");
+            globalThis.seen = new Set();
+            frames.onFrame = () => seen.add(context.getImageData(40, 0, 1, context.canvas.height).data.join());
+        });
+        await list.key("Enter");
+        await list.key("Escape");
+        return list.page.evaluate(() => seen.size);
+    };
+    assert.ok(await looks() > 4);
+    await list.page.emulateMedia({ reducedMotion: "reduce" });
+    // The list, the note, and for a moment the list without its ring.
+    assert.ok(await looks() < 4);
+});

@@ -12,12 +12,20 @@ import { cssFont } from "./texts.js";
  *     hasDarkKeyboard: boolean, hasDoneKey: boolean
  * }} Editing
  */
+/** In points: from the field's corner, and from the text's beginning. */
+/** @typedef {{ tap: { x: number, y: number } | null, scrolled: number }} Start */
 
 /** An <input> cannot hold line breaks. The note's stay in it as this character, which looks like a space. */
 const lineSeparator = "\u2028";
 
 /** Some phones enlarge the whole page when a smaller text is edited. Such a text is shrunk on the screen. */
 const smallestSize = 16;
+
+/** Where the part of the page ends that the keyboard leaves in sight; enlarging hides some, too. */
+/** @param {VisualViewport} viewport */
+function keyboardTop({ scale, height, offsetTop }) {
+    return scale > 1 ? height * scale : offsetTop + height;
+}
 
 export class Editor {
     #container;
@@ -33,9 +41,12 @@ export class Editor {
     #shrink = 1;
     /** @type {{ frame: Rect, clip: Rect, opacity: number } | null} */
     #place = null;
+    /** Where the text stands and was tapped, until the field has its place. @type {Start | null} */
+    #start = null;
     /** @type {(text: string) => void} */
     onChange = () => {};
     onReturn = () => {};
+    onEnd = () => {};
 
     /** @param {HTMLElement} container @param {Texts} texts @param {Screen} screen */
     constructor(container, texts, screen) {
@@ -45,7 +56,9 @@ export class Editor {
         // The keyboard came up or went away, or moved the page to show the field, which is in sight as it is.
         for (const name of ["resize", "scroll"]) {
             visualViewport?.addEventListener(name, () => {
-                scrollTo(0, 0);
+                if (visualViewport?.scale === 1) {
+                    scrollTo(0, 0);
+                }
                 this.#placeField();
             });
         }
@@ -55,8 +68,13 @@ export class Editor {
         return this.#field !== null;
     }
 
-    /** @param {Editing} editing */
-    begin({ text, label, font, color, alignment, isMultiline, hasDarkKeyboard, hasDoneKey }) {
+    /** How far down many lines are scrolled, in points. */
+    get scrolled() {
+        return (this.#field?.scrollTop ?? 0) * this.#shrink;
+    }
+
+    /** @param {Editing & Start} editing */
+    begin({ text, label, font, color, alignment, isMultiline, hasDarkKeyboard, hasDoneKey, tap, scrolled }) {
         this.#isMultiline = isMultiline;
         this.#font = font;
         this.#shrink = Math.min(1, font.size / smallestSize);
@@ -86,7 +104,7 @@ export class Editor {
         // Inside the touch that asked for it: only then does a phone show its keyboard.
         field.focus({ preventScroll: true });
         field.setSelectionRange(field.value.length, field.value.length);
-        field.scrollLeft = field.scrollWidth;
+        this.#start = { tap, scrolled };
     }
 
     /**
@@ -111,6 +129,7 @@ export class Editor {
     #remove() {
         this.#field = null;
         this.#window.remove();
+        this.onEnd();
     }
 
     /** The page is left: what is typed counts as done. */
@@ -174,7 +193,7 @@ export class Editor {
         const lineHeight = this.#texts.lineHeight(this.#font);
         // Many lines scroll inside what the keyboard leaves of them; one line is wherever its row is.
         const top = this.#container.getBoundingClientRect().top;
-        const inSight = visualViewport ? visualViewport.offsetTop + visualViewport.height - top : Infinity;
+        const inSight = visualViewport ? keyboardTop(visualViewport) - top : Infinity;
         const isCovered = this.#isMultiline && inSight > frame.y && inSight < frame.y + frame.height;
         const height = isCovered ? inSight - frame.y : frame.height;
         const { style } = this.#window;
@@ -189,5 +208,51 @@ export class Editor {
         field.width = `${frame.width / this.#shrink}px`;
         field.height = `${height / this.#shrink}px`;
         field.lineHeight = `${(this.#isMultiline ? lineHeight / this.#screen.scale : height) / this.#shrink}px`;
+        if (this.#start) {
+            this.#startAt(this.#field, this.#start);
+            this.#start = null;
+        }
+    }
+
+    /**
+     * The text stands as it was drawn, and the caret goes to where it was tapped; else its end is in sight.
+     * @param {HTMLInputElement | HTMLTextAreaElement} field @param {Start} start
+     */
+    #startAt(field, { tap, scrolled }) {
+        field.scrollTop = tap ? scrolled / this.#shrink : field.scrollHeight;
+        field.scrollLeft = tap ? 0 : field.scrollWidth;
+        if (!tap) {
+            return;
+        }
+        const caret = this.#caretAt(field, tap);
+        if (caret !== null) {
+            field.setSelectionRange(caret, caret);
+        }
+    }
+
+    /**
+     * The place in the field's text that is nearest to a tap, if the browser tells. As not every one looks into
+     * fields, the text stands over its field for as long as it takes.
+     * @param {HTMLInputElement | HTMLTextAreaElement} field @param {{ x: number, y: number }} tap
+     */
+    #caretAt(field, tap) {
+        const paragraph = document.createElement("div");
+        const words = document.createTextNode(field.value.replaceAll(lineSeparator, " "));
+        paragraph.append(words);
+        paragraph.dir = "auto";
+        paragraph.style.cssText = field.style.cssText;
+        paragraph.style.whiteSpace = this.#isMultiline ? "pre-wrap" : "pre";
+        this.#window.append(paragraph);
+        paragraph.scrollTop = field.scrollTop;
+        const box = paragraph.getBoundingClientRect();
+        const inside = (/** @type {number} */ length, /** @type {number} */ most) => Math.max(1, Math.min(length, most - 1));
+        const [x, y] = [box.x + inside(tap.x, box.width), box.y + inside(tap.y, box.height)];
+        const position = document.caretPositionFromPoint?.(x, y);
+        const range = position ? null : document.caretRangeFromPoint?.(x, y);
+        const isThere = (position?.offsetNode ?? range?.startContainer) === words;
+        const place = position?.offset ?? range?.startOffset ?? null;
+        // With it, the range leaves its place.
+        paragraph.remove();
+        return isThere ? place : null;
     }
 }

@@ -1,10 +1,14 @@
 /** What reaches the user other than by the screen. A browser that lacks a service is silent about it. */
 
+import { part } from "./parts.js";
+
 const buzz = 15;
 /** Milliseconds. A sound that comes later than this belongs to nothing any more. */
 const latestSound = 300;
 /** Milliseconds after which the sound device may rest. */
 const silence = 5000;
+/** Milliseconds for which a screen reader can look up what was said. */
+const hearingTime = 5000;
 
 /** What came of a promise does not matter. @param {Promise<unknown> | undefined} promise */
 function ignoringFailure(promise) {
@@ -84,6 +88,17 @@ export class Effects {
 
     vibrate() {
         navigator.vibrate?.(buzz);
+    }
+
+    /**
+     * Says what happened to those who do not see it: once, and when they are not listening to something else.
+     * @param {string} text
+     */
+    announce(text) {
+        const line = document.createElement("p");
+        line.textContent = text;
+        part("said").append(line);
+        setTimeout(() => line.remove(), hearingTime);
     }
 
     /** @param {number} number */

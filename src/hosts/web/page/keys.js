@@ -7,7 +7,8 @@ const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", 
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
 /**
- * The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it.
+ * The name under which the program knows this key. Browsers keep Ctrl+N for themselves: N alone does it, but only
+ * in the list, as people who speak to their machine press letters by mistake.
  * @param {KeyboardEvent} event
  */
 function keyName(event) {
@@ -15,10 +16,12 @@ function keyName(event) {
         return "Delete";
     }
     const letter = event.key.toLowerCase();
-    if (letter === "z" && (event.ctrlKey || event.metaKey) && !event.altKey) {
+    const hasControl = event.ctrlKey || event.metaKey;
+    if (letter === "z" && hasControl && !event.altKey) {
         return event.shiftKey ? "Redo" : "Undo";
     }
-    return letter === "n" && !event.altKey ? "Insert" : event.key;
+    const isInList = event.target instanceof Element && event.target.closest('[role="list"]') !== null;
+    return letter === "n" && !event.altKey && (isInList || hasControl) ? "Insert" : event.key;
 }
 
 /**

@@ -2,11 +2,13 @@
 
 import { Clock } from "./clock.js";
 import { Editor } from "./editor.js";
+import { Documents } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
 import { listenToBack, listenToKeys } from "./keys.js";
 import * as locale from "./locale.js";
+import { Menu } from "./menu.js";
 import { Mirror } from "./mirror.js";
 import { hideNotice, showNotice } from "./notice.js";
 import { part } from "./parts.js";
@@ -23,6 +25,7 @@ import { words } from "./words.js";
 /** @import { Storage } from "./storage.js" */
 
 const say = words(locale.languages());
+const programName = document.title;
 
 /** In the order of HostState. */
 const states = { active: 0, inactive: 1, background: 2 };
@@ -74,22 +77,23 @@ class Hold {
 
 /**
  * Tells the program what the browser has to tell.
- * @param {Program} program @param {{ screen: Screen, editor: Editor, mirror: Mirror }} services
+ * @param {Program} program @param {{ screen: Screen, editor: Editor, mirror: Mirror, menu: Menu }} services
  */
-function connect(program, { screen, editor, mirror }) {
+function connect(program, { screen, editor, mirror, menu }) {
     const stage = part("stage");
     screen.onFrame = (everything) => program.call("frame", everything);
     screen.onChange = () => program.call("screenChanged");
     screen.onFrameDone = () => mirror.refreshSoon();
     editor.onChange = (text) => program.call("textChanged", program.sendText(text));
     editor.onReturn = () => program.call("textReturned");
+    editor.onEnd = () => mirror.refreshNext();
     const pointer = new Pointer(stage, (...call) => program.call(...call));
     const press = (/** @type {[number, boolean, boolean, boolean]} */ ...key) => {
         mirror.refreshSoon();
         return program.call("keyPressed", ...key);
     };
     listenToKeys(() => editor.isEditing || stage.inert, press);
-    listenToBack(press);
+    listenToBack((...key) => menu.close() || press(...key));
     const tellState = () => program.call("stateChanged", currentState());
     addEventListener("focus", tellState);
     addEventListener("blur", () => {
@@ -109,7 +113,12 @@ function connect(program, { screen, editor, mirror }) {
         tellState();
     });
     tellState();
-    mirror.isPointerBusy = () => pointer.wasUsedWithin(1000);
+    mirror.isPointerBusy = () => pointer.wasUsedWithin(300);
+    mirror.onScreen = (name, hasDialog) => {
+        const isList = !name || name === programName;
+        document.title = isList ? programName : `${name} – ${programName}`;
+        pointer.allowPinches(!isList || hasDialog);
+    };
     screen.observe();
 }
 
@@ -132,6 +141,7 @@ async function run(hold, storage) {
         files: new Files(resources, storage, (written) => screen.holdFrames(written)),
         clock: new Clock(() => program.call("wake")),
         effects: new Effects(),
+        documents: new Documents(),
         locale,
     };
     const program = await Program.load(code, services);
@@ -142,11 +152,12 @@ async function run(hold, storage) {
         editor.end();
         showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
     };
-    const mirror = new Mirror(part("mirror"), program, () => editor.isEditing);
+    const menu = new Menu(part("menu"));
+    const mirror = new Mirror(part("mirror"), { program, isEditing: () => editor.isEditing, menu, menuName: say.actions });
     hold.program = program;
     hold.editor = editor;
     program.call("start");
-    connect(program, { screen, editor, mirror });
+    connect(program, { screen, editor, mirror, menu });
     screen.requestFrame();
 }
 

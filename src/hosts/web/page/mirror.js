@@ -3,6 +3,7 @@
  * and presses them; nobody sees them, and fingers and mice on them are those on the canvas.
  */
 
+/** @import { Menu } from "./menu.js" */
 /** @import { Program } from "./program.js" */
 
 /** @typedef {keyof typeof kinds} Role */
@@ -24,7 +25,7 @@ const kinds = {
     heading: ["div", "heading"],
     text: ["div", null],
     image: ["div", "img"],
-    button: ["button", null],
+    button: ["div", null],
     option: ["button", "radio"],
     list: ["div", "list"],
     listItem: ["div", "listitem"],
@@ -35,10 +36,10 @@ const kinds = {
 
 /**
  * What is read and pressed in those that are not that themselves. An item that can be pressed holds a button. A list
- * owns nothing but its items: the buttons of its own actions stand beside it.
+ * owns nothing but its items, and a button nothing else to press: the buttons of their actions stand beside them.
  */
 /** @type {Partial<Record<Role, string>>} */
-const inner = { listItem: "button", list: "div" };
+const inner = { listItem: "button", list: "div", button: "button" };
 
 /**
  * Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change.
@@ -81,43 +82,55 @@ function setChildren(parent, children) {
     }
 }
 
-/** One thing: its element, what in it is read and pressed, and a button for each of its further actions. */
+/**
+ * One thing: its element, what in it is read and pressed, and a button for each of its further actions. An item has
+ * one for all of them, which opens a menu: lists are long.
+ */
 class Mirrored {
     /** The program's keys can go there. */
     isFocusable = false;
+    /** What can be done with it beside pressing it. @type {string[]} */
+    actions = [];
     #words = document.createTextNode("");
-    /** @type {HTMLButtonElement[]} */
-    #actions = [];
-    #perform;
+    /** @type {Map<string, HTMLButtonElement>} */
+    #buttons = new Map();
+    #told;
 
     /**
-     * `perform(action)` is called with the place of one of its actions, or -1 when it itself is pressed.
-     * @param {Role} role @param {(action: number, event: MouseEvent) => void} perform
+     * `told` hears that it is pressed, that an action is chosen by its name, and that the menu is asked for.
+     * @param {Role} role
+     * @param {{ press: (event: MouseEvent) => void, perform: (action: string) => void, openMenu: () => void }} told
      */
-    constructor(role, perform) {
+    constructor(role, told) {
         const [tag, ariaRole] = /** @type {[string, string | null]} */ (kinds[role]);
         this.role = role;
         this.element = document.createElement(tag);
         const target = inner[role];
         this.target = target ? document.createElement(target) : this.element;
-        this.target.classList.toggle("whole", role === "list");
-        this.#perform = perform;
+        this.target.classList.toggle("whole", target !== undefined);
+        this.#told = told;
         setAttribute(role === "list" ? this.target : this.element, "role", ariaRole);
         this.target.append(this.#words);
-        this.#onPress(this.target, -1);
+        this.#onPress(this.target, told.press);
+        this.element.addEventListener("contextmenu", (event) => {
+            const isPointers = event.button === 2 || event.ctrlKey;
+            if (role === "listItem" && this.actions.length > 0 && !isPointers) {
+                told.openMenu();
+            }
+        });
     }
 
-    /** @param {HTMLElement} element @param {number} action */
-    #onPress(element, action) {
+    /** @param {HTMLElement} element @param {(event: MouseEvent) => void} press */
+    #onPress(element, press) {
         element.addEventListener("click", (event) => {
             event.stopPropagation();
-            this.#perform(action, event);
+            press(event);
         });
         element.addEventListener("keydown", (event) => {
             // Where the program's keys cannot go, Enter and Space are the browser's and press the element.
             // What holds the element that was meant has no say in it.
             const isMeant = event.target === element;
-            const hasKeys = action < 0 && this.isFocusable;
+            const hasKeys = element === this.target && this.isFocusable;
             if (isMeant && !hasKeys && (event.key === "Enter" || event.key === " ")) {
                 event.stopPropagation();
             }
@@ -131,34 +144,44 @@ class Mirrored {
         }
     }
 
-    /** @param {ChildNode[]} children @param {HTMLButtonElement[]} actionButtons */
-    setChildren(children, actionButtons) {
+    /** @param {ChildNode[]} children @param {string} label @param {string} menuName */
+    setChildren(children, label, menuName) {
+        const isItem = this.role === "listItem";
+        const buttons = this.#actionButtons(isItem && this.actions.length > 0 ? [menuName] : this.actions, label);
         if (this.role === "list") {
             setChildren(this.target, [this.#words, ...children]);
-            setChildren(this.element, [this.target, ...actionButtons]);
+            setChildren(this.element, [this.target, ...buttons]);
         } else {
             const own = this.target === this.element ? this.#words : this.target;
-            setChildren(this.element, [own, ...children, ...actionButtons]);
+            setChildren(this.element, [own, ...children, ...buttons]);
         }
     }
 
-    /** @param {string[]} names @param {string} label */
-    actionButtons(names, label) {
-        while (this.#actions.length < names.length) {
-            const button = document.createElement("button");
-            button.tabIndex = -1;
-            button.className = "action";
-            this.#onPress(button, this.#actions.length);
-            this.#actions.push(button);
-        }
-        this.#actions.length = names.length;
-        return this.#actions.map((button, index) => {
-            if (button.textContent !== names[index]) {
-                button.textContent = names[index];
-            }
-            setAttribute(button, "aria-label", label ? `${names[index]}: ${label}` : names[index]);
+    /**
+     * A button stays what it is, or goes: pressed once more, it does the same or nothing.
+     * @param {string[]} names @param {string} label
+     */
+    #actionButtons(names, label) {
+        const before = this.#buttons;
+        this.#buttons = new Map(names.map((name) => [name, before.get(name) ?? this.#makeButton(name)]));
+        return [...this.#buttons].map(([name, button]) => {
+            // What a button can do besides says itself to what.
+            setAttribute(button, "aria-label", label && this.role !== "button" ? `${name}: ${label}` : name);
             return button;
         });
+    }
+
+    /** @param {string} name */
+    #makeButton(name) {
+        const button = document.createElement("button");
+        button.tabIndex = -1;
+        button.className = "action";
+        button.textContent = name;
+        if (this.role === "listItem") {
+            button.setAttribute("aria-haspopup", "menu");
+        }
+        this.#onPress(button, () => this.role === "listItem" ? this.#told.openMenu() : this.#told.perform(name));
+        return button;
     }
 }
 
@@ -166,6 +189,8 @@ export class Mirror {
     #root;
     #program;
     #isEditing;
+    #menu;
+    #menuName;
     #timer = 0;
     #waitingSince = 0;
     /** @type {Map<number, Mirrored>} */
@@ -175,13 +200,28 @@ export class Mirror {
     #focused = 0;
     /** Whether clicks come from a pointer just now, and not from a screen reader. */
     isPointerBusy = () => false;
+    /** What is shown now: the name of the screen on top, and whether a dialog lies over it. */
+    onScreen = (/** @type {string} */ _name, /** @type {boolean} */ _hasDialog) => {};
 
-    /** @param {HTMLElement} root @param {Program} program @param {() => boolean} isEditing */
-    constructor(root, program, isEditing) {
+    /**
+     * `menuName` is what the buttons say that open the menu.
+     * @param {HTMLElement} root
+     * @param {{ program: Program, isEditing: () => boolean, menu: Menu, menuName: string }} services
+     */
+    constructor(root, { program, isEditing, menu, menuName }) {
         this.#root = root;
         this.#program = program;
         this.#isEditing = isEditing;
+        this.#menu = menu;
+        this.#menuName = menuName;
         root.addEventListener("focusin", (event) => event.target && this.#focusCame(event.target));
+    }
+
+    /** Looks as soon as what goes on now is done: what had the focus has gone. */
+    refreshNext() {
+        clearTimeout(this.#timer);
+        this.#waitingSince = -Infinity;
+        this.#timer = setTimeout(() => this.#refresh());
     }
 
     /** The screen may have changed: looks when it has come to rest, or now and then while it does not. */
@@ -225,6 +265,8 @@ export class Mirror {
             return mirrored.element;
         });
         setChildren(this.#root, place(tree));
+        const screens = tree.children.filter((/** @type {Item} */ { role }) => role === "screen");
+        this.onScreen(screens.at(-1)?.label ?? "", tree.children.at(-1)?.role === "dialog");
         this.#moveFocus(focused);
     }
 
@@ -234,24 +276,47 @@ export class Mirror {
         if (known?.role === role) {
             return known;
         }
-        const mirrored = new Mirrored(role, (action, event) => this.#perform(id, action, event));
+        const mirrored = new Mirrored(role, {
+            press: (event) => this.#press(id, event),
+            perform: (action) => this.#perform(id, action),
+            openMenu: () => this.#openMenu(id),
+        });
         this.#identifiers.set(mirrored.element, id);
         this.#identifiers.set(mirrored.target, id);
         return mirrored;
     }
 
-    /** @param {number} id @param {number} action @param {MouseEvent} event */
-    #perform(id, action, event) {
+    /** @param {number} id @param {MouseEvent} event */
+    #press(id, event) {
         // A real finger or mouse was told to the program as such.
         if (event.detail > 0 && this.isPointerBusy()) {
             return;
         }
-        if (action < 0) {
-            this.#program.call("pressElement", id);
-        } else {
-            this.#program.call("performElementAction", id, action);
-        }
+        // Where the keys are, everything that opens comes back to.
+        this.#program.call("focusElement", id);
+        this.#program.call("pressElement", id);
         this.refreshSoon();
+    }
+
+    /** @param {number} id @param {string} action */
+    #perform(id, action) {
+        const place = this.#shown.get(id)?.actions.indexOf(action) ?? -1;
+        if (place >= 0) {
+            this.#program.call("performElementAction", id, place);
+            this.refreshSoon();
+        }
+    }
+
+    /** @param {number} id */
+    #openMenu(id) {
+        const { element, target, actions } = /** @type {Mirrored} */ (this.#shown.get(id));
+        this.#menu.open({
+            label: target.textContent ?? "",
+            names: actions,
+            below: element.getBoundingClientRect(),
+            onChoice: (action) => this.#perform(id, action),
+            onClose: () => target.focus({ preventScroll: true }),
+        });
     }
 
     /** @param {Mirrored} mirrored @param {Item} item @param {HTMLElement[]} children */
@@ -262,7 +327,8 @@ export class Mirror {
         mirrored.isFocusable = item.focusable === true;
         setAttribute(target, "tabindex", isButton || item.pressable || item.focusable || item.focused ? -1 : null);
         setAttribute(target, "aria-disabled", isButton && !item.pressable);
-        mirrored.setChildren(children, mirrored.actionButtons(item.actions, item.label));
+        mirrored.actions = item.actions;
+        mirrored.setChildren(children, item.label, this.#menuName);
     }
 
     /** Says what it is and in which state. @param {Mirrored} mirrored @param {Item} item */
@@ -313,7 +379,7 @@ export class Mirror {
             return;
         }
         this.#focused = id;
-        if (id !== 0 && !this.#isEditing()) {
+        if (id !== 0 && !this.#isEditing() && !this.#menu.isOpen) {
             this.#shown.get(id)?.target.focus({ preventScroll: true });
         }
     }

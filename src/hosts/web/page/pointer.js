@@ -1,6 +1,7 @@
 /**
  * Tells what the browser reports of a touch screen, the mouse's left button, wheels and a touchpad's pinch, which
- * comes as a wheel with Ctrl. The program makes fingers of it (Fingers.h).
+ * comes as a wheel with Ctrl. The program makes fingers of it (Fingers.h). Where a pinch means nothing to it, the
+ * browser enlarges the page with it.
  */
 
 /** In the order of HostTouch::Phase. */
@@ -10,9 +11,18 @@ const pixelsPerLine = 20;
 /** A touchpad does not say when its pinch is over. */
 const pinchPause = 250;
 
-/** Whether an event is the editor's own affair. @param {Event} event */
-function isEditors(event) {
-    return event.target instanceof Element && event.target.closest("input, textarea") !== null;
+/** Whether an event means an element of the page, and nothing on the canvas. @param {Event} event */
+function isElements(event) {
+    return event.target instanceof Element && event.target.closest("input, textarea, .action, #menu") !== null;
+}
+
+/**
+ * A screen reader's press comes with a mouse's button, too, before its click. A button that is really held has a
+ * pressure: where none is measured, browsers tell a half.
+ * @param {PointerEvent} event
+ */
+function isReaders(event) {
+    return event.pointerType === "mouse" && event.pressure === 0;
 }
 
 /** @param {Event} event */
@@ -33,6 +43,7 @@ export class Pointer {
     #gestureScale = 1;
     #pinchTimer = 0;
     #lastEnd = -Infinity;
+    #isPinchFree = false;
 
     /**
      * `call(name, ...numbers)` calls the program.
@@ -41,10 +52,12 @@ export class Pointer {
     constructor(stage, call) {
         this.#stage = stage;
         this.#call = call;
+        // On the window: Safari makes touches of a screen reader's press where an element listens to touches.
         /** @type {(name: string, handler: (event: any) => void) => void} */
-        const listen = (name, handler) => stage.addEventListener(name, handler, { passive: false });
+        const listen = (name, handler) =>
+            addEventListener(name, (event) => stage.contains(/** @type {Node} */ (event.target)) && handler(event), { passive: false });
         /** @type {(name: string, handler: (event: any) => void) => void} */
-        const on = (name, handler) => listen(name, (event) => isEditors(event) || handler(event));
+        const on = (name, handler) => listen(name, (event) => isElements(event) || handler(event));
         on("pointerdown", (event) => this.#down(event));
         on("pointermove", (event) => this.#move(event));
         on("pointerup", (event) => this.#up(event, phases.ended));
@@ -55,9 +68,30 @@ export class Pointer {
         on("gesturechange", (event) => this.#gesture(event));
         on("gestureend", () => this.#endPinch());
         // The browser's own gestures, menus and moving of the keyboard's focus.
-        for (const name of ["touchstart", "touchmove", "mousedown", "contextmenu", "gesturestart", "gesturechange", "dragstart"]) {
-            on(name, (event) => event.preventDefault());
+        // Once the browser scrolls or enlarges with them, fingers are no longer to be kept from it.
+        for (const name of ["touchend", "mousedown", "contextmenu", "dragstart"]) {
+            on(name, (event) => event.cancelable && event.preventDefault());
         }
+        for (const name of ["touchstart", "touchmove", "gesturestart", "gesturechange"]) {
+            on(name, (event) => event.cancelable && !this.#arePinchesBrowsers && event.preventDefault());
+        }
+        visualViewport?.addEventListener("resize", () => this.#setTouchAction());
+        this.#setTouchAction();
+    }
+
+    /** Whether pinches mean nothing to the program. @param {boolean} areAllowed */
+    allowPinches(areAllowed) {
+        this.#isPinchFree = areAllowed;
+        this.#setTouchAction();
+    }
+
+    /** What was enlarged can be made smaller again anywhere. */
+    get #arePinchesBrowsers() {
+        return this.#isPinchFree || (visualViewport?.scale ?? 1) > 1;
+    }
+
+    #setTouchAction() {
+        this.#stage.style.touchAction = this.#arePinchesBrowsers ? "pinch-zoom" : "none";
     }
 
     /** Whether a pointer was let go this short a time ago. @param {number} milliseconds */
@@ -96,7 +130,7 @@ export class Pointer {
             this.#capture(event);
             this.#touches.add(event.pointerId);
             this.#touch(event, phases.began);
-        } else if (event.button === 0 && !this.#isButtonDown) {
+        } else if (event.button === 0 && !this.#isButtonDown && !isReaders(event)) {
             this.#capture(event);
             this.#isButtonDown = true;
             this.#call("buttonPressed", ...this.#point(event), event.ctrlKey, seconds(event));
@@ -131,22 +165,21 @@ export class Pointer {
         if (isMouse ? !this.#isButtonDown : !this.#touches.delete(event.pointerId)) {
             return;
         }
-        this.#lastEnd = performance.now();
         if (!isMouse) {
             this.#touch(event, phase);
-            return;
-        }
-        this.#isButtonDown = false;
-        if (phase === phases.cancelled) {
+        } else if (phase === phases.cancelled) {
+            this.#isButtonDown = false;
             this.#call("buttonCancelled", seconds(event));
         } else {
+            this.#isButtonDown = false;
             this.#call("buttonReleased", ...this.#point(event), seconds(event));
         }
+        this.#lastEnd = performance.now();
     }
 
     /** @param {WheelEvent} event */
     #wheel(event) {
-        if (!event.ctrlKey && event.target instanceof HTMLTextAreaElement) {
+        if (event.ctrlKey ? this.#arePinchesBrowsers : event.target instanceof HTMLTextAreaElement) {
             return;
         }
         event.preventDefault();
@@ -165,7 +198,7 @@ export class Pointer {
 
     /** @param {MouseEvent & { scale: number }} event */
     #gesture(event) {
-        if (this.#touches.size === 0) {
+        if (this.#touches.size === 0 && !this.#arePinchesBrowsers) {
             this.#call("pinched", ...this.#point(event), event.scale / this.#gestureScale, seconds(event));
             this.#gestureScale = event.scale;
         }

@@ -10,7 +10,8 @@
  *     texts: import("./texts.js").Texts, pictures: import("./pictures.js").Pictures,
  *     editor: import("./editor.js").Editor, files: import("./files.js").Files,
  *     clock: import("./clock.js").Clock, locale: typeof import("./locale.js"),
- *     effects: import("./effects.js").Effects
+ *     effects: import("./effects.js").Effects,
+ *     documents: import("./documents.js").Documents
  * }} Page
  */
 
@@ -160,7 +161,7 @@ async function instantiate(source, imports) {
 }
 
 /** @param {Program} program @param {Page} page @returns {Record<string, (...values: any[]) => any>} */
-function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects }) {
+function imported(program, { screen, painter, texts, pictures, editor, files, clock, locale, effects, documents }) {
     const text = (/** @type {number} */ start, /** @type {number} */ length) => program.text(start, length);
     return {
         pageNow: () => performance.now() / 1000,
@@ -171,6 +172,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageWidth: () => screen.width,
         pageHeight: () => screen.height,
         pageScale: () => screen.scale,
+        pageReducesMotion: () => screen.reducesMotion,
         pageRequestFrame: () => screen.requestFrame(),
         pagePaint: (start, count) => painter.paint(program.numbers(start, count)),
         pageMeasure(start, length, family, familyLength, size, bold, wrapWidth, result) {
@@ -187,7 +189,7 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
         pageReleaseImage: (number) => pictures.release(number),
 
         pageBeginEditing(start, length, label, labelLength, family, familyLength, size, bold, color, alignment,
-            multiline, darkKeyboard, doneKey) {
+            multiline, darkKeyboard, doneKey, tapX, tapY, scrolled) {
             editor.begin({
                 text: text(start, length),
                 label: text(label, labelLength),
@@ -197,10 +199,13 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
                 isMultiline: multiline !== 0,
                 hasDarkKeyboard: darkKeyboard !== 0,
                 hasDoneKey: doneKey !== 0,
+                tap: Number.isNaN(tapX) ? null : { x: tapX, y: tapY },
+                scrolled,
             });
         },
         pagePlaceEditor: (x, y, width, height, clipX, clipY, clipWidth, clipHeight, opacity) => editor.place(
             { x, y, width, height }, { x: clipX, y: clipY, width: clipWidth, height: clipHeight }, opacity),
+        pageEditorScrolled: () => editor.scrolled,
         pageEndEditing() {
             const typed = editor.end();
             return typed === null ? -1 : program.sendText(typed);
@@ -221,10 +226,23 @@ function imported(program, { screen, painter, texts, pictures, editor, files, cl
 
         pagePlaySound: (start, length) => effects.playSound(text(start, length)),
         pageVibrate: () => effects.vibrate(),
+        pageAnnounce: (start, length) => effects.announce(text(start, length)),
         pageSetBadge: (number) => effects.setBadge(number),
         pageOpenAddress: (start, length) => effects.openAddress(text(start, length)),
         pageDevice: () => program.sendText(effects.device().join("\n")),
         pageRequestPermission: () => effects.requestPermission(
             (granted) => program.call("permissionAnswered", granted)),
+
+        pageShare: (start, length) => documents.share(text(start, length)).then(
+            (how) => program.call("listShared", how)),
+        pageSaveDocument: (name, length, start, size) => documents.save(
+            text(name, length), program.bytes(start, size).slice()),
+        pageOpenDocument: () => documents.open((bytes) => {
+            if (bytes) {
+                program.call("documentOpened", program.send(bytes));
+            } else {
+                program.call("documentNotOpened", bytes === undefined);
+            }
+        }),
     };
 }

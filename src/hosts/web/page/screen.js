@@ -16,6 +16,7 @@ export class Screen {
     #isScheduled = false;
     #holds = 0;
     #mustPaintAll = true;
+    #stillness = matchMedia("(prefers-reduced-motion: reduce)");
     width = 1;
     height = 1;
     scale = 1;
@@ -50,6 +51,10 @@ export class Screen {
             this.#resized();
             this.#watchDensity();
         }, { once: true });
+    }
+
+    get reducesMotion() {
+        return this.#stillness.matches;
     }
 
     requestFrame() {

@@ -166,6 +166,10 @@ def changing(program, reader):
     saved(program, reader, ["Fix it now", "Call home", "Buy milk", "Hello!", "Last"])
     reader.hears(["Deleted, Last"], lambda: reader.act("Last", "Delete"))
     saved(program, reader, ["Fix it now", "Call home", "Buy milk", "Hello!"])
+    reader.hears(["Undone"], lambda: reader.act("Undo: "))
+    saved(program, reader, ["Fix it now", "Call home", "Buy milk", "Hello!", "Last"])
+    reader.hears(["Redone"], lambda: program.key("ctrl+shift+z"))
+    saved(program, reader, ["Fix it now", "Call home", "Buy milk", "Hello!"])
     reader.hears(["Reorder notes is on"], lambda: reader.act("Reorder notes"))
     reader.hears(["Reorder notes is off"], lambda: reader.act("Reorder notes"))
 
@@ -177,6 +181,9 @@ def one_note(program, reader):
     assert states.contains(reader.atspi.StateType.EDITABLE), "Enter edits it"
     assert not states.contains(reader.atspi.StateType.READ_ONLY)
     reader.hears(["text: Note"], lambda: text.do_action(0))
+    time.sleep(0.3)
+    reader.pump()
+    assert reader.heard[-1] == "text: Note", f"what an editor opens with is read, not heard as typed: {reader.heard}"
     program.type(" today")
     program.key("Escape")
     reader.hears(["Saved"], lambda: reader.act("Save"))

@@ -191,12 +191,12 @@ export class List {
         const texts = await this.page.evaluate(() =>
             Array.from(document.querySelectorAll("#mirror *"))
                 .filter((element) => element.childElementCount === 0)
-                .filter((element) => !element.matches("[role=listitem] > :not(:first-child)"))
+                .filter((element) => !element.matches(".action"))
                 .map((element) => element.ariaLabel ?? element.textContent));
         return texts.map(withoutDate);
     }
 
-    /** Presses what has this name, as a screen reader does. */
+    /** Presses what has this name. Not as a screen reader does: see reader.mjs. */
     async press(name) {
         await this.shown(name).waitFor({ state: "attached" });
         await this.shown(name).evaluate((element) => element.click());

@@ -27,11 +27,11 @@ const options = {
 
 /** A browser on a phone: a profile that outlives it, and a record of what went wrong in its pages. */
 export class Phone {
-    /** `changes` are those of the browser's options that differ from a phone's. */
+    /** `changes` are those of the browser's options that differ from a phone's; `args` are further ones. */
     static async start(changes = {}) {
         const phone = new Phone();
         phone.#profile = await mkdtemp(join(tmpdir(), "velmorath-phone-"));
-        phone.#options = { ...options, ...changes };
+        phone.#options = { ...options, ...changes, args: [...options.args, ...changes.args ?? []] };
         await phone.startAgain();
         return phone;
     }

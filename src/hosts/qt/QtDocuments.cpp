@@ -1,0 +1,77 @@
+#include "QtDocuments.h"
+#include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace velmorath {
+
+namespace {
+
+/// Longer files are no lists of notes.
+constexpr qint64 longestFile = 64 << 20;
+
+Error errorOf(const QFileDevice& file)
+{
+    return {file.errorString().toStdString()};
+}
+
+std::optional<Error> write(const QString& path, const std::string& bytes)
+{
+    QSaveFile file(path);
+    const bool isWritten = file.open(QIODevice::WriteOnly)
+        && file.write(bytes.data(), static_cast<qint64>(bytes.size())) == static_cast<qint64>(bytes.size())
+        && file.commit();
+    return isWritten ? std::nullopt : std::optional(errorOf(file));
+}
+
+Result<std::optional<std::string>> read(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return errorOf(file);
+    const QByteArray bytes = file.read(longestFile + 1);
+    if (file.error() != QFileDevice::NoError)
+        return errorOf(file);
+    if (bytes.size() > longestFile)
+        return Error{"it is too long"};
+    return std::optional(bytes.toStdString());
+}
+
+QFileDialog& show(QFileDialog* dialog)
+{
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->open();
+    return *dialog;
+}
+
+} // namespace
+
+void QtDocuments::share(const std::string& utf8, std::function<void(Shared)> answer)
+{
+    QGuiApplication::clipboard()->setText(QString::fromStdString(utf8));
+    answer(Shared::copied);
+}
+
+void QtDocuments::save(
+    const std::string& name, const std::string& bytes, std::function<void(std::optional<Error>)> answer)
+{
+    auto* const dialog = new QFileDialog(&m_window);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->selectFile(QString::fromStdString(name));
+    QObject::connect(&show(dialog), &QFileDialog::fileSelected, dialog,
+        [bytes, answer = std::move(answer)](const QString& path) { answer(write(path, bytes)); });
+}
+
+void QtDocuments::open(std::function<void(Result<std::optional<std::string>>)> answer)
+{
+    auto* const dialog = new QFileDialog(&m_window);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    QObject::connect(&show(dialog), &QFileDialog::fileSelected, dialog,
+        [answer = std::move(answer)](const QString& path) { answer(read(path)); });
+}
+
+} // namespace velmorath

@@ -1,0 +1,65 @@
+#!/usr/bin/env python3
+"""Takes a change back, saves a copy of the list by the desktop's own dialog, and opens files that others wrote.
+
+usage: copies.py PROGRAM
+"""
+
+import os
+import sys
+import tempfile
+import time
+
+from window import Program, wait_for, xdotool
+
+WIDTH, HEIGHT = 375, 667
+SHARE, UNDO = (WIDTH - 84, HEIGHT - 28), (84, HEIGHT - 28)
+# In the sheet, from below.
+OPEN, SAVE = (WIDTH / 2, HEIGHT - 84), (WIDTH / 2, HEIGHT - 132)
+
+
+def texts(program):
+    return [("x " if completed else "") + text for text, _, completed in program.notes()]
+
+
+def choose(program, choice, path):
+    program.tap(*SHARE)
+    time.sleep(0.6)
+    program.tap(*choice)
+    time.sleep(1)
+    xdotool("key", "ctrl+a")
+    program.type(path)
+    program.key("Return")
+    time.sleep(0.3)
+
+
+def main():
+    with tempfile.TemporaryDirectory() as home:
+        program = Program(sys.argv[1], home, (WIDTH, HEIGHT))
+        time.sleep(1.2)
+        program.key("Escape")  # the offer of the tutorial
+        time.sleep(0.6)
+        written = os.path.join(home, "list.md")
+        with open(written, "w", encoding="utf-8") as file:
+            file.write("- [ ] Fresh\n- [x] Done\n  on two lines\n")
+        choose(program, OPEN, written)
+        wait_for(lambda: texts(program) == ["Fresh", "x Done\non two lines", "Hello!"], "the text's notes are there")
+
+        copy = os.path.join(home, "copy.archive")
+        choose(program, SAVE, copy)
+        wait_for(lambda: os.path.exists(copy), "the copy is saved")
+        with open(copy, "rb") as saved, open(program.archive_path(), "rb") as archive:
+            assert saved.read() == archive.read(), "the copy is the archive"
+
+        program.drag((300, 30), (60, 30))
+        wait_for(lambda: len(texts(program)) == 2, "a note is deleted")
+        choose(program, OPEN, copy)
+        wait_for(lambda: texts(program)[0] == "Fresh", "the copy brings it back")
+        program.tap(*UNDO)
+        wait_for(lambda: len(texts(program)) == 2, "which is taken back")
+        program.key("ctrl+z")
+        wait_for(lambda: texts(program)[0] == "Fresh", "and so is the deletion")
+        program.quit()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,154 @@
+import assert from "node:assert/strict";
+import { after, before, test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
+import { List } from "./harness/list.mjs";
+import { Reader } from "./harness/reader.mjs";
+import { Site } from "./harness/site.mjs";
+
+// The reader is there before the browser, which otherwise tells it nothing.
+let reader;
+before(async () => {
+    reader = await Reader.start();
+});
+after(() => reader.stop());
+const site = Site.forEachTest({ args: ["--force-renderer-accessibility"] });
+let list;
+let kept;
+
+// Runs in the page, before everything: keeps what is said, and the mails that are handed over.
+function listen() {
+    globalThis.heard = [];
+    globalThis.mails = [];
+    const observer = new MutationObserver((changes) =>
+        changes.forEach(({ addedNodes }) => addedNodes.forEach((node) => heard.push(node.textContent))));
+    addEventListener("DOMContentLoaded", () => {
+        const region = document.querySelector("[aria-live=polite]");
+        if (region) {
+            observer.observe(region, { childList: true });
+        }
+    });
+    HTMLAnchorElement.prototype.click = function press() {
+        mails.push(this.href);
+    };
+}
+
+async function begin(open) {
+    await site.phone.context.addInitScript(listen);
+    list = await open(site);
+}
+
+// Does something, and then: the keys are there (the reader knows a place by its name), this was said, and the screen
+// is called so where it is another one.
+async function then(deed, focus, { heard = [], keeps = kept, title } = {}) {
+    await deed();
+    await list.atRest();
+    kept = keeps;
+    let found;
+    for (const end = Date.now() + 5000; found !== focus && Date.now() < end; await sleep(50)) {
+        found = (await reader.focused())?.replace(/, \w+ \d+, \d{4}/, "");
+    }
+    assert.equal(found, focus);
+    await list.untilKept(...kept);
+    assert.deepEqual(await list.page.evaluate(() => globalThis.heard.splice(0)), heard);
+    if (title) {
+        assert.equal(await list.page.title(), title);
+    }
+}
+
+const press = (name) => () => reader.press(name);
+const type = (text) => () => list.type(text);
+const key = (name) => () => list.page.keyboard.press(name);
+// From the menu of a row.
+const choose = (name, action) => async () => {
+    await reader.press(`Actions: ${name}`);
+    await reader.press(action);
+};
+
+test("presses alone do everything to notes, and everybody knows what happened and where", async () => {
+    await begin((at) => List.with(at, ["One", "Two"]));
+    await then(() => {}, "Notes", { keeps: ["One", "Two"], title: "Velmorath" });
+    await then(press("Add note"), "Note");
+    await then(type("New"), "Note");
+    await then(key("Enter"), "New", { keeps: ["New", "One", "Two"] });
+
+    await then(choose("New", "Complete"), "New, Completed", { heard: ["Completed, New"], keeps: ["x New", "One", "Two"] });
+    // The key that did it, once more: it opens the note and does nothing to it.
+    await then(key("Enter"), "Completed note", { title: "Note – Velmorath" });
+    await then(press("Close"), "New, Completed", { title: "Velmorath" });
+    await then(choose("New", "Reopen"), "New", { heard: ["Reopened, New"], keeps: ["New", "One", "Two"] });
+    await then(choose("One", "Edit"), "Note");
+    await then(type("!"), "Note");
+    await then(key("Enter"), "One!", { keeps: ["New", "One!", "Two"] });
+    await then(choose("New", "Move down"), "New", { heard: ["Moved to 2 of 3"], keeps: ["One!", "New", "Two"] });
+    await then(choose("Two", "Move up"), "Two", { heard: ["Moved to 2 of 3"], keeps: ["One!", "Two", "New"] });
+    await then(choose("One!", "Insert below"), "Note");
+    await then(type("Below"), "Note");
+    await then(key("Enter"), "Below", { keeps: ["One!", "Below", "Two", "New"] });
+    await then(choose("One!", "Delete"), "Below", { heard: ["Deleted, One!"], keeps: ["Below", "Two", "New"] });
+
+    await then(press("Undo: Delete One!"), "One!",
+        { heard: ["Undone, Delete One!"], keeps: ["One!", "Below", "Two", "New"] });
+    await then(press("Redo: Delete One!"), "Below", { heard: ["Redone, Delete One!"], keeps: ["Below", "Two", "New"] });
+
+    await then(press("Two"), "Open note", { title: "Note – Velmorath" });
+    await then(press("Note"), "Note");
+    await then(type(" halves"), "Note");
+    await then(press("Save"), "Two halves",
+        { heard: ["Saved"], keeps: ["Below", "Two halves", "New"], title: "Velmorath" });
+    await then(press("Reorder notes"), "Reorder notes");
+    await then(press("Reorder notes"), "Reorder notes");
+    await then(() => list.reload(), "Notes");
+});
+
+test("a row is one stop, its menu opens from keys and presses, and closes to where it was", async () => {
+    await begin((at) => List.with(at, ["One", "Two"]));
+    await then(() => {}, "Notes", { keeps: ["One", "Two"] });
+    const names = (await reader.things()).map(([, name]) => name);
+    assert.deepEqual(names, ["Velmorath", "Velmorath", "Notes", "One", "Actions: One", "Two", "Actions: Two",
+        "Reorder notes", "Add note", "Information"]);
+    await then(key("ArrowDown"), "One");
+    await then(key("Shift+F10"), "Edit");
+    await then(key("ArrowUp"), "Move down");
+    await list.tab.picture("menu");
+    assert.deepEqual(await list.tab.obstacles(), []);
+    await then(key("Home"), "Edit");
+    await then(key("Escape"), "One");
+    await then(() => reader.showMenu("Two"), "Edit");
+    await then(key("ArrowDown"), "Complete");
+    await then(key("Enter"), "Two, Completed", { heard: ["Completed, Two"], keeps: ["One", "x Two"] });
+    await then(press("Actions: Two"), "Reopen");
+    await then(() => list.tab.tap([30, 400]), "Two, Completed");
+
+    // A letter means something where the notes are and nowhere else.
+    await then(key("Shift+N"), "Note");
+    await then(type("Below"), "Note");
+    await then(key("Enter"), "Below", { keeps: ["One", "x Two", "Below"] });
+    await then(() => reader.focus("Information"), "Information");
+    await then(key("n"), "Information");
+});
+
+test("presses alone go through every screen and dialog", async () => {
+    await begin(List.first);
+    await list.shown("Yes").waitFor({ state: "attached" });
+    await then(() => {}, "Watch tutorial", { keeps: [] });
+    await then(press("Yes"), "Tutorial", { title: "Tutorial – Velmorath" });
+    await then(press("next"), "close");
+    await then(press("close"), "Notes", { title: "Velmorath" });
+
+    await then(press("Information"), "Velmorath", { title: "Information – Velmorath" });
+    await then(press("Settings"), "Settings", { title: "Settings – Velmorath" });
+    await then(press("Sound effect"), "Sound effect, Off");
+    await then(press("Theme : Red"), "Select theme", { title: "Theme – Velmorath" });
+    await then(press("Violet"), "Violet");
+    await then(press("Close"), "Theme : Violet", { title: "Settings – Velmorath" });
+    await then(press("Close"), "Settings", { title: "Information – Velmorath" });
+    await then(press("Contact Us"), "Cancel", { title: "Message – Velmorath" });
+    await then(press("Message"), "Message");
+    await then(type("Hello"), "Message");
+    await then(press("Send"), "Contact Us");
+    await then(press("Close"), "Information");
+    const [mail] = await list.page.evaluate(() => globalThis.mails);
+    assert.match(new URL(mail).searchParams.get("body"), /Hello$/);
+    const { theme, soundEffect } = await list.settings();
+    assert.deepEqual({ theme, soundEffect }, { theme: "Violet", soundEffect: "false" });
+});
