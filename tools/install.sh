@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# What ./run and ./test share. To be sourced, with set -euo pipefail.
+# What ./run, ./test and ./package share. To be sourced, with set -euo pipefail.
 
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 jobs=$(nproc)
@@ -47,6 +47,12 @@ install_packages() {
 # configure <preset> [cmake's options...]
 configure() {
     cmake -S "$root" --preset "$1" --log-level=WARNING "${@:2}" >/dev/null
+}
+
+# The tests stay as ./test left them: no command makes another build anything again.
+# configure_once <preset> <folder below build/>
+configure_once() {
+    [[ $root/build/$2/build.ninja -nt $root/CMakePresets.json ]] || configure "$1" -DVELMORATH_TESTS=OFF
 }
 
 # build <folder below build/> [targets...]: one line of progress on a terminal, elsewhere only what goes

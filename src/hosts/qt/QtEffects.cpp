@@ -1,4 +1,5 @@
 #include "QtEffects.h"
+#include "ApplicationName.h"
 #include "sound/SoundPlayer.h"
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -115,8 +116,7 @@ void QtEffects::vibrate()
             QStringLiteral("/org/sigxcpu/Feedback"), QStringLiteral("org.sigxcpu.Feedback"),
             QStringLiteral("TriggerFeedback"));
         constexpr int onceOnly = -1;
-        message << QStringLiteral("velmorath") << QStringLiteral("button-pressed") << QVariantMap()
-                << onceOnly;
+        message << applicationName << QStringLiteral("button-pressed") << QVariantMap() << onceOnly;
         sendOnSessionBus(message);
     });
 }
@@ -130,7 +130,7 @@ void QtEffects::setBadge(long long number)
             {QStringLiteral("count"), static_cast<qlonglong>(std::max(0LL, number))},
             {QStringLiteral("count-visible"), number > 0},
         };
-        message << QStringLiteral("application://velmorath.desktop") << properties;
+        message << QStringLiteral("application://%1.desktop").arg(applicationName) << properties;
         sendOnSessionBus(message);
     });
 }

@@ -47,13 +47,17 @@ QtHost::QtHost(const ProgramFolders& folders)
             m_client->wake();
     })
     , m_widget(m_clock)
+    , m_calls([this](const std::string& activationToken) { bringToFront(activationToken); })
     , m_screen(m_widget, m_motion)
     , m_textInput(m_widget, m_widget.texts())
     , m_files(PosixFiles::forUser(folders.resources))
     , m_effects(m_widget, QString::fromStdString(folders.soundLibrary))
 {
     AccessibleScreen::install();
-    m_effects.whenOnSessionBus([this] { m_motion.listen(); });
+    m_effects.whenOnSessionBus([this] {
+        m_motion.listen();
+        m_calls.listen();
+    });
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
     if (const auto icon = m_files.read(folders.resources + "/icons/velmorath-64.png"))
         m_widget.setWindowIcon(QPixmap::fromImage(QtImage::decoded(*icon)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DesktopCalls.h"
 #include "Host.h"
 #include "PosixFiles.h"
 #include "ProgramFolders.h"
@@ -47,6 +48,7 @@ private:
     QtClock m_clock;
     ScreenWidget m_widget;
     DesktopMotion m_motion;
+    DesktopCalls m_calls;
     QtScreen m_screen;
     QtTextInput m_textInput;
     PosixFiles m_files;

@@ -1,4 +1,5 @@
 #include "Main.h"
+#include "ApplicationName.h"
 #include "QtHost.h"
 #include "SingleProgram.h"
 #include <QApplication>
@@ -7,8 +8,39 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
+#include <string_view>
 
 namespace {
+
+constexpr const char* help =
+    "Usage: velmorath [OPTION]\n"
+    "Shows the to-do list in a window. Where it is open already, that window comes to the front.\n"
+    "\n"
+    "  --help           shows this and ends\n"
+    "  --version        shows the version and ends\n"
+    "  -platform NAME   opens the window on this platform of Qt's: xcb, wayland, offscreen\n";
+
+/// What to exit with, where the options ask for something else than the window.
+std::optional<int> answerOptions(int argc, char** argv)
+{
+    for (int index = 1; index < argc; ++index) {
+        const std::string_view option = argv[index];
+        if (option == "--help" || option == "--version") {
+            std::fputs(option == "--help" ? help : "velmorath " VELMORATH_VERSION "\n", stdout);
+            return EXIT_SUCCESS;
+        }
+        // Qt reads these and what follows each; the second is a session manager's.
+        const bool isForQt = option == "-platform" || option == "--platform" || option == "-session";
+        if (!isForQt || index + 1 == argc) {
+            std::fprintf(stderr, "velmorath: wrong option \"%s\". See \"velmorath --help\".\n", argv[index]);
+            constexpr int wrongUsage = 2;
+            return wrongUsage;
+        }
+        ++index;
+    }
+    return {};
+}
 
 bool isSet(const char* name)
 {
@@ -32,6 +64,8 @@ int main(int argc, char** argv)
     using namespace velmorath;
     // Lines for a reader that is gone are no reason to end.
     std::signal(SIGPIPE, SIG_IGN);
+    if (const auto code = answerOptions(argc, argv))
+        return *code;
     if (!hasDisplay(argc, argv)) {
         std::fputs("velmorath: there is no display to open a window on.\n"
                    "Start it from a desktop, or set DISPLAY or WAYLAND_DISPLAY to one that runs.\n"
@@ -50,7 +84,7 @@ int main(int argc, char** argv)
 
     // The editors must lie exactly over the texts: the one style whose margins are known.
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("velmorath"));
+    QGuiApplication::setDesktopFileName(applicationName);
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Velmorath"));
     QApplication application(argc, argv);
     QtHost host(ProgramFolders::find());

@@ -11,7 +11,7 @@ afterEach(() => list.page.close());
 test("no screen keeps anybody out", async () => {
     list = await List.first(site);
     await list.shown("Yes").waitFor({ state: "attached" });
-    const steps = ["Yes", "next", "close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
+    const steps = ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
         "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
     for (const step of ["", ...steps]) {
         if (step) {

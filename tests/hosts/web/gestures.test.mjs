@@ -28,11 +28,11 @@ test("the first launch asks once, shows the tutorial, and has a note to try thin
     await list.tab.flick([80, 300], [300, 300]);
     await list.atRest();
     assert.ok((await list.said()).includes("Page 1 of 2"));
-    await list.tapOn("next");
+    await list.tapOn("Next");
     assert.ok((await list.said()).includes("Page 2 of 2"));
     await list.tab.picture("tutorial-last-page");
-    await list.tapOn("close");
-    assert.deepEqual(await list.said(), ["Hello!", "Reorder notes", "Add note", "Information"]);
+    await list.tapOn("Close");
+    assert.deepEqual(await list.said(), ["Hello!", "Reorder notes", "Add note", "Share", "Information"]);
 
     await list.swipe(0, 60, 350);
     await list.untilKept("x Hello!");
@@ -129,7 +129,7 @@ test("pinching two rows apart makes a note between them, unless the fingers come
     await list.tab.move([[180, rowMiddle(0) - 20], [180, rowMiddle(1) + 20]]);
     await list.tab.release();
     await list.atRest();
-    assert.deepEqual(await list.said(), ["One", "Two", "Reorder notes", "Add note", "Information"]);
+    assert.deepEqual(await list.said(), ["One", "Two", "Reorder notes", "Add note", "Share", "Information"]);
 
     await list.tab.pinch(rows, [[180, 2], [180, 200]]);
     await list.editing();

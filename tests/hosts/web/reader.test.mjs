@@ -105,7 +105,7 @@ test("a row is one stop, its menu opens from keys and presses, and closes to whe
     await then(() => {}, "Notes", { keeps: ["One", "Two"] });
     const names = (await reader.things()).map(([, name]) => name);
     assert.deepEqual(names, ["Velmorath", "Velmorath", "Notes", "One", "Actions: One", "Two", "Actions: Two",
-        "Reorder notes", "Add note", "Information"]);
+        "Reorder notes", "Add note", "Share", "Information"]);
     await then(key("ArrowDown"), "One");
     await then(key("Shift+F10"), "Edit");
     await then(key("ArrowUp"), "Move down");
@@ -131,9 +131,12 @@ test("presses alone go through every screen and dialog", async () => {
     await begin(List.first);
     await list.shown("Yes").waitFor({ state: "attached" });
     await then(() => {}, "Watch tutorial", { keeps: [] });
-    await then(press("Yes"), "Tutorial", { title: "Tutorial – Velmorath" });
-    await then(press("next"), "close");
-    await then(press("close"), "Notes", { title: "Velmorath" });
+    await then(press("Yes"), "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to "
+        + "delete it. The keys are Control+N (N on a web page), Space and Delete. F2 edits a note, Enter opens it.",
+    { title: "Tutorial – Velmorath" });
+    await then(press("Next"), "Close", { heard: ["Pull two notes apart to insert a note between them. The keys are "
+        + "Control+Shift+N (Shift+N on a web page). Alt+Up and Alt+Down move a note."] });
+    await then(press("Close"), "Notes", { title: "Velmorath" });
 
     await then(press("Information"), "Velmorath", { title: "Information – Velmorath" });
     await then(press("Settings"), "Settings", { title: "Settings – Velmorath" });

@@ -131,7 +131,7 @@ test("people read it in their language", async () => {
     const list = await List.with(site, [{ text: "Uno", completed: true }]);
     assert.equal(await list.page.evaluate(() => document.documentElement.lang), "it");
     assert.deepEqual(await list.said(),
-        ["Uno, Completata", "Riordina le note", "Aggiungi nota", "Informazioni"]);
+        ["Uno, Completata", "Riordina le note", "Aggiungi nota", "Condividi", "Informazioni"]);
     await list.add("Due");
     const today = new Intl.DateTimeFormat("it-IT", { dateStyle: "medium", timeZone: "UTC" }).format();
     assert.equal((await list.notes())[0].date, today);

@@ -36,10 +36,11 @@ const kinds = {
 
 /**
  * What is read and pressed in those that are not that themselves. An item that can be pressed holds a button. A list
- * owns nothing but its items, and a button nothing else to press: the buttons of their actions stand beside them.
+ * owns nothing but its items, a button and a picture nothing else to press: the buttons of their actions stand
+ * beside them.
  */
 /** @type {Partial<Record<Role, string>>} */
-const inner = { listItem: "button", list: "div", button: "button" };
+const inner = { listItem: "button", list: "div", button: "button", image: "div" };
 
 /**
  * Set or, for nothing, taken away; untouched when it is right: screen readers hear of every change.
@@ -109,7 +110,7 @@ class Mirrored {
         this.target = target ? document.createElement(target) : this.element;
         this.target.classList.toggle("whole", target !== undefined);
         this.#told = told;
-        setAttribute(role === "list" ? this.target : this.element, "role", ariaRole);
+        setAttribute(role === "listItem" ? this.element : this.target, "role", ariaRole);
         this.target.append(this.#words);
         this.#onPress(this.target, told.press);
         this.element.addEventListener("contextmenu", (event) => {
