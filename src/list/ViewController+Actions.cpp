@@ -5,7 +5,6 @@
 #include "UIApplication.h"
 #include "ViewController.h"
 #include <algorithm>
-#include <utility>
 
 namespace velmorath {
 
@@ -88,8 +87,8 @@ void ViewController::cellDidEndEditing(TableViewCell& editingCell)
     const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     if (appIconBadge == "true")
         changeBadge(1);
-    const auto [typed, before] = std::exchange(m_typed, {});
-    rememberChange(before.place ? "Edit" : "Add note", typed, before, badge);
+    const NoteState before = stateBeforeTyping(note);
+    rememberChange(before.place ? "Edit" : "Add note", note, before, badge);
 }
 
 void ViewController::toDoItemCambiaColoreALetto(const std::shared_ptr<ToDoItem2>& note)
@@ -134,8 +133,7 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
         return;
     }
     giveFeedback("cancella", soundEffect, vibration);
-    const auto [typed, beforeTyping] = std::exchange(m_typed, {});
-    const NoteState before = typed == note ? beforeTyping : stateOf(note);
+    const NoteState before = stateBeforeTyping(note);
     const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     const std::int64_t index = indexOf(*note);
     print("index = " + std::to_string(index));

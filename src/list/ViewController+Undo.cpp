@@ -2,6 +2,7 @@
 #include "UIApplication.h"
 #include "ViewController.h"
 #include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
@@ -29,6 +30,16 @@ NoteState ViewController::stateOf(const std::shared_ptr<ToDoItem2>& note) const
         if (isNew && std::find(arrayNote.begin(), found, m_typed.note) != found)
             --*state.place;
     }
+    return state;
+}
+
+NoteState ViewController::stateBeforeTyping(const std::shared_ptr<ToDoItem2>& note)
+{
+    const auto [typed, before] = std::exchange(m_typed, {});
+    NoteState state = typed == note ? before : stateOf(note);
+    // Other notes may have come and gone around it meanwhile, which is not what typing did.
+    if (state.place)
+        state.place = stateOf(note).place;
     return state;
 }
 

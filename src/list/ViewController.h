@@ -150,6 +150,8 @@ private:
         int badgeCounts;
     };
     NoteState stateOf(const std::shared_ptr<ToDoItem2>&) const;
+    /// What a note was before it was typed, if it was, in the place where it is now; the typing is over then.
+    NoteState stateBeforeTyping(const std::shared_ptr<ToDoItem2>&);
     /// A note was changed by the user: what it and the badge were before is to be had back.
     void rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>&, const NoteState& before,
         long long badgeBefore);

@@ -332,6 +332,12 @@ void SessionWatch::setDiskFails(bool fails)
         });
 }
 
+bool SessionWatch::wasEmptyAtStart(const std::shared_ptr<ToDoItem2>& note) const
+{
+    return std::any_of(m_first.begin(), m_first.end(),
+        [&](const auto& entry) { return entry.first == note && entry.second.text.value_or("").empty(); });
+}
+
 void SessionWatch::restart(Fingers& fingers)
 {
     act("quit", [&] {
@@ -339,7 +345,7 @@ void SessionWatch::restart(Fingers& fingers)
         Notes kept = list().arrayNote;
         host.quit();
         noteWrites();
-        std::erase_if(kept, [](const auto& note) { return isEmpty(*note); });
+        std::erase_if(kept, [this](const auto& note) { return isEmpty(*note) && !wasEmptyAtStart(note); });
         forgetProgramState();
         launch();
         require(

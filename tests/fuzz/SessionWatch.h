@@ -64,6 +64,9 @@ private:
     std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> listNow() const;
     /// Whether what was written last got there.
     void noteWrites();
+    /// A row that is moved while a new note is typed is saved with it: a disk that fails then leaves it
+    /// there.
+    bool wasEmptyAtStart(const std::shared_ptr<ToDoItem2>&) const;
     void compareNotes();
     void watchGestures(bool isLift);
     void checkRows();
