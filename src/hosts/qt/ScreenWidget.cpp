@@ -94,6 +94,14 @@ std::optional<HostKey> hostKey(const QKeyEvent& event)
     }
 }
 
+/// The path of a single file that is dragged; nothing for anything else.
+std::optional<QString> droppedFile(const QMimeData& dragged)
+{
+    const QList<QUrl> addresses = dragged.urls();
+    const bool isFile = addresses.size() == 1 && addresses.first().isLocalFile();
+    return isFile ? std::optional(addresses.first().toLocalFile()) : std::nullopt;
+}
+
 } // namespace
 
 ScreenWidget::ScreenWidget(const Clock& clock)
@@ -317,17 +325,16 @@ void ScreenWidget::wheelEvent(QWheelEvent* event)
 
 void ScreenWidget::dragEnterEvent(QDragEnterEvent* event)
 {
-    const QMimeData& dragged = *event->mimeData();
-    if (dragged.hasText() || (dragged.urls().size() == 1 && dragged.urls().first().isLocalFile()))
+    if (droppedFile(*event->mimeData()) || event->mimeData()->hasText())
         event->acceptProposedAction();
 }
 
 void ScreenWidget::dropEvent(QDropEvent* event)
 {
     const QMimeData& dropped = *event->mimeData();
-    const Result<std::string> file = dropped.hasUrls()
-        ? QtDocuments::read(dropped.urls().first().toLocalFile())
-        : Result<std::string>(dropped.text().toStdString());
+    const std::optional<QString> path = droppedFile(dropped);
+    const Result<std::string> file =
+        path ? QtDocuments::read(*path) : Result<std::string>(dropped.text().toStdString());
     if (m_client && m_client->documentOpened(file))
         event->acceptProposedAction();
 }

@@ -21,6 +21,11 @@ public:
         keys.push_back(press);
         return true;
     }
+    bool documentOpened(const Result<std::string>& file) override
+    {
+        documents.push_back(file ? *file : "error");
+        return true;
+    }
     void screenChanged() override { ++screenChanges; }
     CGRect prepareFrame() override
     {
@@ -64,6 +69,7 @@ public:
     int touchCalls = 0;
     std::vector<CGVector> scrolls;
     std::vector<HostKeyPress> keys;
+    std::vector<std::string> documents;
     int screenChanges = 0;
     int frames = 0;
     std::function<void()> onFrame;

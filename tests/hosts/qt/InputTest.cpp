@@ -1,6 +1,8 @@
 #include "HostFixture.h"
+#include <QMimeData>
 #include <QNativeGestureEvent>
 #include <QStyleHints>
+#include <QTemporaryFile>
 #include <QTextEdit>
 #include <QWheelEvent>
 
@@ -218,6 +220,31 @@ TEST_F(Input, AFingerScrollsATextAndSelectsWhatItHoldsOrTapsTwice)
     EXPECT_EQ(host.textInput().scrolled(), scrolled);
     EXPECT_TRUE(client.touches.empty());
     host.textInput().end();
+}
+
+TEST_F(Input, FilesAndTextsAreDroppedOnTheWindow)
+{
+    const auto drop = [this](const QList<QUrl>& addresses, const QString& text) {
+        QMimeData dropped;
+        dropped.setUrls(addresses);
+        if (addresses.isEmpty())
+            dropped.setText(text);
+        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&host.widget(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event({50, 50}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&host.widget(), &event);
+        return event.isAccepted();
+    };
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    file.write("- [ ] note\n");
+    file.flush();
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(file.fileName())}, {}));
+    EXPECT_TRUE(drop({}, QStringLiteral("a text")));
+    EXPECT_TRUE(drop({QUrl::fromLocalFile(QStringLiteral("/nowhere/at/all"))}, {}));
+    EXPECT_EQ(client.documents, (std::vector<std::string>{"- [ ] note\n", "a text", "error"}));
 }
 
 } // namespace

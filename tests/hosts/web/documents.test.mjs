@@ -35,6 +35,14 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
     await open(Buffer.from([0xff, 0]));
     await list.tapOn("OK");
     await list.untilKept("New", "One", "x Two");
+
+    const dataTransfer = await list.page.evaluateHandle(() => {
+        const dragged = new DataTransfer();
+        dragged.items.add(new File(["Dropped\n"], "list.txt"));
+        return dragged;
+    });
+    await list.page.dispatchEvent("body", "drop", { dataTransfer });
+    await list.untilKept("Dropped", "New", "One", "x Two");
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {
