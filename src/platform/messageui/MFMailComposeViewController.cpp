@@ -9,7 +9,7 @@ namespace velmorath {
 namespace {
 
 constexpr CGFloat barHeight = 56;
-constexpr CGFloat buttonWidth = 96;
+constexpr CGFloat buttonWidth = 120;
 constexpr CGFloat recipientsHeight = 48;
 constexpr CGFloat hairline = 0.5;
 constexpr CGFloat margin = 16;
@@ -94,6 +94,8 @@ void MFMailComposeViewController::viewDidLoad()
     m_cancel = addButton("Cancel", [this] { finish(MFMailComposeResult::cancelled); });
     m_send = addButton("Send", [this] { send(); });
     m_send->setFont(UIFont::boldSystemFont(17));
+    m_cancel->setContentHorizontalAlignment(CGTextAlignment::left);
+    m_send->setContentHorizontalAlignment(CGTextAlignment::right);
 
     m_recipients = std::make_shared<UILabel>();
     m_recipients->setText(Bundle::main().localizedString("To: %1", {joined(m_toRecipients, ", ")}));
@@ -122,8 +124,8 @@ void MFMailComposeViewController::viewDidLayoutSubviews()
     const CGRect column = readableColumn(view()->bounds().insetBy(margin, 0));
     const CGFloat x = column.minX();
     const CGFloat width = column.size.width;
-    m_cancel->setFrame(CGRectMake(x - margin, 0, buttonWidth, barHeight));
-    m_send->setFrame(CGRectMake(column.maxX() + margin - buttonWidth, 0, buttonWidth, barHeight));
+    m_cancel->setFrame(CGRectMake(x, 0, buttonWidth, barHeight));
+    m_send->setFrame(CGRectMake(column.maxX() - buttonWidth, 0, buttonWidth, barHeight));
 
     const CGFloat bodyTop = barHeight + recipientsHeight;
     m_recipientsLine->setFrame(CGRectMake(0, barHeight, size.width, recipientsHeight));

@@ -16,6 +16,8 @@ public:
     void setTitle(std::string title) { setDrawn(m_title, std::move(title)); }
     void setTitleColor(const CGColor& color) { setDrawn(m_style.color, color); }
     void setFont(const CGFont& font) { setDrawn(m_style.font, font); }
+    /// Where in the button its title stands; otherwise in the middle.
+    void setContentHorizontalAlignment(CGTextAlignment alignment) { setDrawn(m_style.alignment, alignment); }
     void setImage(std::shared_ptr<UIImage> image) { setDrawn(m_image, std::move(image)); }
     /// Fills the button behind its title while it is held down.
     void setHighlightedBackgroundImage(std::shared_ptr<UIImage> image)
