@@ -70,7 +70,10 @@ void UIAlertController::viewDidLoad()
     box->setClipsToBounds(true);
     box->layer().setCornerRadius(14);
     layOutBox(*box);
-    box->setCenter(view()->bounds().center());
+    // Lines of half a point are seen where they begin at whole ones.
+    const CGPoint center = view()->bounds().center();
+    const CGSize size = box->bounds().size;
+    box->setFrame({{std::floor(center.x - size.width / 2), std::floor(center.y - size.height / 2)}, size});
     unsigned mask = UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
         | UIViewAutoresizing::flexibleTopMargin;
     if (m_alertStyle == UIAlertControllerStyle::actionSheet)
