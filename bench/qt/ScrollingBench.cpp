@@ -30,6 +30,7 @@ public:
     Files& files() override { return m_host.files(); }
     Locale& locale() override { return m_host.locale(); }
     Effects& effects() override { return m_host.effects(); }
+    Documents& documents() override { return m_host.documents(); }
     Console& console() override { return m_console; }
     int run(HostClient& client) override
     {

@@ -136,7 +136,7 @@ void UIAlertController::layOutBox(UIView& box)
         box.addSubview(button);
         if (isRow && i == 0) {
             x += buttonWidth;
-            box.addSubview(line(CGRectMake(x - hairline / 2, y, hairline, buttonHeight)));
+            box.addSubview(line(CGRectMake(x, y, hairline, buttonHeight)));
         } else {
             y += buttonHeight;
         }
