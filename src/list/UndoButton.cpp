@@ -3,6 +3,7 @@
 #include "DispatchQueue.h"
 #include "UITouch.h"
 #include "UndoManager.h"
+#include <utility>
 
 namespace velmorath {
 
@@ -28,12 +29,12 @@ void UndoButton::show(const UndoManager& manager)
 void UndoButton::touchesBegan(const UITouches& touches)
 {
     UIButton::touchesBegan(touches);
-    m_touch |= 1;
-    DispatchQueue::main().asyncAfter(holdDuration, [weakSelf = weak_from_this(), touch = m_touch, this] {
+    m_isPressed = true;
+    DispatchQueue::main().asyncAfter(holdDuration, [weakSelf = weak_from_this(), wait = ++m_wait, this] {
         const auto self = weakSelf.lock();
-        if (!self || m_touch != touch)
+        if (!self || !m_isPressed || m_wait != wait)
             return;
-        ++m_touch;
+        m_isPressed = false;
         setHighlighted(false);
         m_hold();
     });
@@ -41,25 +42,23 @@ void UndoButton::touchesBegan(const UITouches& touches)
 
 void UndoButton::touchesMoved(const UITouches& touches)
 {
-    if (m_touch % 2 == 0)
+    if (!m_isPressed)
         return;
     UIButton::touchesMoved(touches);
     const CGVector moved = touches.front()->location() - touches.front()->start();
     if (std::hypot(moved.dx, moved.dy) >= allowedMovement)
-        m_touch += 2;
+        ++m_wait;
 }
 
 void UndoButton::touchesEnded(const UITouches& touches)
 {
-    if (m_touch % 2 == 0)
-        return;
-    ++m_touch;
-    UIButton::touchesEnded(touches);
+    if (std::exchange(m_isPressed, false))
+        UIButton::touchesEnded(touches);
 }
 
 void UndoButton::touchesCancelled(const UITouches& touches)
 {
-    m_touch += m_touch % 2;
+    m_isPressed = false;
     UIButton::touchesCancelled(touches);
 }
 

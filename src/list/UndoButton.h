@@ -28,8 +28,10 @@ private:
     std::function<void()> m_hold;
     /// What holding it would do; empty when that is nothing.
     std::string m_holdName;
-    /// Counts touches, so that a timer knows its own. Even while none waits to become a hold.
-    unsigned m_touch = 0;
+    /// A finger is down on it, and has not become a hold.
+    bool m_isPressed = false;
+    /// Which of the waits for a hold counts; none does any more that came before.
+    unsigned m_wait = 0;
 };
 
 } // namespace velmorath

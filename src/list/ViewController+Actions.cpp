@@ -17,7 +17,7 @@ constexpr CGFloat fadedAlpha = 0.3;
 
 } // namespace
 
-void ViewController::changeBadge(int by) const
+void ViewController::changeBadge(long long by) const
 {
     UIApplication& application = UIApplication::shared();
     application.setApplicationIconBadgeNumber(application.applicationIconBadgeNumber() + by);

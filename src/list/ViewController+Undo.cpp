@@ -54,9 +54,14 @@ void ViewController::rememberChange(std::string_view action, const std::shared_p
     if (!text.empty())
         name += " " + text;
     const auto badge = UIApplication::shared().applicationIconBadgeNumber() - badgeBefore;
-    m_undoManager.registerUndo(name,
-        [this, note, before, step = UndoStep{name, badge, m_badgeCounts}] { restore(note, before, step); });
+    registerRestore(note, before, {name, badge, m_badgeCounts});
     showUndo();
+}
+
+void ViewController::registerRestore(
+    const std::shared_ptr<ToDoItem2>& note, const NoteState& state, const UndoStep& step)
+{
+    m_undoManager.registerUndo(step.name, [this, note, state, step] { restore(note, state, step); });
 }
 
 void ViewController::restore(
@@ -77,12 +82,8 @@ void ViewController::restore(
     const long long badge =
         step.badgeCounts == m_badgeCounts ? -step.badge : openCount(state) - openCount(before);
     if (appIconBadge == "true")
-        UIApplication::shared().setApplicationIconBadgeNumber(
-            UIApplication::shared().applicationIconBadgeNumber() + badge);
-    m_undoManager.registerUndo(
-        step.name, [this, note, before, step = UndoStep{step.name, badge, m_badgeCounts}] {
-            restore(note, before, step);
-        });
+        changeBadge(badge);
+    registerRestore(note, before, {step.name, badge, m_badgeCounts});
     showRestored(before.place, state.place);
 }
 
@@ -114,20 +115,20 @@ void ViewController::showRestored(std::optional<std::int64_t> from, std::optiona
 
 bool ViewController::takeBack()
 {
-    if (!canTakeBack() || !m_undoManager.canUndo())
-        return false;
-    announceStep("Undone", m_undoManager.undoActionName());
-    m_undoManager.undo();
-    showUndo();
-    return true;
+    return m_undoManager.canUndo() && takeStep("Undone", m_undoManager.undoActionName(), &UndoManager::undo);
 }
 
 bool ViewController::doAgain()
 {
-    if (!canTakeBack() || !m_undoManager.canRedo())
+    return m_undoManager.canRedo() && takeStep("Redone", m_undoManager.redoActionName(), &UndoManager::redo);
+}
+
+bool ViewController::takeStep(std::string_view what, const std::string& name, void (UndoManager::*step)())
+{
+    if (!canTakeBack())
         return false;
-    announceStep("Redone", m_undoManager.redoActionName());
-    m_undoManager.redo();
+    UIApplication::shared().announce(Bundle::main().localizedString(what) + ", " + name);
+    (m_undoManager.*step)();
     showUndo();
     return true;
 }
@@ -136,11 +137,6 @@ bool ViewController::canTakeBack() const
 {
     // One finger may be on the button.
     return !tastieraAttiva && UIApplication::shared().numberOfTouches() <= 1;
-}
-
-void ViewController::announceStep(std::string_view what, const std::string& name)
-{
-    UIApplication::shared().announce(Bundle::main().localizedString(what) + ", " + name);
 }
 
 void ViewController::showUndo() const

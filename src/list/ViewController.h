@@ -131,7 +131,7 @@ private:
     /// The colour of index 0, without the lines that tell how it came about.
     CGColor colorForFirstRow() const;
 
-    void changeBadge(int by) const;
+    void changeBadge(long long by) const;
     /// Tells those who do not see the list what became of a note.
     static void announce(std::string_view what, const ToDoItem2&);
     /// Marks a note as completed or open, and saves.
@@ -155,11 +155,13 @@ private:
     /// A note was changed by the user: what it and the badge were before is to be had back.
     void rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>&, const NoteState& before,
         long long badgeBefore);
+    void registerRestore(const std::shared_ptr<ToDoItem2>&, const NoteState&, const UndoStep&);
     void restore(const std::shared_ptr<ToDoItem2>&, const NoteState&, const UndoStep&);
     void showRestored(std::optional<std::int64_t> from, std::optional<std::int64_t> to);
     /// Not while a text is typed or fingers do something else.
     bool canTakeBack() const;
-    static void announceStep(std::string_view what, const std::string& name);
+    /// Back or again: says what is done to the step of this name, and does it. False when it may not be.
+    bool takeStep(std::string_view what, const std::string& name, void (UndoManager::*step)());
     void showUndo() const;
 
     void shareList();
