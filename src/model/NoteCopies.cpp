@@ -80,15 +80,11 @@ Notes notesOfText(std::string_view text)
 Result<Notes> notesOfArchive(std::string_view bytes)
 {
     const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
-    if (!root)
-        return root.error();
-    if (!root->array())
-        return Error{"it is not a list of notes"};
+    const Result<Notes> archived = root ? notesIn(*root) : Result<Notes>(root.error());
+    if (!archived)
+        return archived.error();
     Notes notes;
-    for (const ArchivedValue& element : *root->array()) {
-        auto note = std::dynamic_pointer_cast<ToDoItem2>(element.object());
-        if (!note)
-            return Error{"it holds something that is not a note"};
+    for (const auto& note : *archived) {
         // One that stands there twice is two notes here.
         if (note->text && !note->text->empty())
             notes.push_back(std::make_shared<ToDoItem2>(*note));
@@ -97,6 +93,22 @@ Result<Notes> notesOfArchive(std::string_view bytes)
 }
 
 } // namespace
+
+Result<Notes> notesIn(const ArchivedValue& root)
+{
+    const ArchivedValue::Array* const array = root.array();
+    if (!array)
+        return Error{"The archive's root is not a list of notes"};
+    Notes notes;
+    notes.reserve(array->size());
+    for (const ArchivedValue& element : *array) {
+        auto note = std::dynamic_pointer_cast<ToDoItem2>(element.object());
+        if (!note)
+            return Error{"The archive's list holds something that is not a note"};
+        notes.push_back(std::move(note));
+    }
+    return notes;
+}
 
 std::string textOfNotes(const Notes& notes)
 {

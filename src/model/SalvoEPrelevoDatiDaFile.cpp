@@ -4,29 +4,10 @@
 #include "Host.h"
 #include "KeyedArchiver.h"
 #include "KeyedUnarchiver.h"
+#include "NoteCopies.h"
 #include "Print.h"
 
 namespace velmorath {
-
-namespace {
-
-std::vector<std::shared_ptr<ToDoItem2>> listOfNotes(const ArchivedValue& root)
-{
-    const ArchivedValue::Array* array = root.array();
-    if (!array)
-        fatalError("The archive's root is not a list of notes");
-    std::vector<std::shared_ptr<ToDoItem2>> list;
-    list.reserve(array->size());
-    for (const ArchivedValue& element : *array) {
-        auto note = std::dynamic_pointer_cast<ToDoItem2>(element.object());
-        if (!note)
-            fatalError("The archive's list holds something that is not a note");
-        list.push_back(std::move(note));
-    }
-    return list;
-}
-
-} // namespace
 
 void SalvoEPrelevoDatiDaFile::buildPath()
 {
@@ -61,7 +42,10 @@ std::vector<std::shared_ptr<ToDoItem2>> SalvoEPrelevoDatiDaFile::UnarchiveResult
         print("error : " + root.error().description);
         return {};
     }
-    return listOfNotes(*root);
+    Result<Notes> notes = notesIn(*root);
+    if (!notes)
+        fatalError(notes.error().description);
+    return std::move(*notes);
 }
 
 } // namespace velmorath
