@@ -19,10 +19,21 @@ bool AppDelegate::applicationDidFinishLaunchingWithOptions(
     return true;
 }
 
+std::shared_ptr<ViewController> AppDelegate::list() const
+{
+    return std::dynamic_pointer_cast<ViewController>(window->rootViewController());
+}
+
 bool AppDelegate::applicationOpenDocument(UIApplication&, const Result<std::string>& file)
 {
-    const auto list = std::dynamic_pointer_cast<ViewController>(window->rootViewController());
-    return list && list->addCopy(file);
+    const auto notes = list();
+    return notes && notes->addCopy(file);
+}
+
+void AppDelegate::applicationDocumentsChanged(UIApplication&)
+{
+    if (const auto notes = list())
+        notes->takeNews();
 }
 
 } // namespace velmorath

@@ -4,7 +4,6 @@
 #include "FatalError.h"
 #include "NFXIntroViewController.h"
 #include "Print.h"
-#include "SalvoEPrelevoDatiDaFile.h"
 #include "UIAlertController.h"
 #include "UIApplication.h"
 #include "UNUserNotificationCenter.h"
@@ -31,7 +30,7 @@ void ViewController::viewDidLoad()
     list->setBackgroundColor(UIColor::black());
     list->setRowHeight(60.0);
 
-    arrayNote = SalvoEPrelevoDatiDaFile().UnarchiveResults();
+    arrayNote = m_file.load();
     addSampleNote();
 }
 
@@ -139,9 +138,11 @@ std::size_t ViewController::checkedIndex(std::int64_t index) const
     return static_cast<std::size_t>(index);
 }
 
-void ViewController::saveNotes() const
+void ViewController::saveNotes()
 {
-    SalvoEPrelevoDatiDaFile().ArchiveResults(arrayNote);
+    m_file.save(arrayNote);
+    if (m_file.hasNews())
+        takeNewsLater();
 }
 
 std::int64_t ViewController::numberOfSectionsInTableView(UITableView&)

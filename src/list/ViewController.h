@@ -3,6 +3,7 @@
 #include "NoteState.h"
 #include "Result.h"
 #include "Settings.h"
+#include "SharedNoteFile.h"
 #include "TableViewCell.h"
 #include "TouchPoints.h"
 #include "UIButton.h"
@@ -17,10 +18,10 @@
 
 namespace velmorath {
 
-/// The main screen: the list of notes. One class with seven concerns, each in its own source file: the
+/// The main screen: the list of notes. One class with eight concerns, each in its own source file: the
 /// screen's life, its rows and the ways to other screens (ViewController.cpp), the colours of the rows
-/// (+Themes), what happens to notes (+Actions), what takes it back (+Undo), copies (+Sharing), and the two
-/// gestures that insert one (+PullDown, +Pinch).
+/// (+Themes), what happens to notes (+Actions), what takes it back (+Undo), copies (+Sharing), what others
+/// changed in the file (+News), and the two gestures that insert a note (+PullDown, +Pinch).
 class ViewController : public UIViewController,
                        public UITableViewDataSource,
                        public UITableViewDelegate,
@@ -89,6 +90,10 @@ public:
     /// nothing is added, while another screen is there.
     bool addCopy(const Result<std::string>& file);
 
+    // +News
+    /// Takes in what others put in the notes' place or beside them, as soon as nothing else is going on.
+    void takeNews();
+
     // +Pinch
     void handlePinch(UIPinchGestureRecognizer&);
 
@@ -121,7 +126,7 @@ private:
     std::vector<std::shared_ptr<TableViewCell>> laidOutRows() const;
     /// The same index. One that is outside the list is fatal.
     std::size_t checkedIndex(std::int64_t) const;
-    void saveNotes() const;
+    void saveNotes();
 
     void runFirstLaunchExtras();
     void offerTutorial();
@@ -164,6 +169,11 @@ private:
     bool takeStep(std::string_view what, const std::string& name, void (UndoManager::*step)());
     void showUndo() const;
 
+    /// Whether what is on the screen may change by itself.
+    bool isAtRest() const;
+    void takeNewsLater();
+    void showNews(const std::vector<MergedNote>&);
+
     void shareList();
     void saveCopy();
     void openCopy();
@@ -185,6 +195,9 @@ private:
 
     /// How far the rows have moved for the one that is typed into.
     CGFloat m_typingOffset = 0;
+
+    SharedNoteFile m_file;
+    bool m_newsIsWaiting = false;
 
     UndoManager m_undoManager;
     /// A note that is being changed, by typing or in the detail screen, and what it was before.

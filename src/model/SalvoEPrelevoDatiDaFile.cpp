@@ -17,7 +17,7 @@ void SalvoEPrelevoDatiDaFile::buildPath()
     if (documentDirectories.empty())
         fatalError("There is no documents directory");
     documentDirectory = documentDirectories.front();
-    path = documentDirectory + "/noteSalvate.archive";
+    path = documentDirectory + "/" + std::string(fileName);
 }
 
 void SalvoEPrelevoDatiDaFile::ArchiveResults(const std::vector<std::shared_ptr<ToDoItem2>>& list)

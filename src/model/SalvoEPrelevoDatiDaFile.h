@@ -3,6 +3,7 @@
 #include "ToDoItem2.h"
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmorath {
@@ -10,6 +11,9 @@ namespace velmorath {
 /// Saves all notes to their file and fetches them back. Made anew for each use; keeps nothing between.
 class SalvoEPrelevoDatiDaFile {
 public:
+    /// In the folder of the user's documents.
+    static constexpr std::string_view fileName = "noteSalvate.archive";
+
     /// Replaces the file with this list. What becomes of it is only logged.
     void ArchiveResults(const std::vector<std::shared_ptr<ToDoItem2>>& list);
 

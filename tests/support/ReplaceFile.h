@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Files.h"
+#include <filesystem>
+#include <fstream>
 
 namespace velmorath {
 
@@ -10,6 +12,14 @@ inline std::optional<Error> replaceFile(Files& files, const std::string& path, s
     std::optional<Error> result = Error{"no answer"};
     files.replace(path, bytes, [&](const std::optional<Error>& error) { result = error; });
     return result;
+}
+
+/// The same by another program: written beside, and renamed over.
+inline void replaceFromOutside(const std::string& path, std::string_view bytes)
+{
+    const std::string beside = path + ".tmp";
+    std::ofstream(beside) << bytes;
+    std::filesystem::rename(beside, path);
 }
 
 } // namespace velmorath

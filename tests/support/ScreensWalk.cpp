@@ -1,6 +1,8 @@
 #include "ScreensWalk.h"
 #include "EZLoadingActivity.h"
+#include "ProgramState.h"
 #include "PubblicitaView.h"
+#include "ReplaceFile.h"
 
 namespace velmorath {
 
@@ -26,8 +28,10 @@ void ScreensWalk::walk(CGSize size, bool everything)
     visitMail();
     visitSharing();
     visitOverlays();
-    if (everything)
+    if (everything) {
+        visitNews();
         visitThemes();
+    }
 }
 
 void ScreensWalk::open(const Lines& texts, const std::string& theme)
@@ -263,6 +267,23 @@ void ScreensWalk::visitSharing()
     choose(84, "not-opened");
     documents.setFile(std::optional<std::string>("One"));
     choose(84, "nothing-new");
+}
+
+void ScreensWalk::visitNews()
+{
+    open({"One"});
+    host.files().setShared(true);
+    const std::string archive = *host.files().read(archivePath(host));
+    for (const auto& [state, bytes] :
+        {std::pair("news-unreadable", std::string("half")), {"news", archive}}) {
+        replaceFromOutside(archivePath(host), bytes);
+        host.client().documentsChanged();
+        host.advance(0.5);
+        look(state);
+        host.press(HostKey::escape);
+        host.advance(0.5);
+    }
+    host.files().setShared(false);
 }
 
 void ScreensWalk::visitOverlays()

@@ -25,6 +25,7 @@ private:
     void visitTutorial();
     void visitMail();
     void visitSharing();
+    void visitNews();
     void visitOverlays();
 
     bool m_everything = true;

@@ -78,4 +78,5 @@ def main():
             print(json.dumps(plistlib.load(file), ensure_ascii=False, sort_keys=True))
 
 
-main()
+if __name__ == "__main__":
+    main()

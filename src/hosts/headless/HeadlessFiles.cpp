@@ -76,11 +76,21 @@ void HeadlessFiles::answer()
         answer();
 }
 
-std::optional<Error> HeadlessFiles::setAside(const std::string& path)
+std::optional<Error> HeadlessFiles::setAside(const std::string& path, std::string_view why)
 {
     if (auto error = fault(Operation::setAside, path))
         return error;
-    return m_files.setAside(path);
+    return m_files.setAside(path, why);
+}
+
+std::optional<std::string> HeadlessFiles::version(const std::string& path)
+{
+    return m_shared ? m_files.version(path) : std::nullopt;
+}
+
+std::vector<std::string> HeadlessFiles::copiesBeside(const std::string& path)
+{
+    return m_shared ? m_files.copiesBeside(path) : std::vector<std::string>();
 }
 
 } // namespace velmorath

@@ -88,7 +88,34 @@ bool ownsAlone(int descriptor, const std::string& path)
         && opened.st_dev == named.st_dev;
 }
 
-std::optional<Error> replaceNow(const std::string& givenPath, std::string_view bytes)
+std::string versionOf(const struct stat& status)
+{
+    const auto& changed = status.st_mtim;
+    std::string version;
+    for (const auto part : {static_cast<long long>(status.st_dev), static_cast<long long>(status.st_ino),
+             static_cast<long long>(status.st_size), static_cast<long long>(changed.tv_sec),
+             static_cast<long long>(changed.tv_nsec)})
+        version += std::to_string(part) + " ";
+    return version;
+}
+
+/// Gives the file a second name, one that copiesBeside() finds. A file system without such names has to do
+/// with the file being missed for a moment.
+bool keep(const std::filesystem::path& path)
+{
+    const std::string name = (path.parent_path() / path.stem()).string() + ".kept-";
+    for (int number = 1;; ++number) {
+        const std::string kept = name + std::to_string(number) + path.extension().string();
+        if (link(path.c_str(), kept.c_str()) == 0)
+            return true;
+        if (errno != EEXIST)
+            return rename(path.c_str(), kept.c_str()) == 0;
+    }
+}
+
+} // namespace
+
+std::optional<Error> PosixFiles::replaceNow(const std::string& givenPath, std::string_view bytes)
 {
     auto path = followLinks(givenPath);
     if (!path)
@@ -109,18 +136,24 @@ std::optional<Error> replaceNow(const std::string& givenPath, std::string_view b
     if (!ownsAlone(beside.get(), besidePath))
         return Error{"Cannot write " + besidePath + ": another program writes it"};
     bool written = fchmod(beside.get(), S_IRUSR | S_IWUSR) == 0 && ftruncate(beside.get(), 0) == 0
-        && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0
-        && rename(besidePath.c_str(), path->c_str()) == 0;
+        && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0 && fstat(beside.get(), &status) == 0;
+    if (written) {
+        // What somebody else put there, and nobody here has seen, is kept.
+        const auto known = m_knownVersions.find(givenPath);
+        const auto found = version(givenPath);
+        if (known != m_knownVersions.end() && found && found != known->second)
+            written = keep(*path);
+        written = written && rename(besidePath.c_str(), path->c_str()) == 0;
+    }
     if (!written) {
         auto error = lastError("Cannot write", *path);
         unlink(besidePath.c_str());
         return error;
     }
+    m_knownVersions[givenPath] = versionOf(status);
     flushFolder(folderOf(*path));
     return {};
 }
-
-} // namespace
 
 PosixFiles::PosixFiles(std::optional<std::string> documentDirectory, std::optional<std::string> defaultsFile,
     std::string resourceDirectory)
@@ -159,6 +192,7 @@ Result<std::string> PosixFiles::read(const std::string& path)
     auto size = static_cast<std::size_t>(status.st_size);
     if (size > longestFile)
         return Error{"Cannot read " + path + ": it is too long"};
+    m_knownVersions[path] = versionOf(status);
 
     std::string bytes(size, '\0');
     std::size_t length = 0;
@@ -179,19 +213,43 @@ void PosixFiles::replace(const std::string& path, std::string_view bytes, Comple
     completion(replaceNow(path, bytes));
 }
 
-std::optional<Error> PosixFiles::setAside(const std::string& givenPath)
+std::optional<Error> PosixFiles::setAside(const std::string& givenPath, std::string_view why)
 {
     auto path = followLinks(givenPath);
     if (!path)
         return path.error();
     struct stat status;
-    auto aside = *path + ".unreadable";
+    const auto name = *path + "." + std::string(why);
+    auto aside = name;
     for (int number = 2; lstat(aside.c_str(), &status) == 0; ++number)
-        aside = *path + ".unreadable-" + std::to_string(number);
+        aside = name + "-" + std::to_string(number);
     if (rename(path->c_str(), aside.c_str()) != 0)
         return lastError("Cannot set aside", *path);
     flushFolder(folderOf(*path));
     return {};
+}
+
+std::optional<std::string> PosixFiles::version(const std::string& path)
+{
+    struct stat status;
+    return stat(path.c_str(), &status) == 0 ? std::optional(versionOf(status)) : std::nullopt;
+}
+
+std::vector<std::string> PosixFiles::copiesBeside(const std::string& path)
+{
+    const std::filesystem::path file(path);
+    std::vector<std::string> copies;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(file.parent_path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code ignored;
+        if (name != file.filename() && name.starts_with(file.stem().string())
+            && name.ends_with(file.extension().string()) && entry->is_regular_file(ignored))
+            copies.push_back(entry->path().string());
+    }
+    std::sort(copies.begin(), copies.end());
+    return copies;
 }
 
 } // namespace velmorath

@@ -2,6 +2,7 @@
 
 #include "Files.h"
 #include <cstddef>
+#include <map>
 
 namespace velmorath {
 
@@ -27,12 +28,18 @@ public:
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
     void replace(const std::string& path, std::string_view bytes, Completion) override;
-    std::optional<Error> setAside(const std::string& path) override;
+    std::optional<Error> setAside(const std::string& path, std::string_view why) override;
+    std::optional<std::string> version(const std::string& path) override;
+    std::vector<std::string> copiesBeside(const std::string& path) override;
 
 private:
+    std::optional<Error> replaceNow(const std::string& path, std::string_view bytes);
+
     std::optional<std::string> m_documentDirectory;
     std::optional<std::string> m_defaultsFile;
     std::string m_resourceDirectory;
+    /// The version of each file that was read or replaced here last.
+    std::map<std::string, std::string> m_knownVersions;
 };
 
 } // namespace velmorath

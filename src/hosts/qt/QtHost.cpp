@@ -51,6 +51,11 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_screen(m_widget, m_motion)
     , m_textInput(m_widget, m_widget.texts())
     , m_files(PosixFiles::forUser(folders.resources))
+    , m_documentsWatch(QString::fromStdString(m_files.documentDirectory().value_or("")),
+          [this] {
+              if (m_client)
+                  m_client->documentsChanged();
+          })
     , m_effects(m_widget, QString::fromStdString(folders.soundLibrary))
 {
     AccessibleScreen::install();
@@ -89,6 +94,7 @@ void QtHost::attach(HostClient& client)
         m_widget.show();
     QObject::connect(
         m_widget.windowHandle(), &QWindow::visibilityChanged, &m_widget, [this] { updateState(); });
+    m_documentsWatch.lookNow();
 }
 
 void QtHost::detach()
@@ -118,6 +124,8 @@ void QtHost::updateState()
         return;
     m_state = state;
     m_client->stateChanged(state);
+    if (state == HostState::active)
+        m_documentsWatch.lookNow();
 }
 
 void QtHost::bringToFront(const std::string& activationToken)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DesktopCalls.h"
+#include "FolderWatch.h"
 #include "Host.h"
 #include "PosixFiles.h"
 #include "ProgramFolders.h"
@@ -52,6 +53,7 @@ private:
     QtScreen m_screen;
     QtTextInput m_textInput;
     PosixFiles m_files;
+    FolderWatch m_documentsWatch;
     QtLocale m_locale;
     QtEffects m_effects;
     QtConsole m_console;

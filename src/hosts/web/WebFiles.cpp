@@ -24,7 +24,7 @@ void WebFiles::replace(const std::string& path, std::string_view bytes, Completi
     pageReplaceFile(path.data(), path.size(), bytes.data(), bytes.size(), number);
 }
 
-std::optional<Error> WebFiles::setAside(const std::string& path)
+std::optional<Error> WebFiles::setAside(const std::string& path, std::string_view)
 {
     // Part of the write that follows: it fails with that one.
     pageSetFileAside(path.data(), path.size());

@@ -14,7 +14,9 @@ public:
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
     void replace(const std::string& path, std::string_view bytes, Completion) override;
-    std::optional<Error> setAside(const std::string& path) override;
+    std::optional<Error> setAside(const std::string& path, std::string_view why) override;
+    std::optional<std::string> version(const std::string&) override { return {}; }
+    std::vector<std::string> copiesBeside(const std::string&) override { return {}; }
 
     /// What became of a replacement, in words when it failed.
     void replaced(int number, std::string error);

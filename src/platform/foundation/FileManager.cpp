@@ -23,12 +23,17 @@ void FileManager::markUnreadable(const std::string& path)
     m_unreadable.insert(path);
 }
 
+void FileManager::markRead(const std::string& path)
+{
+    m_unreadable.erase(path);
+}
+
 void FileManager::replace(
     const std::string& path, std::string_view bytes, const std::function<void(bool)>& completion)
 {
     auto& files = Host::current().files();
     const bool isUnreadable = m_unreadable.contains(path);
-    if (isUnreadable && files.exists(path) && files.setAside(path)) {
+    if (isUnreadable && files.exists(path) && files.setAside(path, "unreadable")) {
         completion(false);
         return;
     }

@@ -19,6 +19,8 @@ public:
 
     /// To be said by whoever could read a file's bytes but could make nothing of them.
     void markUnreadable(const std::string& path);
+    /// By whoever could read it after all, and has everything that is in it.
+    void markRead(const std::string& path);
 
     /// The completion gets false when the bytes could not be written, or when an unreadable file could not
     /// be put aside. The old file is kept then. It is called once, now or before the next frame.

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmorath {
 
@@ -39,10 +40,19 @@ public:
     /// file.
     virtual void replace(const std::string& path, std::string_view bytes, Completion) = 0;
 
-    /// Moves a file out of the way, beside its old place, under a name that no other file has. Nothing
-    /// when it worked. Where replacements end later this is part of the next one: should that one fail,
-    /// the file is in its old place again.
-    virtual std::optional<Error> setAside(const std::string& path) = 0;
+    /// Moves a file out of the way, beside its old place, under a name that says why and that no other file
+    /// has. Nothing when it worked. Where replacements end later this is part of the next one: should that
+    /// one fail, the file is in its old place again.
+    virtual std::optional<Error> setAside(const std::string& path, std::string_view why) = 0;
+
+    /// Another text whenever somebody has put something else in the file's place. Nothing when there is no
+    /// file, and on machines where nobody else can: those need not have any of what follows.
+    virtual std::optional<std::string> version(const std::string& path) = 0;
+
+    /// Files beside this one that have its name with something more before the extension: who keeps files the
+    /// same on several machines leaves one where both had changed. So does replace(), when the file has been
+    /// replaced by somebody else since it was read or replaced here.
+    virtual std::vector<std::string> copiesBeside(const std::string& path) = 0;
 };
 
 } // namespace velmorath

@@ -49,6 +49,9 @@ public:
     /// now.
     virtual bool documentOpened(const Result<std::string>& file) = 0;
 
+    /// Another program may have changed the user's documents.
+    virtual void documentsChanged() = 0;
+
     /// The size changed, or how many pixels a point has: Screen knows it already. A frame follows.
     virtual void screenChanged() = 0;
 

@@ -200,6 +200,12 @@ bool UIApplication::documentOpened(const Result<std::string>& file)
     return m_delegate->applicationOpenDocument(*this, file);
 }
 
+void UIApplication::documentsChanged()
+{
+    if (!m_windows.empty())
+        m_delegate->applicationDocumentsChanged(*this);
+}
+
 void UIApplication::screenChanged()
 {
     if (m_windows.empty())

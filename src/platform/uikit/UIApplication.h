@@ -36,6 +36,8 @@ public:
     {
         return false;
     }
+    /// Another program may have changed the user's documents.
+    virtual void applicationDocumentsChanged(UIApplication&) { }
     /// The window of the main storyboard, when the platform has made it.
     virtual void setWindow(std::shared_ptr<UIWindow>) = 0;
 };
@@ -84,6 +86,7 @@ public:
     void scrolled(CGPoint location, CGVector by) override;
     bool keyPressed(const HostKeyPress&) override;
     bool documentOpened(const Result<std::string>& file) override;
+    void documentsChanged() override;
     void screenChanged() override;
     CGRect prepareFrame() override;
     void draw(CGContext&, const CGRect& area) override;

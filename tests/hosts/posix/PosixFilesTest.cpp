@@ -98,7 +98,7 @@ TEST_F(PosixFilesTest, ReportsFoldersThatCannotBeWritten)
         return; // Permissions do not stop the superuser.
     fs::permissions(m_folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
     EXPECT_TRUE(replace(m_path, "new"));
-    EXPECT_TRUE(m_files.setAside(m_path));
+    EXPECT_TRUE(m_files.setAside(m_path, "unreadable"));
     EXPECT_EQ(*m_files.read(m_path), "old");
     fs::permissions(m_folder.path(), fs::perms::none);
     EXPECT_TRUE(m_files.exists(m_path));
@@ -110,7 +110,7 @@ TEST_F(PosixFilesTest, RefusesWhatIsNotAFile)
     fs::create_directory(m_path);
     EXPECT_FALSE(m_files.read(m_path));
     EXPECT_TRUE(replace(m_path, "new"));
-    EXPECT_FALSE(m_files.setAside(m_path));
+    EXPECT_FALSE(m_files.setAside(m_path, "unreadable"));
     ASSERT_EQ(mkfifo(m_path.c_str(), 0600), 0);
     EXPECT_FALSE(m_files.read(m_path));
     EXPECT_TRUE(replace(m_path, "new"));
@@ -134,7 +134,7 @@ TEST_F(PosixFilesTest, FollowsLinksAndLeavesThemInPlace)
     ASSERT_FALSE(replace(m_path, "two"));
     EXPECT_TRUE(fs::is_symlink(m_path));
     EXPECT_EQ(*m_files.read(target), "two");
-    ASSERT_FALSE(m_files.setAside(m_path));
+    ASSERT_FALSE(m_files.setAside(m_path, "unreadable"));
     EXPECT_TRUE(fs::is_symlink(m_path));
     EXPECT_EQ(*m_files.read(target + ".unreadable"), "two");
 
@@ -147,12 +147,34 @@ TEST_F(PosixFilesTest, SetsAsideWithoutOverwriting)
 {
     for (auto text : {"one", "two", "three"}) {
         ASSERT_FALSE(replace(m_path, text));
-        ASSERT_FALSE(m_files.setAside(m_path));
+        ASSERT_FALSE(m_files.setAside(m_path, "unreadable"));
     }
-    EXPECT_TRUE(m_files.setAside(m_path));
+    EXPECT_TRUE(m_files.setAside(m_path, "unreadable"));
     EXPECT_EQ(*m_files.read(m_path + ".unreadable"), "one");
     EXPECT_EQ(*m_files.read(m_path + ".unreadable-2"), "two");
     EXPECT_EQ(*m_files.read(m_path + ".unreadable-3"), "three");
+}
+
+TEST_F(PosixFilesTest, KeepsWhatSomebodyElsePutThere)
+{
+    ASSERT_FALSE(replace(m_path, "ours"));
+    const auto version = m_files.version(m_path);
+    EXPECT_EQ(m_files.version(m_path), version);
+    replaceFromOutside(m_path, "their");
+    EXPECT_NE(m_files.version(m_path), version);
+    ASSERT_FALSE(replace(m_path, "ours"));
+    ASSERT_EQ(m_files.copiesBeside(m_path).size(), 1u);
+    EXPECT_EQ(*m_files.read(m_files.copiesBeside(m_path).front()), "their");
+
+    // What was read is known, and what only looks like a copy is none.
+    replaceFromOutside(m_path, "their");
+    EXPECT_TRUE(m_files.read(m_path));
+    ASSERT_FALSE(replace(m_path, "ours"));
+    fs::create_directory(m_files.copiesBeside(m_path).front() + "2");
+    EXPECT_EQ(m_files.copiesBeside(m_path).size(), 1u);
+    fs::remove(m_path);
+    EXPECT_FALSE(m_files.version(m_path));
+    EXPECT_TRUE(m_files.copiesBeside(m_folder.path() + "/none/notes.archive").empty());
 }
 
 TEST_F(PosixFilesTest, FindsTheUsersFolders)

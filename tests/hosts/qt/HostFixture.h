@@ -26,6 +26,7 @@ public:
         documents.push_back(file ? *file : "error");
         return true;
     }
+    void documentsChanged() override { ++documentChanges; }
     void screenChanged() override { ++screenChanges; }
     CGRect prepareFrame() override
     {
@@ -70,6 +71,7 @@ public:
     std::vector<CGVector> scrolls;
     std::vector<HostKeyPress> keys;
     std::vector<std::string> documents;
+    int documentChanges = 0;
     int screenChanges = 0;
     int frames = 0;
     std::function<void()> onFrame;

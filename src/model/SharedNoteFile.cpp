@@ -1,0 +1,115 @@
+#include "SharedNoteFile.h"
+#include "FileManager.h"
+#include "Host.h"
+#include "KeyedUnarchiver.h"
+#include "SalvoEPrelevoDatiDaFile.h"
+#include <algorithm>
+
+namespace velmorath {
+
+std::string SharedNoteFile::path()
+{
+    const auto folder = Host::current().files().documentDirectory();
+    return folder.value_or("") + "/" + std::string(SalvoEPrelevoDatiDaFile::fileName);
+}
+
+Result<Notes> SharedNoteFile::read()
+{
+    const Result<std::string> bytes = FileManager::standard().read(path());
+    if (!bytes)
+        return bytes.error();
+    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+    Result<Notes> notes = root ? notesIn(*root) : Result<Notes>(root.error());
+    if (notes)
+        FileManager::standard().markRead(path());
+    return notes;
+}
+
+void SharedNoteFile::setBase(const Notes& notes)
+{
+    m_base.resize(notes.size());
+    std::transform(notes.begin(), notes.end(), m_base.begin(), [](const auto& note) { return *note; });
+}
+
+Notes SharedNoteFile::load()
+{
+    m_version = Host::current().files().version(path());
+    Notes notes = SalvoEPrelevoDatiDaFile().UnarchiveResults();
+    if (m_version)
+        setBase(notes);
+    return notes;
+}
+
+bool SharedNoteFile::hasNews() const
+{
+    const auto version = Host::current().files().version(path());
+    return version && version != m_version && version != m_unreadableVersion;
+}
+
+void SharedNoteFile::save(const Notes& notes)
+{
+    Files& files = Host::current().files();
+    const auto found = files.version(path());
+    std::optional<Notes> withNews;
+    if (found && found != m_version) {
+        if (const auto theirs = read()) {
+            withNews.emplace();
+            for (const auto& [place, note] : mergeNotes(m_base, notes, *theirs))
+                withNews->push_back(std::make_shared<ToDoItem2>(note));
+        } else {
+            FileManager::standard().markUnreadable(path());
+        }
+    }
+    SalvoEPrelevoDatiDaFile().ArchiveResults(withNews ? *withNews : notes);
+    const auto written = files.version(path());
+    if (!written || written == found)
+        return;
+    // What is news for the list is so in comparison with what the list was when it was saved.
+    setBase(notes);
+    m_version = withNews ? std::nullopt : written;
+}
+
+Result<std::vector<MergedNote>> SharedNoteFile::takeNews(const Notes& notes)
+{
+    const auto found = Host::current().files().version(path());
+    const auto theirs = read();
+    if (!theirs) {
+        m_unreadableVersion = found;
+        return theirs.error();
+    }
+    auto merged = mergeNotes(m_base, notes, *theirs);
+    setBase(*theirs);
+    m_version = found;
+    return merged;
+}
+
+SharedNoteFile::Copies SharedNoteFile::takeCopies(const Notes& notes)
+{
+    Copies taken;
+    Notes all = notes;
+    for (const std::string& path : Host::current().files().copiesBeside(path())) {
+        const auto isThisOne = [&](const Copy& copy) { return copy.path == path; };
+        if (std::any_of(m_copies.begin(), m_copies.end(), isThisOne))
+            continue;
+        const Result<std::string> bytes = Host::current().files().read(path);
+        const Result<Notes> copy = bytes ? notesOfCopy(*bytes) : Result<Notes>(bytes.error());
+        m_copies.push_back({path, copy ? "merged" : "unreadable"});
+        if (!copy) {
+            taken.areReadable = false;
+            continue;
+        }
+        const Notes missing = notesMissing(all, *copy);
+        all.insert(all.end(), missing.begin(), missing.end());
+        taken.missing.insert(taken.missing.end(), missing.begin(), missing.end());
+    }
+    return taken;
+}
+
+void SharedNoteFile::setCopiesAside()
+{
+    // Those that cannot be moved are not taken again.
+    std::erase_if(
+        m_copies, [](const Copy& copy) { return !Host::current().files().setAside(copy.path, copy.what); });
+}
+
+} // namespace velmorath

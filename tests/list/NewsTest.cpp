@@ -1,0 +1,199 @@
+#include "KeyedArchiver.h"
+#include "ListTest.h"
+#include "ProgramState.h"
+#include "ReplaceFile.h"
+#include "UIApplication.h"
+#include <filesystem>
+
+namespace velmorath {
+namespace {
+
+/// Another machine and a synchroniser, which writes beside the notes' file and renames over it.
+class NewsTest : public ListTest {
+protected:
+    NewsTest() { host.files().setShared(true); }
+
+    std::string archiveOf(const Lines& texts)
+    {
+        std::vector<std::shared_ptr<ToDoItem2>> notes;
+        for (const std::string& text : texts) {
+            notes.push_back(std::make_shared<ToDoItem2>());
+            notes.back()->completed = text.starts_with("x ");
+            notes.back()->text = text.substr(notes.back()->completed ? 2 : 0);
+        }
+        return KeyedArchiver::archivedData(notes);
+    }
+    void putList(const Lines& texts) { replaceFromOutside(archivePath(host), archiveOf(texts)); }
+    void putCopy(const std::string& name, const std::string& bytes)
+    {
+        replaceFromOutside(*host.files().documentDirectory() + "/" + name, bytes);
+    }
+    void hear()
+    {
+        host.client().documentsChanged();
+        host.advance(1);
+    }
+};
+
+TEST_F(NewsTest, AReplacedListIsShownAndSaysNothing)
+{
+    set("appIconBadge", "true");
+    start({"One", "Two", "Three"});
+    const auto two = list().arrayNote[1];
+    takeLines();
+    putList({"Zero", "x Two", "Three and a half"});
+    EXPECT_EQ(notes(), (Lines{"One", "Two", "Three"})) << "nobody has said so";
+    hear();
+    EXPECT_EQ(shown(), (Lines{"Zero", "x Two", "Three and a half"}));
+    EXPECT_EQ(list().arrayNote[1], two);
+    EXPECT_EQ(badge(), 2);
+    EXPECT_EQ(countLines("ArchiveResults"), 0u);
+    EXPECT_EQ(host.effects().announced().back(), "The list was changed on another device.");
+}
+
+TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
+{
+    Lines texts;
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        texts.emplace_back(2, letter);
+    start(texts);
+    table().setContentOffset({0, 615});
+    host.press(HostKey::down);
+    host.advance(1);
+    const auto focused =
+        std::static_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
+    ASSERT_TRUE(focused);
+    const auto note = focused->toDoItem();
+    const CGFloat offset = table().contentOffset().y;
+    const Lines before = shown();
+    texts.erase(texts.begin() + 2);
+    texts.insert(texts.begin(), {"one", "two", "three"});
+    putList(texts);
+    hear();
+    EXPECT_EQ(shown(), before);
+    EXPECT_EQ(table().contentOffset().y, offset + 120);
+    const auto row =
+        std::static_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
+    EXPECT_EQ(row->toDoItem(), note);
+}
+
+TEST_F(NewsTest, TypingAGestureAndAScreenAreFinishedFirst)
+{
+    start({"One", "Two"});
+    tapWords(0);
+    host.textInput().replaceText("Uno");
+    putList({"One", "x Two"});
+    hear();
+    EXPECT_TRUE(host.textInput().isEditing());
+    type("Uno");
+    EXPECT_EQ(saved(), (Lines{"Uno", "x Two"}));
+    host.advance(1);
+    EXPECT_EQ(notes(), (Lines{"Uno", "x Two"}));
+
+    Finger finger = beginSwipe(0, 40);
+    putList({"Uno", "x Two", "Three"});
+    hear();
+    EXPECT_EQ(notes().size(), 2u);
+    finger.lift();
+    host.advance(1);
+    EXPECT_EQ(notes().size(), 3u);
+
+    tapBesideWords(0);
+    host.advance(1);
+    putList({"Uno", "x Two", "Three", "Four"});
+    hear();
+    EXPECT_EQ(notes().size(), 3u);
+    leavePresented();
+    host.advance(1);
+    EXPECT_EQ(notes().size(), 4u);
+}
+
+TEST_F(NewsTest, ASaveKeepsWhatItHasNotRead)
+{
+    start({"One", "Two", "Three"});
+    putList({"Zero", "One", "Two", "x Three"});
+    swipe(0, -200);
+    EXPECT_EQ(saved(), (Lines{"Zero", "Two", "x Three"}));
+    EXPECT_EQ(notes(), (Lines{"Two", "Three"})) << "nothing comes into the list in the middle of a gesture";
+    host.advance(2);
+    EXPECT_EQ(notes(), (Lines{"Zero", "Two", "x Three"}));
+    host.press(HostKey::undo);
+    host.advance(2);
+    EXPECT_EQ(saved(), notes());
+    EXPECT_EQ(notes().size(), 4u);
+    relaunch();
+    EXPECT_EQ(notes().size(), 4u);
+}
+
+TEST_F(NewsTest, WhatCannotBeReadIsToldOnceAndPutAside)
+{
+    start({"One", "Two"});
+    replaceFromOutside(archivePath(host), "half a fi");
+    hear();
+    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
+    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
+    host.press(HostKey::escape);
+    host.advance(1);
+    hear();
+    EXPECT_FALSE(presented());
+    swipe(0, 200);
+    host.advance(1);
+    EXPECT_EQ(saved(), (Lines{"x One", "Two"}));
+    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", "noteSalvate.archive.unreadable"}));
+    // One that goes away is no list to take.
+    std::filesystem::remove(archivePath(host));
+    hear();
+    EXPECT_EQ(notes(), (Lines{"x One", "Two"}));
+    putList({"x One", "Two", "Three"});
+    hear();
+    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
+    EXPECT_EQ(filesInDocuments().size(), 2u);
+}
+
+TEST_F(NewsTest, CopiesOfConflictsComeOnTopAsOneStep)
+{
+    start({"One", "Two"});
+    putCopy("noteSalvate.sync-conflict-20261123-110000-ABCDEFG.archive", archiveOf({"One", "Uno"}));
+    putCopy("noteSalvate (conflicted copy).archive", archiveOf({"Due", "Two", "Uno"}));
+    putCopy("noteSalvate.archive.tmp", "unfinished");
+    hear();
+    EXPECT_EQ(saved(), (Lines{"Due", "Uno", "One", "Two"}));
+    EXPECT_EQ(filesInDocuments(),
+        (Lines{"noteSalvate (conflicted copy).archive.merged", "noteSalvate.archive",
+            "noteSalvate.archive.tmp", "noteSalvate.sync-conflict-20261123-110000-ABCDEFG.archive.merged"}));
+    host.press(HostKey::undo);
+    host.advance(1);
+    hear();
+    EXPECT_EQ(saved(), (Lines{"One", "Two"}));
+
+    // One that cannot be moved is not taken again and again.
+    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) {
+        return operation == HeadlessFiles::Operation::setAside ? std::optional(Error{"no"}) : std::nullopt;
+    });
+    putCopy("noteSalvate.sync-conflict-2.archive", archiveOf({"Tre"}));
+    hear();
+    host.press(HostKey::undo);
+    host.advance(1);
+    hear();
+    EXPECT_EQ(saved(), (Lines{"One", "Two"}));
+}
+
+TEST_F(NewsTest, ASaveThatFailsKeepsWhatBothSidesDid)
+{
+    start({"One", "Two"});
+    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) {
+        return operation == HeadlessFiles::Operation::replace ? std::optional(Error{"full"}) : std::nullopt;
+    });
+    swipe(0, 200);
+    host.advance(1);
+    host.files().setFault(nullptr);
+    putList({"One", "Two", "Three"});
+    hear();
+    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
+    swipe(1, 200);
+    host.advance(1);
+    EXPECT_EQ(saved(), (Lines{"x One", "x Two", "Three"}));
+}
+
+} // namespace
+} // namespace velmorath
