@@ -19,6 +19,8 @@ WebHost& host()
 
 std::string s_outgoing;
 
+constexpr auto unreadable = "it cannot be read";
+
 } // namespace
 
 extern "C" {
@@ -148,11 +150,16 @@ extern "C" {
     return host().client().documentOpened(IncomingBytes::take(length));
 }
 
+[[clang::export_name("unreadableDocumentDropped")]] bool unreadableDocumentDropped()
+{
+    return host().client().documentOpened(Error{unreadable});
+}
+
 /// None was chosen, or it cannot be read.
 [[clang::export_name("documentNotOpened")]] void documentNotOpened(bool isUnreadable)
 {
     using File = Result<std::optional<std::string>>;
-    host().documents().opened(isUnreadable ? File(Error{"it cannot be read"}) : File(std::nullopt));
+    host().documents().opened(isUnreadable ? File(Error{unreadable}) : File(std::nullopt));
 }
 
 /// Returns where the text begins; outgoingLength() is how many bytes it has.

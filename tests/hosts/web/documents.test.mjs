@@ -43,6 +43,13 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
     });
     await list.page.dispatchEvent("body", "drop", { dataTransfer });
     await list.untilKept("Dropped", "New", "One", "x Two");
+    await list.page.evaluate(() => {
+        File.prototype.arrayBuffer = () => Promise.reject(new DOMException("gone", "NotReadableError"));
+    });
+    await list.page.dispatchEvent("body", "drop", { dataTransfer });
+    await list.tab.until("it is told", () => document.body.textContent.includes("The file cannot be read."));
+    await list.tapOn("OK");
+    await list.untilKept("Dropped", "New", "One", "x Two");
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {

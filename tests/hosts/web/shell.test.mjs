@@ -52,7 +52,7 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
     await tab.page.reload({ waitUntil: "networkidle" });
     await tab.page.goto(`${site.address}index.html?from=elsewhere`, { waitUntil: "networkidle" });
     const missing = await tab.page.evaluate(async () => {
-        const names = await (await fetch("resources/index.json")).json();
+        const names = Object.keys(await (await fetch("resources/index.json")).json());
         const files = ["velmorath.wasm", ...names.map((name) => `resources/${name}`)];
         const answers = await Promise.all(files.map((file) => fetch(file)));
         return answers.filter(({ ok }) => !ok).map(({ url }) => url);

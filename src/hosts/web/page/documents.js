@@ -67,7 +67,8 @@ export class Documents {
 /**
  * A file that is dropped on the page goes to the program: left to the browser, it would take the place of the page.
  * Text that is dragged inside an editor is the editor's affair.
- * @param {(bytes: Uint8Array) => void} use
+ * `use` gets what is in it, or undefined when it cannot be read.
+ * @param {(bytes: Uint8Array | undefined) => void} use
  */
 export function listenToFiles(use) {
     const hasFiles = (/** @type {DragEvent} */ event) => event.dataTransfer?.types.includes("Files") === true;
@@ -76,8 +77,7 @@ export function listenToFiles(use) {
         const file = hasFiles(event) && event.dataTransfer?.files[0];
         if (file) {
             event.preventDefault();
-            // What cannot be read is told as what is no text.
-            use((await contents(file)) ?? new Uint8Array(1));
+            use(await contents(file));
         }
     });
 }

@@ -1,5 +1,6 @@
 /** What reaches the user other than by the screen. A browser that lacks a service is silent about it. */
 
+import { hasHappened, rememberThat } from "./memory.js";
 import { part } from "./parts.js";
 
 const buzz = 15;
@@ -9,6 +10,7 @@ const latestSound = 300;
 const silence = 5000;
 /** Milliseconds for which a screen reader can look up what was said. */
 const hearingTime = 5000;
+const askedToNotify = "has asked to notify";
 
 /** What came of a promise does not matter. @param {Promise<unknown> | undefined} promise */
 function ignoringFailure(promise) {
@@ -40,7 +42,16 @@ export class Effects {
         const answer = this.#pendingPermission;
         this.#pendingPermission = null;
         if (answer) {
-            Notification.requestPermission().then((state) => answer(state === "granted"), () => answer(false));
+            rememberThat(askedToNotify);
+            ignoringFailure(this.#askToNotify(answer));
+        }
+    }
+
+    /** @param {(granted: boolean) => void} answer */
+    async #askToNotify(answer) {
+        const state = await Notification.requestPermission();
+        if (state !== "default") {
+            answer(state === "granted");
         }
     }
 
@@ -136,13 +147,16 @@ export class Effects {
         return [model ?? "", "", system ?? navigator.platform ?? "", (version ?? "").replaceAll("_", ".")];
     }
 
-    /** Asks at the next touch, when it was not answered before. @param {(granted: boolean) => void} answer */
+    /**
+     * Asks at the next touch. Who gave no answer then is not asked again, and there is none.
+     * @param {(granted: boolean) => void} answer
+     */
     requestPermission(answer) {
         if (!globalThis.Notification) {
             answer(true);
         } else if (Notification.permission !== "default") {
             answer(Notification.permission === "granted");
-        } else {
+        } else if (!hasHappened(askedToNotify)) {
             this.#pendingPermission = answer;
         }
     }

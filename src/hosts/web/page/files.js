@@ -1,5 +1,7 @@
 /** The program's files: the user's in the browser's storage, its own from where the page comes from. */
 
+import { laterPicture } from "./pictures.js";
+
 /** @import { Storage } from "./storage.js" */
 
 const resourceFolder = "/resources/";
@@ -10,21 +12,35 @@ function wantedTables(languages) {
     return new Set(tags.map((tag) => `strings/${tag}.strings`));
 }
 
+/** @param {string} name */
+async function load(name) {
+    const response = await fetch(`resources/${name}`);
+    if (!response.ok) {
+        throw new Error(`${name}: ${response.status}`);
+    }
+    return response;
+}
+
 /**
- * Fetches those of the program's own files that it reads: pictures, and texts in these languages.
- * @param {string[]} names @param {string[]} languages
+ * Fetches those of the program's own files that it reads from the start: symbols, and texts in these languages.
+ * A large picture, whose size is known, is fetched when the program asks for it.
+ * @param {string[]} languages
  */
-export async function loadResources(names, languages) {
+export async function loadResources(languages) {
     const tables = wantedTables(languages);
+    /** @type {[string, [number, number] | null][]} */
+    const index = Object.entries(await (await load("index.json")).json());
     /** @type {Map<string, Uint8Array | null>} */
-    const resources = new Map(names.map((name) => [resourceFolder + name, null]));
-    const read = names.filter((name) => name.startsWith("pictures/") || tables.has(name));
-    await Promise.all(read.map(async (name) => {
-        const response = await fetch(`resources/${name}`);
-        if (!response.ok) {
-            throw new Error(`${name}: ${response.status}`);
+    const resources = new Map();
+    await Promise.all(index.map(async ([name, size]) => {
+        const path = resourceFolder + name;
+        if (size) {
+            resources.set(path, laterPicture(`resources/${name}`, ...size));
+        } else if (name.startsWith("pictures/") || tables.has(name)) {
+            resources.set(path, new Uint8Array(await (await load(name)).arrayBuffer()));
+        } else {
+            resources.set(path, null);
         }
-        resources.set(resourceFolder + name, new Uint8Array(await response.arrayBuffer()));
     }));
     return resources;
 }

@@ -15,7 +15,7 @@ import { part } from "./parts.js";
 import { Painter } from "./painter.js";
 import { Pictures } from "./pictures.js";
 import { Pointer } from "./pointer.js";
-import { Program } from "./program.js";
+import { loadModule, Program } from "./program.js";
 import { Screen } from "./screen.js";
 import { openStorage } from "./storage.js";
 import { holdList } from "./tab.js";
@@ -100,7 +100,9 @@ function connect(program, { screen, editor, mirror, menu }) {
         pointer.cancelMouse();
         tellState();
     });
-    listenToFiles((bytes) => program.call("documentDropped", program.send(bytes)));
+    listenToFiles((bytes) => (bytes
+        ? program.call("documentDropped", program.send(bytes))
+        : program.call("unreadableDocumentDropped")));
     document.addEventListener("visibilitychange", () => {
         if (document.hidden) {
             // The system may end a page that is out of sight without a word.
@@ -119,29 +121,36 @@ function connect(program, { screen, editor, mirror, menu }) {
     screen.observe();
 }
 
-/** @param {Hold} hold @param {Storage} storage */
-async function run(hold, storage) {
+/** What the program is made of. It comes while the list is taken and read. */
+function beginLoading() {
+    const parts = { module: loadModule("velmorath.wasm"), resources: loadResources(locale.languages()) };
+    for (const promise of Object.values(parts)) {
+        // Told when it is needed.
+        promise.catch(() => {});
+    }
+    return parts;
+}
+
+/** @param {Hold} hold @param {Storage} storage @param {ReturnType<typeof beginLoading>} parts */
+async function run(hold, storage, parts) {
     const canvas = /** @type {HTMLCanvasElement} */ (part("screen"));
     const screen = new Screen(canvas);
     const texts = new Texts(screen, part("measure"));
-    const pictures = new Pictures((decoded) => screen.holdFrames(decoded));
+    const pictures = new Pictures((decoded) => screen.holdFrames(decoded), () => screen.requestWholeFrame());
     const editor = new Editor(part("editors"), texts, screen);
-    const code = fetch("velmorath.wasm");
-    const index = await fetch("resources/index.json");
-    const resources = await loadResources(await index.json(), locale.languages());
     const services = {
         screen,
         texts,
         pictures,
         editor,
         painter: new Painter(canvas, texts, pictures),
-        files: new Files(resources, storage, (written) => screen.holdFrames(written)),
+        files: new Files(await parts.resources, storage, (written) => screen.holdFrames(written)),
         clock: new Clock(() => program.call("wake")),
         effects: new Effects(),
         documents: new Documents(),
         locale,
     };
-    const program = await Program.load(code, services);
+    const program = await Program.load(await parts.module, services);
     if (hold.isLost) {
         return;
     }
@@ -156,6 +165,7 @@ async function run(hold, storage) {
     program.call("start");
     connect(program, { screen, editor, mirror, menu });
     screen.requestFrame();
+    await screen.painted;
 }
 
 /** Resolves when the list is this tab's. @param {Hold} hold */
@@ -175,6 +185,7 @@ async function start() {
         showNotice({ title: say.unsupported, text: say.unsupportedText });
         return;
     }
+    const parts = beginLoading();
     const hold = new Hold();
     /** @type {Storage} */
     let storage;
@@ -192,7 +203,7 @@ async function start() {
     }
     storage.onLost = () => hold.letGo();
     try {
-        await run(hold, storage);
+        await run(hold, storage, parts);
     } catch (error) {
         console.error(error);
         showNotice({ title: say.notLoaded, text: say.notLoadedText, details: error.message, button: say.tryAgain, onButton: reload });

@@ -1,5 +1,35 @@
 /** Pictures under the numbers by which the program calls them. */
 
+/** A PNG file has "IHDR" there. */
+const laterMark = new TextEncoder().encode("LATE");
+const markPlace = 12;
+const headLength = 24;
+
+/** Milliseconds until a picture that could not be fetched is asked for again. */
+const patience = 5000;
+
+/**
+ * What the program gets of a picture that is fetched when it is used: the head of a PNG file, which says its size,
+ * and its address.
+ * @param {string} address @param {number} width @param {number} height
+ */
+export function laterPicture(address, width, height) {
+    const bytes = new Uint8Array([...new Uint8Array(headLength), ...new TextEncoder().encode(address)]);
+    const view = new DataView(bytes.buffer);
+    view.setUint32(0, 0x89504e47);
+    view.setUint32(4, 0x0d0a1a0a);
+    bytes.set(laterMark, markPlace);
+    view.setUint32(16, width);
+    view.setUint32(20, height);
+    return bytes;
+}
+
+/** Where the picture is that these bytes stand for; null when they are the picture. @param {Uint8Array} bytes */
+function laterAddress(bytes) {
+    const isLater = laterMark.every((value, place) => bytes[markPlace + place] === value);
+    return isLater ? new TextDecoder().decode(bytes.subarray(headLength)) : null;
+}
+
 /** The size that a PNG or JPEG file says it has; null when it is neither. @param {Uint8Array} bytes */
 function pictureSize(bytes) {
     const view = new DataView(bytes.buffer, bytes.byteOffset, bytes.byteLength);
@@ -27,14 +57,17 @@ export class Pictures {
     /** @type {Map<number, ImageBitmap | null>} */
     #bitmaps = new Map();
     #lastNumber = 0;
-    #whileDecoding;
+    #holdFrames;
+    #onArrival;
 
     /**
-     * The function gets a promise that is settled when a picture is decoded, or turned out to be none.
-     * @param {(decoded: Promise<void>) => void} whileDecoding
+     * `holdFrames` gets a promise that is settled when a picture is decoded, or turned out to be none; `onArrival` is
+     * called when one has been fetched that others were not to wait for.
+     * @param {(decoded: Promise<void>) => void} holdFrames @param {() => void} onArrival
      */
-    constructor(whileDecoding) {
-        this.#whileDecoding = whileDecoding;
+    constructor(holdFrames, onArrival) {
+        this.#holdFrames = holdFrames;
+        this.#onArrival = onArrival;
     }
 
     /** Its number and size; null when the bytes are no picture. @param {Uint8Array<ArrayBuffer>} bytes */
@@ -45,13 +78,46 @@ export class Pictures {
         }
         const number = ++this.#lastNumber;
         this.#bitmaps.set(number, null);
-        const decoded = createImageBitmap(new Blob([bytes]), { imageOrientation: "none" }).then((bitmap) => {
-            if (this.#bitmaps.has(number)) {
-                this.#bitmaps.set(number, bitmap);
-            }
-        });
-        this.#whileDecoding(decoded);
+        const address = laterAddress(bytes);
+        if (address) {
+            this.#fetch(number, address);
+        } else {
+            this.#holdFrames(this.#take(number, new Blob([bytes])).catch((error) => {
+                console.error(`A picture cannot be read: ${error.message}`);
+            }));
+        }
         return { number, ...size };
+    }
+
+    /** @param {number} number @param {Blob} file */
+    async #take(number, file) {
+        const bitmap = await createImageBitmap(file);
+        if (this.#bitmaps.has(number)) {
+            this.#bitmaps.set(number, bitmap);
+        } else {
+            bitmap.close();
+        }
+    }
+
+    // For as long as the program has a use for it.
+    /** @param {number} number @param {string} address */
+    async #fetch(number, address) {
+        while (this.#bitmaps.has(number)) {
+            try {
+                const response = await fetch(address);
+                if (!response.ok) {
+                    throw new Error(String(response.status));
+                }
+                await this.#take(number, await response.blob());
+                this.#onArrival();
+                return;
+            } catch (error) {
+                console.error(`The picture ${address} cannot be read: ${error.message}`);
+            }
+            await new Promise((resolve) => {
+                setTimeout(resolve, patience);
+            });
+        }
     }
 
     /** @param {number} number */

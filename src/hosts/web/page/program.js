@@ -31,14 +31,14 @@ export class Program {
      */
     onFatal = () => {};
 
-    /** @param {Promise<Response>} source @param {Page} page */
-    static async load(source, page) {
+    /** @param {WebAssembly.Module} module @param {Page} page */
+    static async load(module, page) {
         const program = new Program();
         const imports = {
             env: { ...imported(program, page), emscripten_notify_memory_growth() {} },
             wasi_snapshot_preview1: program.#system(),
         };
-        const { instance } = await instantiate(source, imports);
+        const instance = await WebAssembly.instantiate(module, imports);
         program.#exports = instance.exports;
         program.#exports._initialize();
         return program;
@@ -146,18 +146,18 @@ export class Program {
     }
 }
 
-/** @param {Promise<Response>} source @param {WebAssembly.Imports} imports */
-async function instantiate(source, imports) {
-    const response = await source;
+/** Fetches and compiles the module. @param {string} address @returns {Promise<WebAssembly.Module>} */
+export async function loadModule(address) {
+    const response = await fetch(address);
     if (!response.ok) {
         throw new Error(`${response.url}: ${response.status}`);
     }
     // A server that does not know the type, and an old browser, get the longer way.
     const isTyped = response.headers.get("Content-Type")?.startsWith("application/wasm");
-    if (isTyped && WebAssembly.instantiateStreaming) {
-        return WebAssembly.instantiateStreaming(response, imports);
+    if (isTyped && WebAssembly.compileStreaming) {
+        return WebAssembly.compileStreaming(response);
     }
-    return WebAssembly.instantiate(await response.arrayBuffer(), imports);
+    return WebAssembly.compile(await response.arrayBuffer());
 }
 
 /** @param {Program} program @param {Page} page @returns {Record<string, (...values: any[]) => any>} */

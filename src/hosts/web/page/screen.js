@@ -16,6 +16,11 @@ export class Screen {
     #isScheduled = false;
     #holds = 0;
     #mustPaintAll = true;
+    #onPainted = () => {};
+    /** Resolves when there is something on the canvas. @type {Promise<void>} */
+    painted = new Promise((resolve) => {
+        this.#onPainted = resolve;
+    });
     #stillness = matchMedia("(prefers-reduced-motion: reduce)");
     width = 1;
     height = 1;
@@ -96,6 +101,7 @@ export class Screen {
         const everything = this.#mustPaintAll;
         this.#mustPaintAll = false;
         this.onFrame(everything);
+        this.#onPainted();
         this.onFrameDone();
     }
 
