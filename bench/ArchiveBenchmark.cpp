@@ -4,8 +4,8 @@
 #include "FileManager.h"
 #include "HeadlessHost.h"
 #include "KeyedArchiver.h"
-#include "KeyedUnarchiver.h"
 #include "ManyNotes.h"
+#include "SharedNoteFile.h"
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -18,6 +18,7 @@ public:
     BenchHost()
         : HeadlessHost({})
     {
+        files().setShared(true);
     }
 
     std::string path() { return *files().documentDirectory() + "/noteSalvate.archive"; }
@@ -56,12 +57,11 @@ void save(benchmark::State& state)
 {
     BenchHost host;
     auto notes = manyNotes(static_cast<int>(state.range(0)));
-    for (auto _ : state) {
-        KeyedArchiver::archiveRootObject(notes, host.path(), [&](bool success) {
-            if (!success)
-                state.SkipWithError("cannot save");
-        });
-    }
+    SharedNoteFile file;
+    for (auto _ : state)
+        file.save(notes);
+    if (host.console().lines().back() != "Success writing to file!")
+        state.SkipWithError("cannot save");
     countBytes(state, host.files().read(host.path())->size());
 }
 
@@ -85,19 +85,18 @@ void load(benchmark::State& state)
     ToDoItem2::enterInUnarchiver();
     auto notes = manyNotes(static_cast<int>(state.range(0)));
     put(state, host, KeyedArchiver::archivedData(notes));
-    std::size_t size = 0;
     for (auto _ : state) {
-        auto bytes = FileManager::standard().read(host.path());
-        auto root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-        if (!root || root->array()->size() != notes.size())
-            state.SkipWithError("cannot load");
-        size = bytes->size();
+        auto file = std::make_unique<SharedNoteFile>();
+        Notes loaded = file->load();
         // The program keeps its list.
         state.PauseTiming();
-        root = ArchivedValue();
+        if (loaded.size() != notes.size())
+            state.SkipWithError("cannot load");
+        loaded.clear();
+        file.reset();
         state.ResumeTiming();
     }
-    countBytes(state, size);
+    countBytes(state, host.files().read(host.path())->size());
 }
 
 BENCHMARK(writeRaw)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -4,6 +4,7 @@
 #include "KeyedArchiver.h"
 #include "Main.h"
 #include "ProgramState.h"
+#include "ReplaceFile.h"
 #include "RowLook.h"
 #include "Settings.h"
 #include "UIApplication.h"
@@ -62,6 +63,7 @@ SessionWatch::SessionWatch()
     : m_tells(std::getenv("VELMORATH_TELL"))
 {
     forgetProgramState();
+    host.files().setShared(true);
 }
 
 SessionWatch::~SessionWatch()
@@ -177,11 +179,13 @@ void SessionWatch::compareNotes()
     const std::vector<std::string>& lines = host.console().lines();
     auto added = std::count(lines.begin(), lines.end(), "toDoItemAddedAtIndex");
     noteWrites();
-    // What is taken back or done again, and a copy that is opened, changes any notes in any way.
+    // What is taken back or done again, a copy that is opened and another machine change any notes in any
+    // way.
     const std::vector<std::string>& announced = host.effects().announced();
     const bool isStep = std::any_of(announced.begin() + static_cast<std::ptrdiff_t>(m_heard), announced.end(),
         [](const std::string& text) {
-            return text.starts_with("Undone") || text.starts_with("Redone") || text == "Open a copy";
+            return text.starts_with("Undone") || text.starts_with("Redone") || text == "Open a copy"
+                || text == "The list was changed on another device.";
         });
     m_heard = announced.size();
     std::size_t removed = 0;
@@ -332,6 +336,35 @@ void SessionWatch::setDiskFails(bool fails)
         });
 }
 
+void SessionWatch::changeFromOutside(std::size_t kind, std::size_t place, bool isCopy)
+{
+    Notes notes = savedNotes(host).value_or(Notes{});
+    std::erase_if(notes, [](const auto& note) { return isEmpty(*note); });
+    if (kind == 0 || notes.empty()) {
+        notes.insert(notes.begin() + static_cast<std::ptrdiff_t>(place % (notes.size() + 1)),
+            std::make_shared<ToDoItem2>());
+        for (const auto& note : notes)
+            note->text = note->text.value_or("of another machine");
+    } else {
+        const auto note = notes.begin() + static_cast<std::ptrdiff_t>(place % notes.size());
+        if (kind == 1)
+            notes.erase(note);
+        else if (kind == 2)
+            (*note)->completed = !(*note)->completed;
+        else if (kind == 3)
+            (*note)->text->append(" there");
+        else
+            std::rotate(notes.begin(), note, note + 1);
+    }
+    const std::string archive = archivePath(host);
+    replaceFromOutside(
+        isCopy ? archive + ".sync-conflict.archive" : archive, KeyedArchiver::archivedData(notes));
+    m_hasNews = m_hadNews = true;
+    if (m_tells)
+        std::fprintf(stderr, "%zu %zu %d ", kind, place, isCopy);
+    act("another machine", [&] { host.client().documentsChanged(); });
+}
+
 bool SessionWatch::wasEmptyAtStart(const std::shared_ptr<ToDoItem2>& note) const
 {
     return std::any_of(m_first.begin(), m_first.end(),
@@ -348,8 +381,9 @@ void SessionWatch::restart(Fingers& fingers)
         std::erase_if(kept, [this](const auto& note) { return isEmpty(*note) && !wasEmptyAtStart(note); });
         forgetProgramState();
         launch();
-        require(
-            !m_isInFile || areEqual(list().arrayNote, kept), "a note was lost or changed between two starts");
+        require(!m_isInFile || m_hasNews || areEqual(list().arrayNote, kept),
+            "a note was lost or changed between two starts");
+        m_hasNews = m_hadNews = false;
         m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
     });
     fingers.clear();
@@ -375,9 +409,12 @@ void SessionWatch::comeToRest(Fingers& fingers)
     };
     for (const auto& note : list().arrayNote)
         require(!isEmpty(*note) || wasEmpty(note), "an empty note is in the list");
-    checkFile();
-    if (list().presentedViewController())
+    if (list().presentedViewController()) {
+        require(m_hasNews || isListInFile(), "the file is not the list");
         return;
+    }
+    m_hasNews = false;
+    require(isListInFile(), "the file is not the list");
     checkRows();
     act("open", [&] { list().Info(); });
     advance(1);
@@ -412,16 +449,16 @@ void SessionWatch::takeAllBack(Fingers& fingers)
     m_datesEdited.clear();
     comeToRest(fingers);
     m_step = "take all back";
-    require(steps >= UndoManager::levelsOfUndo || listNow() == m_first, "it is not the list of the start");
+    require(m_hadNews || steps >= UndoManager::levelsOfUndo || listNow() == m_first,
+        "it is not the list of the start");
     for (std::size_t i = 0; i < steps; ++i)
         require(press(HostKey::redo), "a step cannot be done again");
     comeToRest(fingers);
 }
 
-void SessionWatch::checkFile()
+bool SessionWatch::isListInFile()
 {
-    require(!m_isInFile || areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote),
-        "the file is not the list");
+    return !m_isInFile || areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
 }
 
 void SessionWatch::checkBadge()

@@ -35,6 +35,9 @@ public:
     /// Anything else that happens.
     void act(const char* name, const std::function<void()>&);
     void setDiskFails(bool);
+    /// Another machine adds a note, deletes, completes, edits or moves one, and a synchroniser brings that:
+    /// as the list, or as a copy beside it.
+    void changeFromOutside(std::size_t kind, std::size_t place, bool isCopy);
     /// The program ends, and starts again over the same files.
     void restart(Fingers&);
     /// Lifts the fingers, ends the typing, lets three seconds pass, and looks at everything.
@@ -70,7 +73,7 @@ private:
     void compareNotes();
     void watchGestures(bool isLift);
     void checkRows();
-    void checkFile();
+    bool isListInFile();
     void checkBadge();
     void require(bool, const std::string& what) const;
 
@@ -91,6 +94,9 @@ private:
     bool m_wasPinching = false;
     bool m_pinchWasTakenAway = false;
     bool m_isInFile = true;
+    /// Others changed the file: since the list was looked at last at rest, and since the start.
+    bool m_hasNews = false;
+    bool m_hadNews = false;
     /// How many of the announcements were looked at.
     std::size_t m_heard = 0;
     /// What the list was at the start of the program.

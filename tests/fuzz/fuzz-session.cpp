@@ -171,13 +171,18 @@ private:
 
     void rarer()
     {
-        switch (m_bytes.below(4)) {
+        switch (m_bytes.below(8)) {
         case 0:
+        case 4:
             return m_watch.act("draw", [&] { m_watch.host.draw(); });
         case 1:
+        case 5:
             return m_watch.press({HostKey::undo});
         case 2:
+        case 6:
             return m_watch.press({HostKey::redo});
+        case 3:
+            return m_watch.changeFromOutside(m_bytes.below(5), m_bytes.below(32), m_bytes.below(4) == 0);
         default:
             return m_watch.act("file",
                 [&] { m_watch.host.documents().setFile(std::optional<std::string>(m_bytes.oneOf(files))); });

@@ -18,6 +18,7 @@ inline std::optional<Error> replaceFile(Files& files, const std::string& path, s
 inline void replaceFromOutside(const std::string& path, std::string_view bytes)
 {
     const std::string beside = path + ".tmp";
+    std::filesystem::create_directories(std::filesystem::path(path).parent_path());
     std::ofstream(beside) << bytes;
     std::filesystem::rename(beside, path);
 }
