@@ -4,7 +4,7 @@
 root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 jobs=$(nproc)
 
-packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libicu-dev
+packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev qt6-wayland libicu-dev
     gstreamer1.0-plugins-good fonts-noto-core fonts-dejavu-core fonts-noto-color-emoji)
 web_packages=(emscripten cmake ninja-build python3)
 

@@ -4,8 +4,10 @@
 #include "QtImage.h"
 #include <QApplication>
 #include <QIcon>
+#include <QThread>
 #include <QWindow>
 #include <cstdlib>
+#include <utility>
 
 namespace velmorath {
 
@@ -27,17 +29,39 @@ bool isPhone()
 struct RunningLoop {
     QtHost* host = nullptr;
 
-    ~RunningLoop()
+    ~RunningLoop() { breakOff(); }
+
+    void breakOff()
     {
         if (!host)
             return;
-        host->detach();
+        std::exchange(host, nullptr)->detach();
         // What is left of the window cannot be taken down in order any more.
         std::_Exit(EXIT_FAILURE);
     }
 };
 
 thread_local RunningLoop s_loop;
+
+QtMessageHandler s_print = nullptr;
+
+/// Under Wayland Qt ends the process with _exit(), which runs nothing more, and does so on whatever thread noticed
+/// first. That it says so before, in these words, is the only sign.
+void didHear(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    s_print(type, context, message);
+    if (!message.startsWith(QLatin1String("The Wayland connection")))
+        return;
+    if (QThread::currentThread() == qApp->thread()) {
+        s_loop.breakOff();
+        return;
+    }
+    QMetaObject::invokeMethod(
+        qApp, [] { s_loop.breakOff(); }, Qt::QueuedConnection);
+    // The process ends meanwhile, unless the other thread hangs.
+    constexpr unsigned long longestWait = 5;
+    QThread::sleep(longestWait);
+}
 
 } // namespace
 
@@ -78,9 +102,11 @@ int QtHost::run(HostClient& client)
     attach(client);
     const EndSignals signals([] { QCoreApplication::exit(); });
     s_loop.host = this;
+    s_print = qInstallMessageHandler(didHear);
     const int code = QApplication::exec();
     s_loop.host = nullptr;
     detach();
+    qInstallMessageHandler(s_print);
     return code;
 }
 

@@ -155,11 +155,12 @@ void ScreenWidget::requestFrame()
 
 void ScreenWidget::scheduleFrame()
 {
-    if (displayPacesFrames()) {
+    // A display answers what it was given: after a frame that painted nothing it would answer at once.
+    if (displayPacesFrames() && m_lastFramePainted) {
         windowHandle()->requestUpdate();
         return;
     }
-    // Elsewhere Qt knows the display's rate, but not its beat.
+    // Otherwise Qt knows the display's rate, but not its beat.
     const double rate = std::clamp(screen()->refreshRate(), 30.0, 240.0);
     const double wait = m_lastFrame + 1 / rate - m_clock.now();
     m_frameTimer.start(std::max(0, static_cast<int>(std::lround(wait * 1000))));
@@ -172,7 +173,8 @@ void ScreenWidget::makeFrame()
     m_frameWanted = false;
     m_lastFrame = m_clock.now();
     const CGRect damage = m_client->prepareFrame();
-    if (!damage.isEmpty())
+    m_lastFramePainted = !damage.isEmpty();
+    if (m_lastFramePainted)
         repaint(pointsAround(damage));
     m_mirror.frameMade(m_frameWanted, m_lastFrame);
 }

@@ -64,6 +64,7 @@ private:
     Fingers m_fingers;
     QTimer m_frameTimer;
     double m_lastFrame = 0;
+    bool m_lastFramePainted = false;
     double m_scale = 0;
     bool m_frameWanted = false;
 };

@@ -12,7 +12,8 @@ import subprocess
 import sys
 import tempfile
 
-from window import wait_for, xdotool
+from window import wait_for
+from x11 import xdotool
 
 NAME = "org.velmorath.velmorath"
 

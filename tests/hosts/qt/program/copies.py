@@ -9,7 +9,7 @@ import sys
 import tempfile
 import time
 
-from window import Program, wait_for, xdotool
+from window import Program, wait_for
 
 WIDTH, HEIGHT = 375, 667
 SHARE, UNDO = (WIDTH - 84, HEIGHT - 28), (84, HEIGHT - 28)
@@ -26,7 +26,7 @@ def choose(program, choice, path):
     time.sleep(0.6)
     program.tap(*choice)
     time.sleep(1)
-    xdotool("key", "ctrl+a")
+    program.key("ctrl+a")
     program.type(path)
     program.key("Return")
     time.sleep(0.3)

@@ -10,7 +10,7 @@ import sys
 import tempfile
 import time
 
-from window import Program, xdotool
+from window import SCREEN, Program
 
 
 def main():
@@ -21,8 +21,8 @@ def main():
         expected = []
         ends = {name: lambda program, name=name: program.process.send_signal(getattr(signal, name))
                 for name in ("SIGTERM", "SIGHUP", "SIGINT")}
-        ends["the close button"] = lambda program: program.key("alt+F4")
-        ends["the display went away"] = lambda program: xdotool("windowkill", program.window)
+        ends["the close button"] = lambda program: SCREEN.close(program.window)
+        ends["the display went away"] = lambda program: SCREEN.take_away(program.window)
         for name, end in ends.items():
             program = Program(executable, home)
             try:

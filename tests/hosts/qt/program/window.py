@@ -6,9 +6,12 @@ import signal
 import subprocess
 import time
 
+if "WAYLAND_DISPLAY" in os.environ:
+    from wayland import Screen
+else:
+    from x11 import Screen
 
-def xdotool(*words):
-    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True).stdout
+SCREEN = Screen()
 
 
 class Program:
@@ -16,30 +19,22 @@ class Program:
 
     def __init__(self, executable, home, size=None, bus=None):
         environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
-        for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS", "WAYLAND_DISPLAY"):
+        for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS"):
             environment.pop(name, None)
         if bus:
             environment["DBUS_SESSION_BUS_ADDRESS"] = bus
         self.home = home
         self.lines_file = open(os.path.join(home, "lines.txt"), "w+", encoding="utf-8")
         self.process = subprocess.Popen([executable], env=environment, stdout=self.lines_file)
-        self.window = self._find_window()
+        wait_for(lambda: SCREEN.window_of(self.process.pid), "the program shows a window", 10)
+        self.window = SCREEN.window_of(self.process.pid)
         if size:
-            xdotool("windowsize", "--sync", self.window, *size)
+            self.resize(*size)
         time.sleep(0.4)
-
-    def _find_window(self):
-        for _ in range(200):
-            found = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)],
-                                   capture_output=True, text=True).stdout.split()
-            if found:
-                return found[-1]
-            time.sleep(0.05)
-        raise AssertionError("the program shows no window")
 
     def quit(self):
         """Closes the window as its close button does, and waits until the program has ended."""
-        self.key("alt+F4")
+        SCREEN.close(self.window)
         code = self.process.wait(timeout=10)
         self.lines_file.close()
         assert code == 0, f"the program ended with {code}"
@@ -60,23 +55,26 @@ class Program:
         wait_for(lambda: self.lines().count(line) > before, line)
         time.sleep(0.4)  # what slides, slides
 
-    # The pointer. Points are the window's; without scaling they are pixels too.
+    def resize(self, width, height):
+        SCREEN.resize(self.window, width, height)
+
+    # The pointer. Points are the window's.
 
     def move(self, x, y):
-        xdotool("mousemove", "--window", self.window, int(x), int(y))
+        SCREEN.move(self.window, x, y)
 
     def tap(self, x, y):
         self.move(x, y)
-        xdotool("mousedown", 1)
+        SCREEN.press()
         time.sleep(0.05)
-        xdotool("mouseup", 1)
+        SCREEN.release()
         time.sleep(0.1)
 
     def drag(self, start, end, steps=12, release=True, button_down=True):
         """A finger that goes from one point to another in about a third of a second."""
         self.move(*start)
         if button_down:
-            xdotool("mousedown", 1)
+            SCREEN.press()
         for step in range(1, steps + 1):
             part = step / steps
             self.move(start[0] + (end[0] - start[0]) * part, start[1] + (end[1] - start[1]) * part)
@@ -86,25 +84,24 @@ class Program:
 
     def release(self):
         time.sleep(0.05)
-        xdotool("mouseup", 1)
+        SCREEN.release()
         time.sleep(0.1)
 
     def wheel(self, x, y, notches):
         self.move(x, y)
-        for _ in range(abs(notches)):
-            xdotool("click", 4 if notches > 0 else 5)
+        SCREEN.scroll(notches)
         time.sleep(0.2)
 
     def type(self, text):
-        xdotool("type", "--delay", 15, text)
+        SCREEN.type(text)
         time.sleep(0.15)
 
     def key(self, name):
-        xdotool("key", name)
+        SCREEN.key(name)
         time.sleep(0.15)
 
     def screenshot(self, path):
-        subprocess.run(["import", "-window", self.window, path], check=True)
+        SCREEN.screenshot(self.window, path)
 
     # What is on the disk, as another program reads it.
 
