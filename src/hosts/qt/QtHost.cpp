@@ -45,8 +45,8 @@ thread_local RunningLoop s_loop;
 
 QtMessageHandler s_print = nullptr;
 
-/// Under Wayland Qt ends the process with _exit(), which runs nothing more, and does so on whatever thread noticed
-/// first. That it says so before, in these words, is the only sign.
+/// Under Wayland Qt ends the process with _exit(), which runs nothing more, and does so on whatever thread
+/// noticed first. That it says so before, in these words, is the only sign.
 void didHear(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     s_print(type, context, message);

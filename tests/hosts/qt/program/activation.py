@@ -68,7 +68,8 @@ def main():
     if len(sys.argv) > 2:
         use(executable)
         return
-    with tempfile.TemporaryDirectory() as home:
+    # The portal of a desktop leaves a folder there that it still holds on to.
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
         services = pathlib.Path(home, "dbus-1/services")
         services.mkdir(parents=True)
         service = (executable.parent / f"{NAME}.service").read_text()

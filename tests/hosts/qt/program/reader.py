@@ -242,7 +242,8 @@ def main():
     if len(sys.argv) > 2:
         use(executable, sys.argv[2])
         return
-    with tempfile.TemporaryDirectory() as home:
+    # The portal of a desktop leaves a folder there that it still holds on to.
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
         session = ["dbus-run-session", "--", sys.executable, "-W", "ignore", os.path.abspath(__file__), executable, home]
         environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home)
         sys.exit(subprocess.run(session, env=environment).returncode)
