@@ -124,24 +124,89 @@ test("what is typed is kept when the page goes out of sight", async () => {
     assert.equal((await list.texts())[0], "はん");
 });
 
-test("a storage that is full for a while loses nothing that is on the screen", async () => {
+const remark = (list) => list.page.textContent("#remarks");
+const hasRemark = (isThere) => (document.querySelector("#remarks p") !== null) === isThere;
+const complaint = "Unable to write to file!";
+const complaints = (list) => list.lines.filter((line) => line === complaint).length;
+
+function fill() {
+    const { put } = IDBObjectStore.prototype;
+    globalThis.refusals = 0;
+    IDBObjectStore.prototype.put = () => {
+        ++globalThis.refusals;
+        throw new DOMException("full", "QuotaExceededError");
+    };
+    globalThis.makeRoom = () => {
+        IDBObjectStore.prototype.put = put;
+    };
+}
+
+test("a storage that is full for a while loses nothing that is on the screen, and is told until it has room", async () => {
     const list = await begin("One", "Two");
-    await list.page.evaluate(() => {
-        const { put } = IDBObjectStore.prototype;
-        IDBObjectStore.prototype.put = () => {
-            throw new DOMException("full", "QuotaExceededError");
-        };
-        globalThis.makeRoom = () => {
-            IDBObjectStore.prototype.put = put;
-        };
-    });
-    await list.untilSaid("Unable to write to file!", () => list.swipe(0, 60, 350));
+    await list.page.evaluate(fill);
+    await list.untilSaid(complaint, () => list.swipe(0, 60, 350));
+    assert.match(await remark(list), /not saved/);
     await list.atRest();
     assert.deepEqual((await list.said()).slice(0, 2), ["One, Completed", "Two"]);
     assert.deepEqual(await list.texts(), ["One", "Two"]);
+    assert.deepEqual(await list.tab.obstacles(), []);
+    await list.tab.picture("not-saved");
+    await list.tab.until("it was tried again", () => globalThis.refusals > 1);
+    assert.match(await remark(list), /not saved/);
     await list.page.evaluate(() => globalThis.makeRoom());
-    await list.swipe(1, 60, 350);
-    await list.untilKept("x One", "x Two");
+    await list.tab.until("it is saved", hasRemark, false);
+    await list.untilKept("x One", "Two");
+    assert.equal(complaints(list), 1);
+
+    await list.page.evaluate(fill);
+    await list.untilSaid(complaint, () => list.swipe(1, 60, 350));
+    await list.page.evaluate(() => globalThis.makeRoom());
+    await list.add("Three");
+    await list.untilKept("Three", "x One", "x Two");
+    assert.ok(await list.page.evaluate(hasRemark, false));
+});
+
+test("a storage that does not answer holds nothing up for long, and gets what it missed", async () => {
+    const list = await begin("One", "Two");
+    await list.page.evaluate((name) => new Promise((resolve) => {
+        indexedDB.open(name).onsuccess = ({ target: { result: database } }) => {
+            const store = database.transaction("files", "readwrite").objectStore("files");
+            const goOn = () => {
+                if (globalThis.mayAnswer) {
+                    database.close();
+                } else {
+                    store.count().onsuccess = goOn;
+                }
+                resolve();
+            };
+            goOn();
+        };
+    }), `velmorath ${site.address}`);
+    await list.tab.drag([60, rowMiddle(0)], [350, rowMiddle(0)]);
+    await list.tab.until("it is told", hasRemark, true);
+    await list.tab.until("it is shown", () => document.getElementById("mirror").textContent.includes("One, Completed"));
+    await list.page.evaluate(() => {
+        globalThis.mayAnswer = true;
+    });
+    await list.tab.until("it is saved", hasRemark, false);
+    await list.untilKept("x One", "Two");
+    assert.equal(complaints(list), 1);
+});
+
+test("what could not be saved is asked about before the page goes, and said when the list is taken away", async () => {
+    const first = await begin("One");
+    await first.page.evaluate(fill);
+    await first.untilSaid(complaint, () => first.swipe(0, 60, 350));
+    const asked = first.page.waitForEvent("dialog");
+    const closing = first.page.close({ runBeforeUnload: true });
+    assert.equal((await asked).type(), "beforeunload");
+    await (await asked).dismiss();
+    await closing;
+    const second = await openAgain();
+    await second.page.locator("#notice button").click();
+    await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
+    await first.tab.until("it is said", () => document.getElementById("notice").textContent.includes("could not be saved"));
+    assert.ok(await first.page.isHidden("#remarks"));
 });
 
 test("a storage that cannot be opened is not an empty list", async () => {

@@ -133,7 +133,7 @@ test("every language has every word, and the words fit the smallest page", async
         const said = await tab.page.evaluate(async (tag) => (await import("./words.js")).words([tag]), language);
         assert.equal(said.language, language.slice(0, 2));
         assert.deepEqual(Object.keys(said), Object.keys(english));
-        for (const name of ["stopped", "elsewhere", "noStorage", "notLoaded", "unsupported"]) {
+        for (const name of ["stopped", "elsewhere", "noStorage", "slowStorage", "notLoaded", "unsupported"]) {
             const fits = await tab.page.evaluate(async ([title, text, button]) => {
                 const { showNotice } = await import("./notice.js");
                 showNotice({ title, text, button });

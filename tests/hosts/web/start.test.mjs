@@ -44,7 +44,7 @@ test("the first list is painted after 200 kB, compressed", async () => {
     assert.ok(sum <= 200_000, `${sum} bytes: ${sizes.sort((a, b) => b[1] - a[1]).join(" ")}`);
 });
 
-test("the module is on its way while the list is elsewhere or not there yet", async () => {
+test("the module is on its way while the list is not there yet, which is said when it takes long", async () => {
     await site.phone.context.addInitScript(() => {
         IDBFactory.prototype.open = () => new EventTarget();
     });
@@ -52,6 +52,7 @@ test("the module is on its way while the list is elsewhere or not there yet", as
     const asked = tab.page.waitForRequest(/\.wasm$/);
     await tab.page.goto(site.address);
     await asked;
+    await tab.until("it is said", () => document.getElementById("notice").textContent.includes("not there yet"));
 });
 
 test("the tutorial's pictures come when it is opened, however late", async () => {

@@ -20,6 +20,7 @@ async function openTab() {
             globalThis.losses = 0;
             files.onLost = () => (losses += 1);
         };
+        globalThis.databaseName = `velmorath ${new URL(".", location.href).href}`;
         globalThis.bytesOf = (text) => new TextEncoder().encode(text);
         globalThis.textOf = (path) => {
             const bytes = files.read(path);
@@ -230,7 +231,7 @@ test("a database that is deleted under a page is filled again, unless another pa
     await clear(tab);
     assert.equal(await replace(tab, "/other", "two"), null);
     await tab.page.evaluate(() => new Promise((resolve) => {
-        indexedDB.deleteDatabase("velmorath").onsuccess = resolve;
+        indexedDB.deleteDatabase(databaseName).onsuccess = resolve;
     }));
     assert.equal(await replace(tab, "/third", "three"), null);
     assert.deepEqual(await stored("/note", "/other", "/third"), ["one", "two", "three"]);
@@ -258,7 +259,7 @@ test("files that cannot be had are not taken for none", async () => {
         const missing = await reason();
         Object.defineProperty(globalThis, "indexedDB", descriptor);
         await new Promise((resolve) => {
-            indexedDB.open("velmorath", 1000).onsuccess = (event) => resolve(event.target.result.close());
+            indexedDB.open(databaseName, 1000).onsuccess = (event) => resolve(event.target.result.close());
         });
         return [refused, missing, await reason()];
     });
@@ -270,9 +271,9 @@ test("files that cannot be had are not taken for none", async () => {
 test("files that another page keeps locked up are not waited for in vain", async () => {
     const blocker = await openTab();
     await blocker.page.evaluate(() => new Promise((resolve) => {
-        indexedDB.open("velmorath", 1).onsuccess = (event) => {
+        indexedDB.open(databaseName, 1).onsuccess = (event) => {
             globalThis.connection = event.target.result;
-            indexedDB.deleteDatabase("velmorath").onblocked = resolve;
+            indexedDB.deleteDatabase(databaseName).onblocked = resolve;
         };
     }));
     const tab = await openTab();

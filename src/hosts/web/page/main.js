@@ -10,7 +10,7 @@ import { listenToBack, listenToKeys } from "./keys.js";
 import * as locale from "./locale.js";
 import { Menu } from "./menu.js";
 import { Mirror } from "./mirror.js";
-import { hideNotice, showNotice } from "./notice.js";
+import { hideNotice, showNotice, showRemark } from "./notice.js";
 import { part } from "./parts.js";
 import { Painter } from "./painter.js";
 import { Pictures } from "./pictures.js";
@@ -46,9 +46,12 @@ function isSupported() {
         && "roundRect" in CanvasRenderingContext2D.prototype;
 }
 
-/** @param {() => void} onButton */
-function showElsewhere(onButton) {
-    showNotice({ title: say.elsewhere, text: say.elsewhereText, button: say.useHere, onButton });
+/** Milliseconds after which it is said that the list has not come yet. */
+const patience = 3000;
+
+/** @param {() => void} onButton @param {string} [details] */
+function showElsewhere(onButton, details) {
+    showNotice({ title: say.elsewhere, text: say.elsewhereText, details, button: say.useHere, onButton });
 }
 
 /** This tab's hold of the list. What it has of it grows while the program is loaded, and may be lost at any time. */
@@ -69,7 +72,11 @@ class Hold {
         this.isLost = true;
         this.editor?.leave();
         showElsewhere(reload);
+        this.storage?.tryAgain();
         await this.storage?.settled();
+        if (this.storage?.isUnsaved) {
+            showElsewhere(reload, say.lost);
+        }
         this.storage?.close();
         this.program?.stop();
     }
@@ -179,6 +186,31 @@ async function takeList(hold) {
     hideNotice();
 }
 
+/** The files. What takes long is said. @param {Hold} hold */
+async function openFiles(hold) {
+    const timer = setTimeout(() => {
+        if (!hold.isLost) {
+            showNotice({ title: say.slowStorage, text: say.slowStorageText, button: say.tryAgain, onButton: reload });
+        }
+    }, patience);
+    const storage = await openStorage().finally(() => clearTimeout(timer));
+    if (!hold.isLost) {
+        hideNotice();
+    }
+    return storage;
+}
+
+/** What is not saved is never shown as if it were. @param {Hold} hold @param {Storage} storage */
+function watchSaving(hold, storage) {
+    let removeRemark = () => {};
+    storage.onUnsaved = (isUnsaved) => {
+        removeRemark();
+        removeRemark = isUnsaved && !hold.isLost ? showRemark({ text: say.unsaved }) : () => {};
+    };
+    addEventListener("beforeunload", (event) => storage.isUnsaved && !hold.isLost && event.preventDefault());
+    document.addEventListener("visibilitychange", () => document.hidden && storage.tryAgain());
+}
+
 async function start() {
     document.documentElement.lang = say.language;
     if (!isSupported()) {
@@ -191,7 +223,7 @@ async function start() {
     let storage;
     try {
         await takeList(hold);
-        storage = await openStorage();
+        storage = await openFiles(hold);
         hold.storage = storage;
     } catch (error) {
         showNotice({ title: say.noStorage, text: say.noStorageText, details: error.message, button: say.tryAgain, onButton: reload });
@@ -202,6 +234,7 @@ async function start() {
         return;
     }
     storage.onLost = () => hold.letGo();
+    watchSaving(hold, storage);
     try {
         await run(hold, storage, parts);
     } catch (error) {

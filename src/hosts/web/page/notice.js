@@ -27,6 +27,7 @@ export function showNotice({ title, text, details, button, onButton }) {
     document.getElementById("waiting")?.remove();
     notice.replaceChildren(box);
     notice.hidden = false;
+    part("remarks").hidden = true;
     part("stage").inert = true;
     focused.focus();
 }
@@ -36,8 +37,45 @@ export function hideNotice() {
     const notice = part("notice");
     notice.hidden = true;
     notice.replaceChildren();
+    part("remarks").hidden = false;
     part("stage").inert = false;
 }
+
+/**
+ * Says something below the list, which stays in use. With a button it stays until that is pressed. Returns what takes
+ * it away.
+ * @param {{ text: string, button?: string, onButton?: () => void }} remark
+ */
+export function showRemark({ text, button, onButton }) {
+    const box = document.createElement("div");
+    box.setAttribute("role", "alert");
+    const words = document.createElement("p");
+    words.textContent = text;
+    box.append(words);
+    const remove = () => {
+        box.remove();
+        fitStage();
+    };
+    if (button) {
+        const press = document.createElement("button");
+        press.type = "button";
+        press.textContent = button;
+        press.addEventListener("click", () => {
+            remove();
+            onButton?.();
+        });
+        box.append(press);
+    }
+    part("remarks").append(box);
+    fitStage();
+    return remove;
+}
+
+/** The list ends where the remarks begin. */
+function fitStage() {
+    document.body.style.setProperty("--remarks-height", `${part("remarks").offsetHeight}px`);
+}
+addEventListener("resize", fitStage);
 
 /** @param {string} name @param {string} id @param {string} text */
 function element(name, id, text) {

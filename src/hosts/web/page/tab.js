@@ -3,7 +3,10 @@
  * finish first, but cannot be waited for: a page in the background may be frozen.
  */
 
-const listName = "velmorath";
+import { ownName } from "./memory.js";
+
+/** Of the one list that a site had before each folder had its own. */
+export const formerName = "velmorath";
 
 /**
  * Takes the list if no other page holds it. Resolves to { held: true }, or to { held: false, takeOver },
@@ -29,13 +32,37 @@ export async function holdList({ onTaken, wait = 3000 }) {
 
 /** @param {() => Promise<void>} onTaken @param {number} wait */
 async function takeList(onTaken, wait) {
-    const channel = new BroadcastChannel(listName);
-    channel.postMessage("take over");
-    channel.close();
+    askForList(ownName);
     try {
         await acquire({ signal: AbortSignal.timeout(wait) }, onTaken);
     } catch {
         await acquire({ steal: true }, onTaken);
+    }
+}
+
+/** @param {string} name */
+function askForList(name) {
+    const channel = new BroadcastChannel(name);
+    channel.postMessage("take over");
+    channel.close();
+}
+
+/**
+ * Does something while no page holds the list that all folders had once: who holds it is asked to finish first.
+ * @template T @param {() => Promise<T>} body @param {number} [wait] @returns {Promise<T>}
+ */
+export async function whileFormerListRests(body, wait = 3000) {
+    if (!navigator.locks) {
+        return body();
+    }
+    askForList(formerName);
+    try {
+        return await navigator.locks.request(formerName, { signal: AbortSignal.timeout(wait) }, body);
+    } catch (error) {
+        if (error.name !== "TimeoutError") {
+            throw error;
+        }
+        return navigator.locks.request(formerName, { steal: true }, body);
     }
 }
 
@@ -57,13 +84,13 @@ function acquire(options, onTaken) {
             if (!lock) {
                 return null;
             }
-            const opened = new BroadcastChannel(listName);
+            const opened = new BroadcastChannel(ownName);
             channel = opened;
             return new Promise((release) => {
                 opened.onmessage = () => release(take());
             });
         };
         // Once it is held, only a page that would not wait any longer makes this fail.
-        navigator.locks.request(listName, options, hold).catch((error) => (channel ? take() : reject(error)));
+        navigator.locks.request(ownName, options, hold).catch((error) => (channel ? take() : reject(error)));
     });
 }

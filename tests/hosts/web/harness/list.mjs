@@ -264,7 +264,7 @@ function countFrames() {
 /** Runs in the page. */
 function readFile(path) {
     return new Promise((resolve, reject) => {
-        const opening = indexedDB.open("velmorath");
+        const opening = indexedDB.open(`velmorath ${new URL(".", location.href).href}`);
         opening.onupgradeneeded = () => opening.transaction.abort();
         opening.onerror = () => resolve(null);
         opening.onsuccess = () => {
