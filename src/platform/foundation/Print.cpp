@@ -1,23 +1,93 @@
 #include "Print.h"
 #include "Host.h"
+#include <algorithm>
 #include <cmath>
-#include <cstdio>
+#include <cstdint>
 #include <cstdlib>
+#include <vector>
 
 namespace velmorath {
 
 namespace {
 
-/// "d.ddde±xx" with as few digits as read back as the same number.
-std::string shortestScientific(double value)
+/// The digits of a number times a power of two or five. (What the C library has for real numbers would make
+/// up a fifteenth of the page.)
+std::string digitsOf(std::uint64_t number, unsigned base, int power)
 {
-    char text[40];
-    for (int digits = 0; digits <= 17; ++digits) {
-        std::snprintf(text, sizeof text, "%.*e", digits, value);
-        if (std::strtod(text, nullptr) == value)
-            break;
+    constexpr std::uint64_t limbSize = 1'000'000'000;
+    std::vector<std::uint64_t> limbs{
+        number % limbSize, number / limbSize % limbSize, number / limbSize / limbSize};
+    for (int i = 0; i < power; ++i) {
+        std::uint64_t carry = 0;
+        for (std::uint64_t& limb : limbs) {
+            carry += limb * base;
+            limb = carry % limbSize;
+            carry /= limbSize;
+        }
+        if (carry > 0)
+            limbs.push_back(carry);
     }
-    return text;
+    std::string digits;
+    for (std::uint64_t limb : limbs) {
+        for (int i = 0; i < 9; ++i, limb /= 10)
+            digits.insert(digits.begin(), static_cast<char>('0' + limb % 10));
+    }
+    return digits;
+}
+
+/// The digits rounded to so many, and zeros after them.
+std::string rounded(const std::string& digits, std::size_t count)
+{
+    std::string result = digits.substr(0, count);
+    const bool isHalf = digits.find_first_not_of('0', count + 1) == std::string::npos && digits[count] == '5';
+    if (isHalf ? (result.back() - '0') % 2 == 1 : digits[count] >= '5') {
+        std::size_t place = count - 1;
+        for (; result[place] == '9'; --place)
+            result[place] = '0';
+        ++result[place];
+    }
+    return result + std::string(digits.size() - count, '0');
+}
+
+struct Decimal {
+    std::string digits;
+    /// Of the first digit.
+    int exponent = 0;
+};
+
+/// As few digits as are nearer to this number, which is above zero, than to any other.
+Decimal shortestDecimal(double value)
+{
+    int exponent = 0;
+    const auto mantissa = static_cast<std::uint64_t>(std::ldexp(std::frexp(value, &exponent), 53));
+    // A quarter of the last place is the unit: what lies half-way to the neighbours is whole. Very small
+    // numbers have fewer places, and the number below a power of two is nearer.
+    exponent = std::max(exponent - 53, -1074) - 2;
+    const auto units = static_cast<std::uint64_t>(std::ldexp(value, -exponent));
+    const bool isPower = mantissa == std::uint64_t{1} << 52 && exponent > -1076;
+    const auto scaled = [exponent](std::uint64_t number) {
+        return exponent < 0 ? digitsOf(number, 5, -exponent) : digitsOf(number, 2, exponent);
+    };
+    std::string exact = scaled(units);
+    std::string lowest = scaled(units - (isPower ? 1 : 2));
+    std::string highest = scaled(units + 2);
+    // One zero in front, for what is rounded up.
+    const std::size_t size = std::max({exact.size(), lowest.size(), highest.size()}) + 1;
+    for (std::string* digits : {&exact, &lowest, &highest})
+        digits->insert(0, size - digits->size(), '0');
+    const std::size_t first = exact.find_first_not_of('0');
+    const bool includesEnds = units / 4 % 2 == 0;
+    const auto isNear = [&](const std::string& digits) {
+        return includesEnds ? lowest <= digits && digits <= highest : lowest < digits && digits < highest;
+    };
+    std::size_t count = first + 1;
+    while (count < size && !isNear(rounded(exact, count)))
+        ++count;
+    std::string digits = count < size ? rounded(exact, count) : exact;
+    const std::size_t begin = digits.find_first_not_of('0');
+    const auto places = static_cast<int>(size - begin) - 1;
+    digits = digits.substr(begin, digits.find_last_not_of('0') - begin + 1);
+    return {digits, places + std::min(exponent, 0)};
 }
 
 std::string valueDescription(const PropertyList& value)
@@ -52,17 +122,17 @@ std::string description(double value)
     if (std::isinf(value))
         return value < 0 ? "-inf" : "inf";
 
-    const std::string scientific = shortestScientific(std::fabs(value));
-    const std::size_t mark = scientific.find('e');
-    const int exponent = std::atoi(scientific.c_str() + mark + 1);
-    std::string digits = scientific.substr(0, 1);
-    if (mark > 2)
-        digits += scientific.substr(2, mark - 2);
-
     const std::string sign = std::signbit(value) ? "-" : "";
+    if (value == 0)
+        return sign + "0.0";
+    auto [digits, exponent] = shortestDecimal(std::fabs(value));
     const int count = static_cast<int>(digits.size());
-    if (exponent < -4 || exponent > 15)
-        return sign + scientific;
+    if (exponent < -4 || exponent > 15) {
+        if (count > 1)
+            digits.insert(1, ".");
+        const std::string power = std::to_string(std::abs(exponent));
+        return sign + digits + (exponent < 0 ? "e-" : "e+") + (power.size() < 2 ? "0" : "") + power;
+    }
     if (exponent < 0)
         return sign + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
     if (count <= exponent + 1)
