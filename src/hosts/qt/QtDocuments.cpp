@@ -27,12 +27,12 @@ std::optional<Error> write(const QString& path, const std::string& bytes)
     return isWritten ? std::nullopt : std::optional(errorOf(file));
 }
 
-QFileDialog& show(QFileDialog* dialog)
+void show(QFileDialog* dialog, const FilePortal::Chosen& chosen)
 {
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, chosen);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog->open();
-    return *dialog;
 }
 
 } // namespace
@@ -59,25 +59,31 @@ void QtDocuments::share(const std::string& utf8, std::function<void(Shared)> ans
 void QtDocuments::save(
     const std::string& name, const std::string& bytes, std::function<void(std::optional<Error>)> answer)
 {
-    auto* const dialog = new QFileDialog(&m_window);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->selectFile(QString::fromStdString(name));
-    QObject::connect(&show(dialog), &QFileDialog::fileSelected, dialog,
-        [bytes, answer = std::move(answer)](const QString& path) { answer(write(path, bytes)); });
+    const QString proposal = QString::fromStdString(name);
+    const auto chosen = [bytes, answer = std::move(answer)](
+                            const QString& path) { answer(write(path, bytes)); };
+    m_portal.chooseToSave(proposal, chosen, [this, proposal, chosen] {
+        auto* const dialog = new QFileDialog(&m_window);
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->selectFile(proposal);
+        show(dialog, chosen);
+    });
 }
 
 void QtDocuments::open(std::function<void(Result<std::optional<std::string>>)> answer)
 {
-    auto* const dialog = new QFileDialog(&m_window);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    QObject::connect(
-        &show(dialog), &QFileDialog::fileSelected, dialog, [answer = std::move(answer)](const QString& path) {
-            Result<std::string> file = read(path);
-            if (file)
-                answer(std::optional(std::move(*file)));
-            else
-                answer(file.error());
-        });
+    const auto chosen = [answer = std::move(answer)](const QString& path) {
+        Result<std::string> file = read(path);
+        if (file)
+            answer(std::optional(std::move(*file)));
+        else
+            answer(file.error());
+    };
+    m_portal.chooseToOpen(chosen, [this, chosen] {
+        auto* const dialog = new QFileDialog(&m_window);
+        dialog->setFileMode(QFileDialog::ExistingFile);
+        show(dialog, chosen);
+    });
 }
 
 } // namespace velmorath

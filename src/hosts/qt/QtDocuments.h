@@ -1,18 +1,20 @@
 #pragma once
 
 #include "Documents.h"
+#include "FilePortal.h"
 
 class QString;
 class QWidget;
 
 namespace velmorath {
 
-/// The clipboard, and the desktop's own file dialogs.
+/// The clipboard, and the desktop's own file dialogs: those of its portal, or else of Qt.
 class QtDocuments final : public Documents {
 public:
     /// Dialogs lie over this window.
     explicit QtDocuments(QWidget& window)
         : m_window(window)
+        , m_portal(window)
     {
     }
 
@@ -24,8 +26,12 @@ public:
         std::function<void(std::optional<Error>)> answer) override;
     void open(std::function<void(Result<std::optional<std::string>>)> answer) override;
 
+    /// To be called when the program is on the session bus.
+    void listen() { m_portal.listen(); }
+
 private:
     QWidget& m_window;
+    FilePortal m_portal;
 };
 
 } // namespace velmorath

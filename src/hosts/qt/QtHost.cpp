@@ -86,6 +86,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     m_effects.whenOnSessionBus([this] {
         m_motion.listen();
         m_calls.listen();
+        m_documents.listen();
     });
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
     if (const auto icon = m_files.read(folders.resources + "/icons/velmorath-64.png"))
