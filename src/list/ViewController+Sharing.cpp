@@ -120,6 +120,8 @@ void ViewController::showAllAnew()
         showBadge();
     table()->setContentOffset({0, 0});
     table()->reloadData();
+    // A finger that comes before the next frame finds each note where it is now.
+    table()->layoutIfNeeded();
 }
 
 void ViewController::tell(std::string_view what)

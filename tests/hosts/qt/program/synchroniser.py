@@ -15,6 +15,7 @@ from window import Program, wait_for
 
 WIDTH, HEIGHT = 375, 667
 UNDO = (84, HEIGHT - 28)
+ROW_SHOWN = "tableView(tableView:"
 
 
 def archive_of(texts):
@@ -72,12 +73,10 @@ def main():
         folder.put(["Milk", "Bread"])
         program = start(home)
 
-        folder.put(["Eggs", "Milk", "x Bread"])
-        time.sleep(1)
+        program.until_line(ROW_SHOWN, lambda: folder.put(["Eggs", "Milk", "x Bread"]))
         complete(program, 0)
         wait_for(lambda: texts(program) == ["x Eggs", "Milk", "x Bread"], "the other machine's note is on the screen")
-        folder.overwrite(["x Eggs", "Milk", "x Bread", "Salt"])
-        time.sleep(1)
+        program.until_line(ROW_SHOWN, lambda: folder.overwrite(["x Eggs", "Milk", "x Bread", "Salt"]))
         complete(program, 3)
         wait_for(lambda: texts(program)[3] == "x Salt", "a file that is written in place is read as well")
 
@@ -87,10 +86,10 @@ def main():
         folder.put(["x Eggs", "x Salt", "Oat milk"])
         time.sleep(1)
         program.type(" leaves")
-        program.key("Return")
+        program.until_line(ROW_SHOWN, lambda: program.key("Return"))
         wait_for(lambda: texts(program) == ["Tea leaves", "x Eggs", "x Salt", "Oat milk"],
                  "what was typed is there, and what came meanwhile")
-        time.sleep(1)
+        time.sleep(2)
         complete(program, 3)
         wait_for(lambda: texts(program)[3] == "x Oat milk", "the screen shows it, too")
 
