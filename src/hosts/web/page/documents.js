@@ -4,7 +4,7 @@
 const longestFile = 64 * 1024 * 1024;
 
 /** What is in a file; undefined when it cannot be read, or is none of ours. @param {File} file */
-function contents(file) {
+export function contents(file) {
     const bytes = file.size > longestFile ? Promise.reject(new Error("It is too long")) : file.arrayBuffer();
     return bytes.then((read) => new Uint8Array(read), () => undefined);
 }

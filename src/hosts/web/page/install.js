@@ -1,3 +1,10 @@
+const address = new URL("sw.js", import.meta.url).href;
+
+/** A script's address must come from here where the browser watches over them. */
+const scriptAddress = globalThis.trustedTypes
+    ?.createPolicy("velmorath", { createScriptURL: () => address })
+    .createScriptURL("") ?? address;
+
 /**
  * Keeps the page on the device and looks for a newer version of it. To be called when the list is on the screen,
  * as the downloads would delay it. The list works without this, too, but needs the network then.
@@ -7,7 +14,7 @@ export async function installWorker() {
         return;
     }
     try {
-        await navigator.serviceWorker.register(new URL("sw.js", import.meta.url), { updateViaCache: "none" });
+        await navigator.serviceWorker.register(scriptAddress, { updateViaCache: "none" });
     } catch (error) {
         console.warn(`Velmorath will not start without a network: ${error.message}`);
     }

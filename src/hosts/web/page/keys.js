@@ -4,6 +4,8 @@
 const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", "PageUp", "PageDown", "Tab", "Enter",
     " ", "Escape", "Insert", "F2", "Delete", "Undo", "Redo"];
 
+export const insertKey = keys.indexOf("Insert");
+
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
 /**

@@ -6,7 +6,8 @@ import { Documents, listenToFiles } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
-import { listenToBack, listenToKeys } from "./keys.js";
+import { insertKey, listenToBack, listenToKeys } from "./keys.js";
+import { Launches } from "./launch.js";
 import * as locale from "./locale.js";
 import { Menu } from "./menu.js";
 import { Mirror } from "./mirror.js";
@@ -95,6 +96,9 @@ function connect(program, { screen, editor, mirror, menu }) {
     editor.onReturn = () => program.call("textReturned");
     editor.onEnd = () => mirror.refreshNext();
     const pointer = new Pointer(stage, (...call) => program.call(...call));
+    const open = (/** @type {Uint8Array | undefined} */ bytes) => Boolean(bytes
+        ? program.call("documentDropped", program.send(bytes))
+        : program.call("unreadableDocumentDropped"));
     const press = (/** @type {[number, boolean, boolean, boolean]} */ ...key) => {
         mirror.refreshSoon();
         return program.call("keyPressed", ...key);
@@ -107,9 +111,9 @@ function connect(program, { screen, editor, mirror, menu }) {
         pointer.cancelMouse();
         tellState();
     });
-    listenToFiles((bytes) => (bytes
-        ? program.call("documentDropped", program.send(bytes))
-        : program.call("unreadableDocumentDropped")));
+    listenToFiles(open);
+    const launches = new Launches(() => Boolean(press(insertKey, false, false, false)), open);
+    screen.painted.then(() => launches.listen());
     document.addEventListener("visibilitychange", () => {
         if (document.hidden) {
             // The system may end a page that is out of sight without a word.
