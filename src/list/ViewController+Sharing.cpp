@@ -80,7 +80,7 @@ void ViewController::openCopy()
 bool ViewController::addCopy(const Result<std::string>& file)
 {
     // It may go on to hand back the list that it was given.
-    if (presentedViewController())
+    if (presentedViewController() || m_tutorialIsComing)
         return false;
     const Result<Notes> copy = file ? notesOfCopy(*file) : Result<Notes>(file.error());
     if (!copy) {

@@ -45,6 +45,7 @@ void ViewController::runFirstLaunchExtras()
     if (defaults.object("primoAvvioApp7"))
         return;
     print("è il primo avvio quindi devo mandare il tutorial");
+    m_tutorialIsComing = true;
     DispatchQueue::main().asyncAfter(0.5, [this] { offerTutorial(); });
     defaults.setObject("primoAvvioApp7", "No");
     defaults.synchronize();
@@ -65,6 +66,7 @@ void ViewController::addSampleNote()
 
 void ViewController::offerTutorial()
 {
+    m_tutorialIsComing = false;
     const auto dialog =
         std::make_shared<UIAlertController>(Bundle::main().localizedString("Watch tutorial"), std::nullopt);
     dialog->addAction({"No", UIAlertActionStyle::destructive, {}});

@@ -208,6 +208,8 @@ private:
     Changing m_typed;
     Changing m_opened;
     int m_badgeCounts = 0;
+    /// Nothing else may come up before the offer of the tutorial does: it would be lost.
+    bool m_tutorialIsComing = false;
 };
 
 } // namespace velmorath

@@ -6,8 +6,10 @@ usage: packaging.py <the project's folder> PROGRAM VERSION
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
+import tempfile
 import xml.etree.ElementTree as ElementTree
 
 IDENTIFIER = "org.velmorath.velmorath"
@@ -26,8 +28,9 @@ def check_options(program, version):
     code, text, has_errors = run("--help")
     assert (code, has_errors) == (0, False)
     assert run("-platform", "offscreen", "--help") == (0, text, False)
-    for wrong in ("--helpless", "note.txt", "-platform"):
+    for wrong in ("--helpless", "-x", "-platform"):
         assert run(wrong) == (2, "", True), wrong
+    assert run("--", "--help")[0] == 1, "a file, and no display"
     return re.findall(r"^  (-\S+)", text, re.MULTILINE)
 
 
@@ -45,6 +48,22 @@ def check_desktop_entry(path):
     text = path.read_text(encoding="utf-8")
     for key in ("GenericName", "Comment", "Keywords"):
         assert set(re.findall(rf"^{key}\[(.*)\]=", text, re.MULTILINE)) == LANGUAGES, key
+
+
+def check_file_types(folder):
+    """The desktop knows a copy of a list, and which program opens it."""
+    with tempfile.TemporaryDirectory() as data:
+        packages = pathlib.Path(data, "mime/packages")
+        packages.mkdir(parents=True)
+        shutil.copy(folder / f"{IDENTIFIER}.mime.xml", packages / f"{IDENTIFIER}.xml")
+        subprocess.run(["update-mime-database", packages.parent], check=True, env=dict(os.environ, LC_ALL="C.UTF-8"))
+        types = (packages.parent / "globs2").read_text(encoding="utf-8")
+        known, = re.findall(r"^\d+:(\S+):\*\.archive$", types, re.MULTILINE)
+        comments = ElementTree.parse(packages.parent / f"{known}.xml").getroot()
+        assert {comment.get(LANG) for comment in comments if comment.tag.endswith("comment")} == LANGUAGES | {None}
+    entry = (folder / f"{IDENTIFIER}.desktop").read_text(encoding="utf-8")
+    opened, = re.findall(r"^MimeType=(.*);$", entry, re.MULTILINE)
+    assert known in opened.split(";"), opened
 
 
 def check_metainfo(path):
@@ -65,6 +84,7 @@ def main():
     folder = root / "packaging"
     check_manual(folder / "velmorath.1", check_options(program, version))
     check_desktop_entry(folder / f"{IDENTIFIER}.desktop")
+    check_file_types(folder)
     release = check_metainfo(folder / f"{IDENTIFIER}.metainfo.xml")
     changes = (root / "CHANGELOG.md").read_text(encoding="utf-8")
     newest = re.search(r"^## ([0-9.]+) – (\S+)$", changes, re.MULTILINE)

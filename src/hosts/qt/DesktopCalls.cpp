@@ -1,5 +1,6 @@
 #include "DesktopCalls.h"
 #include "ApplicationName.h"
+#include "QtDocuments.h"
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -12,8 +13,8 @@ const QString interface = QStringLiteral("org.freedesktop.Application");
 
 } // namespace
 
-DesktopCalls::DesktopCalls(std::function<void(const std::string&)> onActivate)
-    : m_onActivate(std::move(onActivate))
+DesktopCalls::DesktopCalls(std::function<void(const DesktopCall&)> onCall)
+    : m_onCall(std::move(onCall))
 {
 }
 
@@ -28,11 +29,19 @@ void DesktopCalls::listen()
 
 bool DesktopCalls::handleMessage(const QDBusMessage& message, const QDBusConnection& bus)
 {
-    if (message.interface() != interface || message.member() != QLatin1String("Activate")
-        || message.signature() != QLatin1String("a{sv}"))
+    const bool isOpen =
+        message.member() == QLatin1String("Open") && message.signature() == QLatin1String("asa{sv}");
+    const bool isActivate =
+        message.member() == QLatin1String("Activate") && message.signature() == QLatin1String("a{sv}");
+    if (message.interface() != interface || !(isOpen || isActivate))
         return false;
-    const auto platformData = qdbus_cast<QVariantMap>(message.arguments().constFirst());
-    m_onActivate(platformData.value(QStringLiteral("activation-token")).toString().toStdString());
+    const auto platformData = qdbus_cast<QVariantMap>(message.arguments().constLast());
+    DesktopCall call{platformData.value(QStringLiteral("activation-token")).toString().toStdString(), {}};
+    if (isOpen) {
+        for (const QString& address : message.arguments().constFirst().toStringList())
+            call.files.push_back(QtDocuments::path(address.toStdString()));
+    }
+    m_onCall(call);
     return bus.send(message.createReply());
 }
 
@@ -40,6 +49,8 @@ QString DesktopCalls::introspect(const QString&) const
 {
     return QStringLiteral("<interface name=\"org.freedesktop.Application\">"
                           "<method name=\"Activate\"><arg type=\"a{sv}\" direction=\"in\"/></method>"
+                          "<method name=\"Open\"><arg type=\"as\" direction=\"in\"/>"
+                          "<arg type=\"a{sv}\" direction=\"in\"/></method>"
                           "</interface>");
 }
 

@@ -2,9 +2,12 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QUrl>
+#include <filesystem>
 
 namespace velmorath {
 
@@ -37,8 +40,20 @@ void show(QFileDialog* dialog, const FilePortal::Chosen& chosen)
 
 } // namespace
 
+std::string QtDocuments::path(const std::string& name)
+{
+    const QUrl address(QString::fromStdString(name));
+    if (name.starts_with("file:") && address.isLocalFile())
+        return address.toLocalFile().toStdString();
+    std::error_code error;
+    return std::filesystem::absolute(name, error).string();
+}
+
 Result<std::string> QtDocuments::read(const QString& path)
 {
+    // A pipe would make us wait for its other end.
+    if (!QFileInfo(path).isFile())
+        return Error{"it is no file"};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return errorOf(file);

@@ -18,7 +18,10 @@ public:
     {
     }
 
-    /// What is in a file; an error for one that is too long, too.
+    /// The absolute path of a file that is named by a path or by a file's address.
+    static std::string path(const std::string& name);
+
+    /// What is in a file; an error for one that is too long or no ordinary file, too.
     static Result<std::string> read(const QString& path);
 
     void share(const std::string& utf8, std::function<void(Shared)> answer) override;

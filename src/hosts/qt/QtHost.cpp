@@ -71,7 +71,7 @@ QtHost::QtHost(const ProgramFolders& folders)
             m_client->wake();
     })
     , m_widget(m_clock)
-    , m_calls([this](const std::string& activationToken) { bringToFront(activationToken); })
+    , m_calls([this](const DesktopCall& call) { answer(call); })
     , m_screen(m_widget, m_motion)
     , m_textInput(m_widget, m_widget.texts())
     , m_files(PosixFiles::forUser(folders.resources))
@@ -155,14 +155,15 @@ void QtHost::updateState()
         m_documentsWatch.lookNow();
 }
 
-void QtHost::bringToFront(const std::string& activationToken)
+void QtHost::answer(const DesktopCall& call)
 {
-    if (!activationToken.empty())
-        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(activationToken));
+    if (!call.activationToken.empty())
+        qputenv("XDG_ACTIVATION_TOKEN", QByteArray::fromStdString(call.activationToken));
     if (m_widget.isMinimized())
         m_widget.setWindowState(m_widget.windowState() & ~Qt::WindowMinimized);
     m_widget.raise();
     m_widget.activateWindow();
+    m_widget.open(call.files);
 }
 
 } // namespace velmorath

@@ -36,8 +36,8 @@ public:
     void attach(HostClient&);
     void detach();
 
-    /// The window is raised, with the permission of the desktop (XDG_ACTIVATION_TOKEN) if there is one.
-    void bringToFront(const std::string& activationToken);
+    /// Raises the window, and opens the files in it.
+    void answer(const DesktopCall&);
 
     ScreenWidget& widget() { return m_widget; }
 

@@ -177,6 +177,22 @@ void ScreenWidget::makeFrame()
     if (m_lastFramePainted)
         repaint(pointsAround(damage));
     m_mirror.frameMade(m_frameWanted, m_lastFrame);
+    // What keeps the client from using one is on the screen; when that goes, frames come to rest again.
+    if (!m_frameWanted)
+        openWaitingFiles();
+}
+
+void ScreenWidget::open(const std::vector<std::string>& paths)
+{
+    for (const std::string& path : paths)
+        m_waitingFiles.push_back(QtDocuments::read(QString::fromStdString(path)));
+    requestFrame();
+}
+
+void ScreenWidget::openWaitingFiles()
+{
+    while (m_client && !m_waitingFiles.empty() && m_client->documentOpened(m_waitingFiles.front()))
+        m_waitingFiles.pop_front();
 }
 
 void ScreenWidget::paintEvent(QPaintEvent* event)

@@ -8,6 +8,7 @@
 #include "TextCache.h"
 #include <QTimer>
 #include <QWidget>
+#include <deque>
 
 class QNativeGestureEvent;
 
@@ -29,6 +30,9 @@ public:
 
     /// See Screen::requestFrame().
     void requestFrame();
+
+    /// Hands these files to the client, one after the other, as soon as it has a use for them.
+    void open(const std::vector<std::string>& paths);
 
 protected:
     bool event(QEvent*) override;
@@ -54,6 +58,7 @@ private:
     bool displayPacesFrames() const;
     void scheduleFrame();
     void makeFrame();
+    void openWaitingFiles();
     void screenChanged();
 
     const Clock& m_clock;
@@ -67,6 +72,7 @@ private:
     bool m_lastFramePainted = false;
     double m_scale = 0;
     bool m_frameWanted = false;
+    std::deque<Result<std::string>> m_waitingFiles;
 };
 
 } // namespace velmorath

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
+#include <sstream>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -23,6 +24,26 @@ bool setAddress(sockaddr_un& address, const std::string& path)
         return false;
     std::memcpy(address.sun_path, path.c_str(), path.size() + 1);
     return true;
+}
+
+/// A zero, which no path contains, ends the token and each file.
+std::string joined(const DesktopCall& call)
+{
+    std::string message = call.activationToken + '\0';
+    for (const std::string& file : call.files)
+        message += file + '\0';
+    return message;
+}
+
+DesktopCall parted(const std::string& message)
+{
+    std::vector<std::string> parts;
+    std::istringstream stream(message);
+    for (std::string part; std::getline(stream, part, '\0');)
+        parts.push_back(part);
+    if (parts.empty())
+        return {};
+    return {parts.front(), {parts.begin() + 1, parts.end()}};
 }
 
 } // namespace
@@ -69,7 +90,7 @@ void SingleProgram::listen()
         m_socket.close();
 }
 
-bool SingleProgram::callFirst(const std::string& activationToken) const
+bool SingleProgram::callFirst(const DesktopCall& call) const
 {
     sockaddr_un address{};
     if (!setAddress(address, m_socketPath))
@@ -84,8 +105,8 @@ bool SingleProgram::callFirst(const std::string& activationToken) const
             poll(nullptr, 0, pause);
     }
     if (connected == 0) {
-        [[maybe_unused]] const auto sent =
-            send(caller.get(), activationToken.data(), activationToken.size(), MSG_NOSIGNAL);
+        const std::string message = joined(call);
+        [[maybe_unused]] const auto sent = send(caller.get(), message.data(), message.size(), MSG_NOSIGNAL);
         shutdown(caller.get(), SHUT_WR);
         // It answers by closing; until then the permission must not end together with this program.
         pollfd answered{caller.get(), POLLIN, 0};
@@ -94,7 +115,7 @@ bool SingleProgram::callFirst(const std::string& activationToken) const
     return connected == 0;
 }
 
-void SingleProgram::setOnCall(std::function<void(const std::string&)> onCall)
+void SingleProgram::setOnCall(std::function<void(const DesktopCall&)> onCall)
 {
     m_onCall = std::move(onCall);
     if (!m_socket)
@@ -108,13 +129,19 @@ void SingleProgram::answer()
     const Descriptor caller(accept(m_socket.get(), nullptr, nullptr));
     if (!caller)
         return;
-    // A caller has sent everything when it can be heard; one that is silent is not waited for long.
+    // A caller sends everything at once; one that is silent is not waited for long.
+    std::string message;
     std::array<char, 4096> bytes{};
     constexpr int patience = 100;
+    constexpr std::size_t longestMessage = 1 << 20;
     pollfd sent{caller.get(), POLLIN, 0};
-    const ssize_t count =
-        poll(&sent, 1, patience) > 0 ? recv(caller.get(), bytes.data(), bytes.size(), MSG_DONTWAIT) : 0;
-    m_onCall(std::string(bytes.data(), static_cast<std::size_t>(std::max<ssize_t>(0, count))));
+    while (message.size() < longestMessage && poll(&sent, 1, patience) > 0) {
+        const ssize_t count = recv(caller.get(), bytes.data(), bytes.size(), MSG_DONTWAIT);
+        if (count <= 0)
+            break;
+        message.append(bytes.data(), static_cast<std::size_t>(count));
+    }
+    m_onCall(parted(message));
 }
 
 } // namespace velmorath

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Descriptor.h"
+#include "DesktopCall.h"
 #include <QSocketNotifier>
 #include <functional>
 #include <memory>
@@ -21,12 +22,11 @@ public:
 
     bool isFirst() const { return m_isFirst; }
 
-    /// Asks the first program to come to the front, with the permission to do so that the desktop gave
-    /// to this one. False when it does not answer.
-    bool callFirst(const std::string& activationToken) const;
+    /// Hands the first program what this one was called for. False when it does not answer.
+    bool callFirst(const DesktopCall&) const;
 
-    /// For the first one: called with the token of each that starts later. There must be a Qt loop.
-    void setOnCall(std::function<void(const std::string& activationToken)>);
+    /// For the first one: called for each that starts later. There must be a Qt loop.
+    void setOnCall(std::function<void(const DesktopCall&)>);
 
     /// A folder for the lock: the session's own one, else the one of the user's data.
     static std::string usualFolder();
@@ -40,7 +40,7 @@ private:
     Descriptor m_socket;
     bool m_isFirst = true;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    std::function<void(const std::string&)> m_onCall;
+    std::function<void(const DesktopCall&)> m_onCall;
 };
 
 } // namespace velmorath

@@ -196,8 +196,10 @@ bool UIApplication::documentOpened(const Result<std::string>& file)
 {
     if (m_ignoringInteraction > 0 || m_windows.empty())
         return false;
-    Host::current().screen().requestFrame();
-    return m_delegate->applicationOpenDocument(*this, file);
+    const bool isUsed = m_delegate->applicationOpenDocument(*this, file);
+    if (isUsed)
+        Host::current().screen().requestFrame();
+    return isUsed;
 }
 
 void UIApplication::documentsChanged()

@@ -23,6 +23,8 @@ public:
     }
     bool documentOpened(const Result<std::string>& file) override
     {
+        if (documents.size() == mostDocuments)
+            return false;
         documents.push_back(file ? *file : "error");
         return true;
     }
@@ -71,6 +73,7 @@ public:
     std::vector<CGVector> scrolls;
     std::vector<HostKeyPress> keys;
     std::vector<std::string> documents;
+    std::size_t mostDocuments = 10;
     int documentChanges = 0;
     int screenChanges = 0;
     int frames = 0;

@@ -142,19 +142,22 @@ TEST(OneProgram, TheSecondCallsTheFirst)
     const std::string path = folder.path().toStdString();
     SingleProgram first(path);
     ASSERT_TRUE(first.isFirst());
-    std::string token;
-    first.setOnCall([&](const std::string& given) { token = given; });
+    DesktopCall heard;
+    first.setOnCall([&](const DesktopCall& call) { heard = call; });
+    // More than the first one reads at once.
+    const std::vector<std::string> files(300, "/a folder\nwith a line break/list.archive");
 
     const pid_t child = fork();
     if (child == 0) {
         const SingleProgram second(path);
-        _exit(!second.isFirst() && second.callFirst("the token") ? 0 : 1);
+        _exit(!second.isFirst() && second.callFirst({"the token", files}) ? 0 : 1);
     }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !token.empty(); }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !heard.files.empty(); }, 3000));
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(token, "the token");
+    EXPECT_EQ(heard.activationToken, "the token");
+    EXPECT_EQ(heard.files, files);
 }
 
 TEST(OneProgram, WhatAKilledOneLeavesBehindIsTakenOver)

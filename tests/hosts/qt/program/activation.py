@@ -11,8 +11,9 @@ import signal
 import subprocess
 import sys
 import tempfile
+import time
 
-from window import wait_for
+from window import texts_of, wait_for
 from x11 import xdotool
 
 NAME = "org.velmorath.velmorath"
@@ -26,6 +27,10 @@ def windows():
 def is_in_front(window):
     found = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)
     return found.stdout.strip() == window
+
+
+def texts():
+    return texts_of(os.path.join(os.environ["XDG_DATA_HOME"], "velmorath/Documents/noteSalvate.archive"))
 
 
 def use(executable):
@@ -47,7 +52,7 @@ def use(executable):
     try:
         xdotool("windowminimize", window)
         wait_for(lambda: not windows(), "the window is away")
-        for method, arguments in (("Open", GLib.Variant("(asa{sv})", ([], {}))), ("Activate", None)):
+        for method, arguments in (("Open", nothing), ("Activate", None)):
             try:
                 ask(method, arguments)
                 raise AssertionError(f"{method} was answered")
@@ -59,6 +64,20 @@ def use(executable):
         wait_for(lambda: windows() == [window] and is_in_front(window), "the window is in front")
         subprocess.run([executable], check=True, timeout=10)
         assert windows() == [window], "a second start makes no second window"
+        time.sleep(1.2)
+        xdotool("key", "Escape")  # the offer of the tutorial
+        files = {name: pathlib.Path(os.environ["HOME"], name) for name in ("a b.md", "c.txt", "d.md", "folder")}
+        files["folder"].mkdir()
+        for text, name in (("By an address", "a b.md"), ("By another", "c.txt"), ("By a path", "d.md")):
+            files[name].write_text(text)
+        addresses = [files[name].as_uri() for name in ("a b.md", "c.txt")]
+        ask("Open", GLib.Variant("(asa{sv})", (addresses, {"activation-token": token})))
+        wait_for(lambda: texts() == ["By another", "By an address", "Hello!"], "files that a desktop hands over")
+        subprocess.run([executable, "folder", "d.md"], check=True, timeout=10, cwd=os.environ["HOME"])
+        time.sleep(1)
+        assert len(texts()) == 3, "that a folder is none is told first"
+        xdotool("key", "Escape")
+        wait_for(lambda: texts() == ["By a path", "By another", "By an address", "Hello!"], "those of a second start")
     finally:
         os.kill(process, signal.SIGTERM)
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Takes a change back, saves a copy of the list by the desktop's own dialog, and opens files that others wrote.
+"""Takes a change back, saves a copy of the list by the desktop's own dialog, and opens files that others wrote, also those
+that the program is started with.
 
 usage: copies.py PROGRAM
 """
@@ -34,10 +35,18 @@ def choose(program, choice, path):
 
 def main():
     with tempfile.TemporaryDirectory() as home:
-        program = Program(sys.argv[1], home, (WIDTH, HEIGHT))
-        time.sleep(1.2)
-        program.key("Escape")  # the offer of the tutorial
+        given = os.path.join(home, "--given.md")
+        with open(given, "w", encoding="utf-8") as file:
+            file.write("Given\n")
+        program = Program(os.path.abspath(sys.argv[1]), home, (WIDTH, HEIGHT), arguments=("missing.md", "--", "--given.md"))
+        for _ in ("the offer of the tutorial", "that one is missing"):
+            time.sleep(1.2)
+            assert not os.path.exists(program.archive_path()), "one after the other"
+            program.key("Escape")
+        wait_for(lambda: texts(program) == ["Given", "Hello!"], "the notes that the program was given")
         time.sleep(0.6)
+        program.tap(*UNDO)
+        wait_for(lambda: texts(program) == ["Hello!"], "taken back")
         written = os.path.join(home, "list.md")
         with open(written, "w", encoding="utf-8") as file:
             file.write("- [ ] Fresh\n- [x] Done\n  on two lines\n")

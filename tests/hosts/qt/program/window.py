@@ -15,9 +15,9 @@ SCREEN = Screen()
 
 
 class Program:
-    """One run of the program. Its files stay in `home` from one run to the next. Without a bus it has none."""
+    """One run of the program. Its files stay in `home`, where it runs, from one run to the next. Without a bus it has none."""
 
-    def __init__(self, executable, home, size=None, bus=None):
+    def __init__(self, executable, home, size=None, bus=None, arguments=()):
         environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
         for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS"):
             environment.pop(name, None)
@@ -25,7 +25,7 @@ class Program:
             environment["DBUS_SESSION_BUS_ADDRESS"] = bus
         self.home = home
         self.lines_file = open(os.path.join(home, "lines.txt"), "w+", encoding="utf-8")
-        self.process = subprocess.Popen([executable], env=environment, stdout=self.lines_file)
+        self.process = subprocess.Popen([executable, *arguments], env=environment, cwd=home, stdout=self.lines_file)
         wait_for(lambda: SCREEN.window_of(self.process.pid), "the program shows a window", 10)
         self.window = SCREEN.window_of(self.process.pid)
         if size:
@@ -109,25 +109,33 @@ class Program:
         return os.path.join(self.home, ".local/share/velmorath/Documents/noteSalvate.archive")
 
     def notes(self):
-        """(text, date, completed) of every note in the file, top first."""
-        with open(self.archive_path(), "rb") as file:
-            archive = plistlib.load(file)
-        objects = archive["$objects"]
-
-        def value(entry):
-            found = objects[entry.data] if isinstance(entry, plistlib.UID) else entry
-            return None if found == "$null" else found
-
-        root = value(archive["$top"]["root"])
-        notes = []
-        for reference in root["NS.objects"]:
-            record = value(reference)
-            assert value(record["$class"])["$classname"] == "_TtC9Velmorath9ToDoItem2"
-            notes.append((value(record["text"]), value(record["data"]), value(record["completed"])))
-        return notes
+        return notes_of(self.archive_path())
 
     def texts(self):
-        return [note[0] for note in self.notes()]
+        return texts_of(self.archive_path())
+
+
+def notes_of(path):
+    """(text, date, completed) of every note in a file, top first."""
+    with open(path, "rb") as file:
+        archive = plistlib.load(file)
+    objects = archive["$objects"]
+
+    def value(entry):
+        found = objects[entry.data] if isinstance(entry, plistlib.UID) else entry
+        return None if found == "$null" else found
+
+    root = value(archive["$top"]["root"])
+    notes = []
+    for reference in root["NS.objects"]:
+        record = value(reference)
+        assert value(record["$class"])["$classname"] == "_TtC9Velmorath9ToDoItem2"
+        notes.append((value(record["text"]), value(record["data"]), value(record["completed"])))
+    return notes
+
+
+def texts_of(path):
+    return [note[0] for note in notes_of(path)]
 
 
 def wait_for(condition, what, seconds=5):
