@@ -281,3 +281,39 @@ test("a list that the program does not understand is left alone, and the page sa
     assert.deepEqual(await list.kept(paths.notes), strange);
     site.phone.faults.length = 0;
 });
+
+test("where the browser may clear it, it is said once that the list can be copied", async () => {
+    await site.phone.context.addInitScript(() => {
+        globalThis.asks = 0;
+        navigator.storage.persisted = async () => false;
+        navigator.storage.persist = async () => {
+            ++globalThis.asks;
+            return false;
+        };
+    });
+    const openStrange = async () => {
+        const list = await List.inNewTab(site, { isStranger: true });
+        await list.open();
+        return list;
+    };
+    const list = await openStrange();
+    await list.tapOn("No");
+    assert.deepEqual(await list.page.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
+    await list.add("One");
+    await list.tab.until("it is said", hasRemark, true);
+    assert.match(await remark(list), /copy.*home screen/);
+    await list.atRest();
+    assert.deepEqual(await list.tab.obstacles(), []);
+    await list.tab.picture("copies");
+    await list.add("Two");
+    assert.equal(await list.page.evaluate(() => document.querySelectorAll("#remarks p").length), 1);
+    await list.page.locator("#remarks button").click();
+    await list.atRest();
+    assert.ok(await list.page.evaluate(hasRemark, false));
+    await list.page.close();
+
+    const again = await openStrange();
+    await again.add("Three");
+    await again.untilKept("Three", "Two", "One", "Hello!");
+    assert.deepEqual(await again.page.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
+});

@@ -142,5 +142,13 @@ test("every language has every word, and the words fit the smallest page", async
             }, [said[name], said[`${name}Text`] ?? said.untouched, said.startAgain]);
             assert.ok(fits, `${language}: ${said[name]}`);
         }
+        const height = await tab.page.evaluate(async (texts) => {
+            const { showRemark } = await import("./notice.js");
+            const remove = texts.map((text) => showRemark({ text, button: "OK" }));
+            const { offsetHeight, scrollHeight, scrollWidth } = document.getElementById("remarks");
+            remove.forEach((each) => each());
+            return scrollWidth <= innerWidth && scrollHeight <= offsetHeight ? offsetHeight : Infinity;
+        }, [said.unsaved, `${said.copies} ${said.homeScreen}`]);
+        assert.ok(height <= 240, `${language}: ${height} points of remarks`);
     }
 });

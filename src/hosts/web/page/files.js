@@ -5,6 +5,7 @@ import { laterPicture } from "./pictures.js";
 /** @import { Storage } from "./storage.js" */
 
 const resourceFolder = "/resources/";
+const documentFolder = "/velmorath/Documents/";
 
 /** The tables that may be needed: "pt-BR" is content with "pt". @param {string[]} languages */
 function wantedTables(languages) {
@@ -49,6 +50,8 @@ export class Files {
     #resources;
     #storage;
     #holdFrames;
+    /** A list was saved. */
+    onDocumentSaved = () => {};
 
     /**
      * @param {Map<string, Uint8Array | null>} resources
@@ -77,7 +80,12 @@ export class Files {
      */
     replace(path, bytes, done) {
         const written = this.#storage.replace(path, bytes).then(
-            () => done(""),
+            () => {
+                done("");
+                if (path.startsWith(documentFolder)) {
+                    this.onDocumentSaved();
+                }
+            },
             (error) => done(error.message || "the storage refuses it"));
         this.#holdFrames(written);
     }

@@ -7,6 +7,7 @@ import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker } from "./install.js";
 import { insertKey, listenToBack, listenToKeys } from "./keys.js";
+import { careForList } from "./keeping.js";
 import { Launches } from "./launch.js";
 import * as locale from "./locale.js";
 import { Menu } from "./menu.js";
@@ -171,6 +172,10 @@ async function run(hold, storage, parts) {
     };
     const menu = new Menu(part("menu"));
     const mirror = new Mirror(part("mirror"), { program, isEditing: () => editor.isEditing, menu, menuName: say.actions });
+    services.files.onDocumentSaved = () => {
+        services.files.onDocumentSaved = () => {};
+        careForList(say);
+    };
     hold.program = program;
     hold.editor = editor;
     program.call("start");

@@ -42,13 +42,13 @@ export function hideNotice() {
 }
 
 /**
- * Says something below the list, which stays in use. With a button it stays until that is pressed. Returns what takes
- * it away.
+ * Says something below the list, which stays in use. With a button it stays until that is pressed; without one it is
+ * urgent. Returns what takes it away.
  * @param {{ text: string, button?: string, onButton?: () => void }} remark
  */
 export function showRemark({ text, button, onButton }) {
     const box = document.createElement("div");
-    box.setAttribute("role", "alert");
+    box.setAttribute("role", button ? "status" : "alert");
     const words = document.createElement("p");
     words.textContent = text;
     box.append(words);

@@ -11,8 +11,8 @@ export function rowMiddle(row) {
 
 /** The program in a tab of the phone: what it shows, what it says, what it keeps. */
 export class List {
-    /** A tab with nothing in it yet. */
-    static async inNewTab(site) {
+    /** A tab with nothing in it yet. A stranger has not read yet that the list should be copied. */
+    static async inNewTab(site, { isStranger = false } = {}) {
         const list = new List();
         list.tab = await site.phone.open();
         list.page = list.tab.page;
@@ -20,6 +20,9 @@ export class List {
         list.address = site.address;
         list.page.on("console", (message) => list.lines.push(message.text()));
         await list.page.addInitScript(countFrames);
+        if (!isStranger) {
+            await list.page.addInitScript(knowCopies);
+        }
         return list;
     }
 
@@ -259,6 +262,13 @@ function countFrames() {
         begun.addEventListener("abort", end);
         return begun;
     };
+}
+
+/** Runs in the page, before everything, but not where there is no place to remember it. */
+function knowCopies() {
+    if (location.protocol === "http:") {
+        localStorage.setItem(`velmorath ${new URL(".", location.href).href} has told of copies`, "yes");
+    }
 }
 
 /** Runs in the page. */
