@@ -60,3 +60,40 @@ test("no button leaves a finger behind", async () => {
     await drag([100, rowMiddle(2)], [900, rowMiddle(2)]);
     await list.untilKept("One", "Two", "x Three");
 });
+
+test("in a row line breaks are copied, cut and pasted as such, and a word is dragged to another place", async () => {
+    await site.phone.context.grantPermissions(["clipboard-read", "clipboard-write"]);
+    const edit = async () => {
+        await mouse.click(40, rowMiddle(0));
+        await list.editing();
+        await list.key("Control+a");
+    };
+    await edit();
+    await list.page.evaluate(() => navigator.clipboard.writeText("One\r\nsecond line\n"));
+    await list.key("Control+v");
+    await list.key("Enter");
+    await list.untilKept("One\nsecond line", "Two", "Three");
+    await edit();
+    await list.page.evaluate(() => navigator.clipboard.writeText(""));
+    await list.key("Control+c");
+    const copied = () => list.page.evaluate(() => navigator.clipboard.readText());
+    assert.equal(await copied(), "One\nsecond line");
+    await list.key("Control+x");
+    assert.equal((await list.edited()).value, "");
+    await list.key("Control+v");
+    await list.key("Control+v");
+    await list.key("Enter");
+    await list.untilKept("One\nsecond lineOne\nsecond line", "Two", "Three");
+
+    await edit();
+    await list.type("front back");
+    await mouse.dblclick(40, rowMiddle(0));
+    await mouse.down();
+    await mouse.move(60, rowMiddle(0), { steps: 3 });
+    await mouse.move(300, rowMiddle(0), { steps: 5 });
+    await mouse.up();
+    await list.tab.until("it was moved", () => /^ ?back ?front ?$/.test(document.activeElement.value));
+    await list.key("Enter");
+    await list.tab.until("it is kept", () => document.querySelector("#editors input") === null);
+    assert.match((await list.texts())[0], /^ ?back ?front ?$/);
+});

@@ -27,6 +27,38 @@ function keyboardTop({ scale, height, offsetTop }) {
     return scale > 1 ? height * scale : offsetTop + height;
 }
 
+/**
+ * The clipboard has the line breaks of a row as such.
+ * @param {HTMLInputElement} field
+ */
+function keepLineBreaks(field) {
+    const copy = (/** @type {ClipboardEvent} */ event) => {
+        const text = field.value.slice(field.selectionStart ?? 0, field.selectionEnd ?? 0);
+        if (!text.includes(lineSeparator)) {
+            return;
+        }
+        event.preventDefault();
+        event.clipboardData?.setData("text/plain", text.replaceAll(lineSeparator, "\n"));
+        if (event.type === "cut") {
+            change("delete");
+        }
+    };
+    field.addEventListener("copy", copy);
+    field.addEventListener("cut", copy);
+    field.addEventListener("paste", (event) => {
+        const text = event.clipboardData?.getData("text/plain").replace(/(\r?\n)+$/, "") ?? "";
+        if (text.includes("\n")) {
+            event.preventDefault();
+            change("insertText", text.replaceAll(/\r?\n/g, lineSeparator));
+        }
+    });
+}
+
+/** As if it were typed: the browser can take it back. @param {string} command @param {string} [text] */
+function change(command, text) {
+    document.execCommand(command, false, text);
+}
+
 export class Editor {
     #container;
     #texts;
@@ -95,6 +127,9 @@ export class Editor {
         style.colorScheme = hasDarkKeyboard ? "dark" : "light";
         field.addEventListener("input", () => this.#tellChange(field));
         field.addEventListener("keydown", (event) => this.#keyDown(/** @type {KeyboardEvent} */ (event)));
+        if (field instanceof HTMLInputElement) {
+            keepLineBreaks(field);
+        }
         field.addEventListener("blur", () => this.#left(field));
         this.#field = field;
         this.#knownText = this.#text(field);
