@@ -13,6 +13,16 @@ namespace {
 /// Seconds until it is looked again whether the list is at rest.
 constexpr double untilNextLook = 0.5;
 
+/// A file that was written again, by us after a save that had failed or by a synchroniser, is no news.
+bool isSame(const Notes& notes, const std::vector<MergedNote>& merged)
+{
+    return std::equal(
+        notes.begin(), notes.end(), merged.begin(), merged.end(), [](const auto& ours, const auto& theirs) {
+            return ours->text == theirs.note.text && ours->data == theirs.note.data
+                && ours->completed == theirs.note.completed;
+        });
+}
+
 } // namespace
 
 bool ViewController::isAtRest() const
@@ -43,7 +53,7 @@ void ViewController::takeNews()
     bool isReadable = true;
     if (m_file.hasNews()) {
         const auto merged = m_file.takeNews(arrayNote);
-        if (merged)
+        if (merged && !isSame(arrayNote, *merged))
             showNews(*merged);
         isReadable = static_cast<bool>(merged);
     }

@@ -51,6 +51,15 @@ TEST_F(NewsTest, AReplacedListIsShownAndSaysNothing)
     EXPECT_EQ(host.effects().announced().back(), "The list was changed on another device.");
 }
 
+TEST_F(NewsTest, AListThatIsOnlyWrittenAgainIsNone)
+{
+    start({"One", "Two"});
+    const auto told = host.effects().announced();
+    putList({"One", "Two"});
+    hear();
+    EXPECT_EQ(host.effects().announced(), told);
+}
+
 TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
 {
     Lines texts;

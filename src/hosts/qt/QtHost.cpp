@@ -13,6 +13,8 @@ namespace velmorath {
 
 namespace {
 
+constexpr std::chrono::seconds pauseBetweenSaves{30};
+
 /// Desktops for phones say so in the environment: screens and pointers tell nothing, for a phone can
 /// have a monitor and a mouse, and a laptop a touch screen.
 bool isPhone()
@@ -75,6 +77,13 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_screen(m_widget, m_motion)
     , m_textInput(m_widget, m_widget.texts())
     , m_files(PosixFiles::forUser(folders.resources))
+    , m_retryingFiles(m_files, pauseBetweenSaves,
+          [this](bool isUnsaved) {
+              if (isUnsaved)
+                  m_unsavedNotice.show();
+              else
+                  m_unsavedNotice.withdraw();
+          })
     , m_documentsWatch(QString::fromStdString(m_files.documentDirectory().value_or("")),
           [this] {
               if (m_client)
@@ -86,6 +95,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     m_effects.whenOnSessionBus([this] {
         m_motion.listen();
         m_calls.listen();
+        m_unsavedNotice.listen();
         m_documents.listen();
     });
     m_widget.setWindowTitle(QStringLiteral("Velmorath"));
@@ -131,6 +141,7 @@ void QtHost::detach()
     // Its client may be gone before this host is.
     m_textInput.end();
     m_client->willTerminate();
+    m_retryingFiles.tryLast();
     m_client = nullptr;
     m_widget.setClient(nullptr);
     m_console.flush();

@@ -12,7 +12,9 @@
 #include "QtLocale.h"
 #include "QtScreen.h"
 #include "QtTextInput.h"
+#include "RetryingFiles.h"
 #include "ScreenWidget.h"
+#include "UnsavedNotice.h"
 
 namespace velmorath {
 
@@ -24,7 +26,7 @@ public:
     Screen& screen() override { return m_screen; }
     TextInput& textInput() override { return m_textInput; }
     Clock& clock() override { return m_clock; }
-    Files& files() override { return m_files; }
+    Files& files() override { return m_retryingFiles; }
     Locale& locale() override { return m_locale; }
     Effects& effects() override { return m_effects; }
     Console& console() override { return m_console; }
@@ -53,6 +55,8 @@ private:
     QtScreen m_screen;
     QtTextInput m_textInput;
     PosixFiles m_files;
+    UnsavedNotice m_unsavedNotice;
+    RetryingFiles m_retryingFiles;
     FolderWatch m_documentsWatch;
     QtLocale m_locale;
     QtEffects m_effects;

@@ -1,0 +1,81 @@
+#include "RetryingFiles.h"
+#include <filesystem>
+
+namespace velmorath {
+
+RetryingFiles::RetryingFiles(Files& files, std::chrono::milliseconds pause, std::function<void(bool)> changed)
+    : m_files(files)
+    , m_changed(std::move(changed))
+{
+    m_timer.setInterval(pause);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tryAgain(); });
+}
+
+Result<std::string> RetryingFiles::read(const std::string& path)
+{
+    const Version found = m_files.version(path);
+    Result<std::string> bytes = m_files.read(path);
+    if (bytes)
+        m_knownVersions[path] = found;
+    return bytes;
+}
+
+void RetryingFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
+{
+    m_files.replace(path, bytes, [&](const std::optional<Error>& error) {
+        if (error) {
+            m_unsaved[path] = {std::string(bytes), m_knownVersions[path]};
+        } else {
+            m_knownVersions[path] = m_files.version(path);
+            m_unsaved.erase(path);
+        }
+        updateTimer();
+        completion(error);
+    });
+}
+
+bool RetryingFiles::wasReplacedByOthers(const std::string& path, const Unsaved& unsaved)
+{
+    const Version found = m_files.version(path);
+    return found && found != unsaved.version;
+}
+
+void RetryingFiles::tryAgain()
+{
+    const auto all = m_unsaved;
+    for (const auto& [path, unsaved] : all) {
+        // The program has read what others wrote, or is about to: its next save has both, these bytes have
+        // not.
+        if (!wasReplacedByOthers(path, unsaved))
+            replace(path, unsaved.bytes, [](const auto&) {});
+    }
+}
+
+void RetryingFiles::tryLast()
+{
+    tryAgain();
+    const auto all = m_unsaved;
+    for (const auto& [path, unsaved] : all) {
+        if (!wasReplacedByOthers(path, unsaved))
+            continue;
+        // One of those that copiesBeside() finds at the next start.
+        const std::filesystem::path place(path);
+        const std::string beside =
+            (place.parent_path() / place.stem()).string() + ".unsaved" + place.extension().string();
+        m_files.replace(beside, unsaved.bytes, [](const auto&) {});
+    }
+}
+
+void RetryingFiles::updateTimer()
+{
+    const bool isUnsaved = !m_unsaved.empty();
+    if (isUnsaved == m_timer.isActive())
+        return;
+    if (isUnsaved)
+        m_timer.start();
+    else
+        m_timer.stop();
+    m_changed(isUnsaved);
+}
+
+} // namespace velmorath
