@@ -61,17 +61,16 @@ void QtTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity
     const QPoint point(static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y())));
     const QRect wholePoints(
         point, QSize(static_cast<int>(frame.size.width), static_cast<int>(frame.size.height)));
-    const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
     if (m_start) {
-        m_editor->setMargins(std::max(0, point.y() - static_cast<int>(std::lround(shown.minY()))),
-            std::max(0, static_cast<int>(std::lround(shown.maxY())) - wholePoints.bottom() - 1));
+        m_editor->setMargins(std::max(0, point.y() - static_cast<int>(std::lround(clip.minY()))),
+            std::max(0, static_cast<int>(std::lround(clip.maxY())) - wholePoints.bottom() - 1));
     }
     const QRect geometry = m_editor->geometryOver(wholePoints);
-    const QRect window = QRectF(shown.minX(), shown.minY(), shown.size.width, shown.size.height).toRect()
+    const QRect window = QRectF(clip.minX(), clip.minY(), clip.size.width, clip.size.height).toRect()
         & geometry.adjusted(0, 0, 1, 1);
     m_window->setGeometry(window);
     m_editor->widget().setGeometry(geometry.translated(-window.topLeft()));
-    m_effect->set(std::clamp(opacity, 0.0, 1.0), corner - point);
+    m_effect->set(opacity, corner - point);
     if (const auto start = std::exchange(m_start, std::nullopt))
         startAt(*start, point - geometry.topLeft());
 }

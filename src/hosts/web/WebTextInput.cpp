@@ -2,7 +2,6 @@
 #include "CommandBuffer.h"
 #include "IncomingBytes.h"
 #include "Page.h"
-#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -24,11 +23,10 @@ void WebTextInput::begin(
 
 void WebTextInput::place(const CGRect& frame, const CGRect& clip, CGFloat opacity)
 {
-    if (!m_client)
-        return;
-    const CGRect shown = clip.isEmpty() ? CGRect{} : clip;
-    pagePlaceEditor(frame.minX(), frame.minY(), frame.size.width, frame.size.height, shown.minX(),
-        shown.minY(), shown.size.width, shown.size.height, std::clamp(opacity, 0.0, 1.0));
+    if (m_client) {
+        pagePlaceEditor(frame.minX(), frame.minY(), frame.size.width, frame.size.height, clip.minX(),
+            clip.minY(), clip.size.width, clip.size.height, opacity);
+    }
 }
 
 CGFloat WebTextInput::scrolled() const

@@ -49,7 +49,8 @@ public:
     virtual void begin(TextInputClient&, const std::string& utf8, const CGTextStyle&, TextInputTraits) = 0;
 
     /// Where the edited field is now, in screen points: the editor lies exactly there, and shows only
-    /// what falls inside the clip. Called with each frame in which it moved.
+    /// what falls inside the clip, which may be empty. The opacity is from 0 to 1. Called with each frame in
+    /// which it moved.
     virtual void place(const CGRect& frame, const CGRect& clip, CGFloat opacity) = 0;
 
     /// How far down many lines are scrolled now, in points; 0 when nothing is edited.

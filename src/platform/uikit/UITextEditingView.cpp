@@ -3,6 +3,7 @@
 #include "Host.h"
 #include "UIApplication.h"
 #include "UITapGestureRecognizer.h"
+#include <algorithm>
 
 namespace velmorath {
 
@@ -111,7 +112,8 @@ void UITextEditingView::placeEditor()
     // Many lines scroll out over the margins of their view.
     if (m_traits.multiline)
         clip = clip.intersected(shownInWindow(bounds()));
-    Host::current().textInput().place(shownInWindow(editingRect()), clip, opacity);
+    Host::current().textInput().place(
+        shownInWindow(editingRect()), clip.isEmpty() ? CGRect{} : clip, std::clamp(opacity, 0.0, 1.0));
 }
 
 void UITextEditingView::draw(CGContext& context) const

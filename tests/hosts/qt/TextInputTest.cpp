@@ -140,7 +140,7 @@ TEST_F(EditorPlace, ShowsOnlyWhatIsInsideTheClipAndFades)
     EXPECT_GT(brightest(right), 240);
     host.textInput().place(field, field, 0.5);
     EXPECT_NEAR(brightest(left), 128, 8);
-    host.textInput().place(field, CGRect::null(), 1);
+    host.textInput().place(field, {}, 1);
     EXPECT_EQ(brightest(right), 0);
     host.textInput().end();
 }
