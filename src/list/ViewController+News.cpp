@@ -28,8 +28,8 @@ bool isSame(const Notes& notes, const std::vector<MergedNote>& merged)
 bool ViewController::isAtRest() const
 {
     const auto& list = *table();
-    return !tastieraAttiva && !presentedViewController() && !list.isDragging() && !list.isDecelerating()
-        && UIApplication::shared().numberOfTouches() == 0;
+    return !tastieraAttiva && !presentedViewController() && !m_tutorialIsComing && !list.isDragging()
+        && !list.isDecelerating() && UIApplication::shared().numberOfTouches() == 0;
 }
 
 void ViewController::takeNewsLater()

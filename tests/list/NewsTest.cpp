@@ -187,6 +187,17 @@ TEST_F(NewsTest, CopiesOfConflictsComeOnTopAsOneStep)
     EXPECT_EQ(saved(), (Lines{"One", "Two"}));
 }
 
+TEST_F(NewsTest, TheTutorialIsOfferedFirst)
+{
+    putCopy("noteSalvate.sync-conflict.archive", "half a fi");
+    launch();
+    hear();
+    EXPECT_TRUE(host.draw().text("Watch tutorial"));
+    host.press(HostKey::escape);
+    host.advance(2);
+    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
+}
+
 TEST_F(NewsTest, ASaveThatFailsKeepsWhatBothSidesDid)
 {
     start({"One", "Two"});
