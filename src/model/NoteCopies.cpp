@@ -77,21 +77,6 @@ Notes notesOfText(std::string_view text)
     return notes;
 }
 
-Result<Notes> notesOfArchive(std::string_view bytes)
-{
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
-    const Result<Notes> archived = root ? notesIn(*root) : Result<Notes>(root.error());
-    if (!archived)
-        return archived.error();
-    Notes notes;
-    for (const auto& note : *archived) {
-        // One that stands there twice is two notes here.
-        if (note->text && !note->text->empty())
-            notes.push_back(std::make_shared<ToDoItem2>(*note));
-    }
-    return notes;
-}
-
 } // namespace
 
 Result<Notes> notesIn(const ArchivedValue& root)
@@ -123,6 +108,21 @@ std::string textOfNotes(const Notes& notes)
         all += '\n';
     }
     return all;
+}
+
+Result<Notes> notesOfArchive(std::string_view bytes)
+{
+    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
+    const Result<Notes> archived = root ? notesIn(*root) : Result<Notes>(root.error());
+    if (!archived)
+        return archived.error();
+    Notes notes;
+    for (const auto& note : *archived) {
+        // One that stands there twice is two notes here.
+        if (note->text && !note->text->empty())
+            notes.push_back(std::make_shared<ToDoItem2>(*note));
+    }
+    return notes;
 }
 
 Result<Notes> notesOfCopy(std::string_view bytes)

@@ -19,6 +19,9 @@ Result<Notes> notesIn(const ArchivedValue& root);
 /// the further lines of a note indented.
 std::string textOfNotes(const Notes&);
 
+/// The notes of an archive that is not the program's own: each for itself, and none without a text.
+Result<Notes> notesOfArchive(std::string_view bytes);
+
 /// The notes of a copy that somebody saved or wrote: an archive, a text as above or another Markdown list, or
 /// a text with a note on each line. Nothing is told or ended by what is in it. An error when it cannot be
 /// read.

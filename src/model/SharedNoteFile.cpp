@@ -92,7 +92,7 @@ SharedNoteFile::Copies SharedNoteFile::takeCopies(const Notes& notes)
         if (std::any_of(m_copies.begin(), m_copies.end(), isThisOne))
             continue;
         const Result<std::string> bytes = Host::current().files().read(path);
-        const Result<Notes> copy = bytes ? notesOfCopy(*bytes) : Result<Notes>(bytes.error());
+        const Result<Notes> copy = bytes ? notesOfArchive(*bytes) : Result<Notes>(bytes.error());
         m_copies.push_back({path, copy ? "merged" : "unreadable"});
         if (!copy) {
             taken.areReadable = false;
