@@ -6,11 +6,11 @@ import { Site } from "./harness/site.mjs";
 const site = Site.forAllTests();
 let list;
 
-afterEach(() => list.page.close());
+afterEach(() => list.tab.close());
 
 test("no screen keeps anybody out", async () => {
     list = await List.first(site);
-    await list.shown("Yes").waitFor({ state: "attached" });
+    await list.appears("Yes");
     const steps = ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
         "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
     for (const step of ["", ...steps]) {
@@ -24,15 +24,18 @@ test("no screen keeps anybody out", async () => {
 
 test("the mirror lies over what it stands for", async () => {
     list = await List.with(site, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
-    const item = (name) => list.page.locator("#mirror [role=listitem]", { has: list.page.getByText(name, { exact: true }) });
-    assert.deepEqual(await item("Note 2").boundingBox(), { x: 0, y: 120, width: 375, height: 60 });
-    const place = (name) => item(name).evaluate((element) => [element.ariaPosInSet, element.ariaSetSize]);
+    const { x, y, width, height } = await list.box("Note 2");
+    assert.deepEqual({ x, y, width, height }, { x: 0, y: 120, width: 375, height: 60 });
+    const place = (name) => list.tab.evaluate((text) => {
+        const item = find(text).closest("[role=listitem]");
+        return [item.ariaPosInSet, item.ariaSetSize];
+    }, name);
     assert.deepEqual(await place("Note 2"), ["3", "50"]);
     await list.tab.drag([200, 500], [200, 80]);
     await list.atRest();
     await list.tab.until("it scrolled", () => document.querySelector("#mirror").textContent.includes("Note 15"));
     assert.deepEqual(await place("Note 12"), ["13", "50"]);
-    assert.equal(await list.page.evaluate(() => document.querySelectorAll("#mirror [role=listitem]").length < 14), true);
+    assert.equal(await list.tab.evaluate(() => document.querySelectorAll("#mirror [role=listitem]").length < 14), true);
     await list.press("Scroll down: Notes");
     await list.tab.until("it scrolled further", () => document.querySelector("#mirror").textContent.includes("Note 24"));
 });
@@ -84,8 +87,8 @@ test("everything can be done with the keys, and the focus tells where they are",
         }
         await list.key("Enter");
     }
-    assert.equal(await list.shown("Violet").getAttribute("aria-checked"), "true");
-    assert.equal(await list.shown("Blue").getAttribute("aria-checked"), "false");
+    assert.equal(await list.attribute("Violet", "aria-checked"), "true");
+    assert.equal(await list.attribute("Blue", "aria-checked"), "false");
     for (let screens = 0; screens < 3; ++screens) {
         await list.key("Escape");
     }

@@ -30,7 +30,7 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
     await list.untilKept("New", "One", "x Two");
     await open(Buffer.from("- [x] Two\n- [ ] Newer\n  with a second line\n"));
     await list.untilKept("Newer\nwith a second line", "New", "One", "x Two");
-    await list.page.keyboard.press("Control+z");
+    await list.tab.key("Control+z");
     await list.untilKept("New", "One", "x Two");
     await open(Buffer.from([0xff, 0]));
     await list.tapOn("OK");
@@ -53,20 +53,20 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {
-    await site.phone.context.addInitScript(() => {
+    await site.phone.addScript(() => {
         globalThis.shared = [];
         navigator.share = async ({ text }) => shared.push([text, navigator.userActivation.isActive]);
     });
-    await site.phone.context.grantPermissions(["clipboard-read", "clipboard-write"]);
+    await site.phone.browser.context.grantPermissions(["clipboard-read", "clipboard-write"]);
     const list = await List.with(site, ["One", { text: "Two\nlines", completed: true }]);
     const text = "- [ ] One\n- [x] Two\n  lines\n";
     await choose(list, "Share list");
-    assert.deepEqual(await list.page.evaluate(() => shared), [[text, true]]);
+    assert.deepEqual(await list.tab.evaluate(() => shared), [[text, true]]);
 
-    await list.page.evaluate(() => {
+    await list.tab.evaluate(() => {
         navigator.share = undefined;
     });
     await choose(list, "Share list");
     await list.tapOn("OK");
-    assert.equal(await list.page.evaluate(() => navigator.clipboard.readText()), text);
+    assert.equal(await list.tab.evaluate(() => navigator.clipboard.readText()), text);
 });

@@ -17,8 +17,8 @@ const white = 0xffffffff;
 // pixels at these places are.
 function paint(commands, places) {
     const words = commands.flatMap(([name, ...numbers]) => [names.indexOf(name), ...numbers]);
-    return tab.page.evaluate(async ([numbers, points]) => {
-        const { Painter } = await import("./painter.js");
+    return tab.evaluate(async ([numbers, points]) => {
+        const { Painter } = await import(new URL("painter.js", location.href).href);
         const canvas = document.createElement("canvas");
         canvas.width = 100;
         canvas.height = 100;

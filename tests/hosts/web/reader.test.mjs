@@ -33,7 +33,7 @@ function listen() {
 }
 
 async function begin(open) {
-    await site.phone.context.addInitScript(listen);
+    await site.phone.addScript(listen);
     list = await open(site);
 }
 
@@ -49,15 +49,15 @@ async function then(deed, focus, { heard = [], keeps = kept, title } = {}) {
     }
     assert.equal(found, focus);
     await list.untilKept(...kept);
-    assert.deepEqual(await list.page.evaluate(() => globalThis.heard.splice(0)), heard);
+    assert.deepEqual(await list.tab.evaluate(() => globalThis.heard.splice(0)), heard);
     if (title) {
-        assert.equal(await list.page.title(), title);
+        assert.equal(await list.tab.evaluate(() => document.title), title);
     }
 }
 
 const press = (name) => () => reader.press(name);
 const type = (text) => () => list.type(text);
-const key = (name) => () => list.page.keyboard.press(name);
+const key = (name) => () => list.tab.key(name);
 // From the menu of a row.
 const choose = (name, action) => async () => {
     await reader.press(`Actions: ${name}`);
@@ -129,7 +129,7 @@ test("a row is one stop, its menu opens from keys and presses, and closes to whe
 
 test("presses alone go through every screen and dialog", async () => {
     await begin(List.first);
-    await list.shown("Yes").waitFor({ state: "attached" });
+    await list.appears("Yes");
     await then(() => {}, "Watch tutorial", { keeps: [] });
     await then(press("Yes"), "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to "
         + "delete it. The keys are Control+N (N on a web page), Space and Delete. F2 edits a note, Enter opens it.",
@@ -150,7 +150,7 @@ test("presses alone go through every screen and dialog", async () => {
     await then(type("Hello"), "Message");
     await then(press("Send"), "Contact Us");
     await then(press("Close"), "Information");
-    const [mail] = await list.page.evaluate(() => globalThis.mails);
+    const [mail] = await list.tab.evaluate(() => globalThis.mails);
     assert.match(new URL(mail).searchParams.get("body"), /Hello$/);
     const { theme, soundEffect } = await list.settings();
     assert.deepEqual({ theme, soundEffect }, { theme: "Violet", soundEffect: "false" });

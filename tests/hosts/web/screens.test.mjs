@@ -41,7 +41,7 @@ function withoutMachine() {
 
 async function takeCalls(list, wanted) {
     await list.tab.until(`${wanted} was called`, (count) => calls.length >= count, wanted.length);
-    const found = await list.page.evaluate(() => calls.splice(0));
+    const found = await list.tab.evaluate(() => calls.splice(0));
     assert.deepEqual(found.sort(), wanted.sort());
 }
 
@@ -51,7 +51,7 @@ async function openSettings(list) {
 }
 
 test("the machine is asked for what is switched on", async () => {
-    await site.phone.context.addInitScript(watchMachine);
+    await site.phone.addScript(watchMachine);
     const list = await List.with(site, ["One", "Two", { text: "Three", completed: true }]);
     await takeCalls(list, ["badge 2"]);
     await list.tapOn("Information");
@@ -83,20 +83,20 @@ test("the machine is asked for what is switched on", async () => {
 });
 
 test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
-    await site.phone.context.addInitScript(watchMachine);
-    await site.phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
+    await site.phone.addScript(watchMachine);
+    await site.phone.browser.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
         contentType: "text/html",
         body: "<!doctype html><link rel=icon href=data:,><p>Privacy",
     }));
     const list = await List.with(site, ["One"]);
     await list.tapOn("Information");
     await list.tab.picture("information");
-    const [opened] = await Promise.all([site.phone.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
+    const [opened] = await Promise.all([site.phone.browser.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
     await opened.waitForLoadState();
     assert.match(opened.url(), /^https:\/\/.*privacy/);
     assert.deepEqual(await opened.evaluate(() => [opener, document.referrer]), [null, ""]);
     await opened.close();
-    await list.page.bringToFront();
+    await list.tab.show();
 
     await list.tapOn("Contact Us");
     await list.tapOn("Message");
@@ -104,14 +104,14 @@ test("mail is handed over, pages open in a tab that knows nothing of this one", 
     await list.type(" Hello & co?\nI mean it");
     await list.tab.picture("mail");
     await list.tapOn("Send");
-    const calls = await list.page.evaluate(() => globalThis.calls);
+    const calls = await list.tab.evaluate(() => globalThis.calls);
     const mail = new URL(calls.find((call) => call.startsWith("mailto:")));
     assert.equal(mail.pathname, "hello@velmorath.example");
     assert.match(mail.searchParams.get("body"), /Velmorath.*Hello & co\?\r?\nI mean it$/s);
 });
 
 test("without any of the machine's services everything else works", async () => {
-    await site.phone.context.addInitScript(withoutMachine);
+    await site.phone.addScript(withoutMachine);
     const list = await List.with(site, ["One"]);
     await list.add("Two");
     await list.swipe(0, 60, 350);
@@ -130,7 +130,7 @@ test("without any of the machine's services everything else works", async () => 
 test("people read it in their language", async () => {
     await site.changePhone({ locale: "it-IT" });
     const list = await List.with(site, [{ text: "Uno", completed: true }]);
-    assert.equal(await list.page.evaluate(() => document.documentElement.lang), "it");
+    assert.equal(await list.tab.evaluate(() => document.documentElement.lang), "it");
     assert.deepEqual(await list.said(),
         ["Uno, Completata", "Riordina le note", "Aggiungi nota", "Condividi", "Informazioni"]);
     await list.add("Due");

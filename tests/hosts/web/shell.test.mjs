@@ -31,13 +31,13 @@ async function deployNext({ whole }) {
 
 // Which version a page gets when it asks for a file now, as the program does for sounds and pictures.
 async function version(tab) {
-    const style = await tab.page.evaluate(async () => (await fetch("style.css")).text());
+    const style = await tab.evaluate(async () => (await fetch("style.css")).text());
     return style.includes("#of-the-next-version") ? "next" : "first";
 }
 
 // Which version it began with.
 function startedVersion(tab) {
-    return tab.page.evaluate(() => {
+    return tab.evaluate(() => {
         const rules = Array.from(document.styleSheets[0].cssRules, ({ selectorText }) => selectorText);
         return rules.includes("#of-the-next-version") ? "next" : "first";
     });
@@ -49,9 +49,9 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
     assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
 
     await site.server.pause();
-    await tab.page.reload({ waitUntil: "networkidle" });
-    await tab.page.goto(`${site.address}index.html?from=elsewhere`, { waitUntil: "networkidle" });
-    const missing = await tab.page.evaluate(async () => {
+    await tab.reload();
+    await tab.goto(`${site.address}index.html?from=elsewhere`);
+    const missing = await tab.evaluate(async () => {
         const names = Object.keys(await (await fetch("resources/index.json")).json());
         const files = ["velmorath.wasm", ...names.map((name) => `resources/${name}`)];
         const answers = await Promise.all(files.map((file) => fetch(file)));
@@ -64,33 +64,33 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
 
 test("a newer version comes whole, with a reload of the only page, and clears up after its own kind", async () => {
     const tab = await openInstalled();
-    await tab.page.evaluate(() => caches.open("velmorath of another folder"));
+    await tab.evaluate(() => caches.open("velmorath of another folder"));
     await deployNext({ whole: true });
-    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.reload();
     await tab.until("the newer version waits", async () =>
         (await navigator.serviceWorker.getRegistration()).waiting !== null);
 
     const second = await site.phone.open(site.address);
-    await second.page.reload({ waitUntil: "networkidle" });
+    await second.reload();
     for (const page of [tab, second]) {
         assert.deepEqual([await startedVersion(page), await version(page)], ["first", "first"]);
     }
-    await second.page.close();
+    await second.close();
 
-    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.reload();
     await tab.until("the newer version runs", async () => {
         const { waiting, active } = await navigator.serviceWorker.getRegistration();
         return waiting === null && active.state === "activated" && document.getElementById("screen") !== null;
     });
     assert.deepEqual([await startedVersion(tab), await version(tab)], ["next", "next"]);
-    const names = await tab.page.evaluate(() => caches.keys());
+    const names = await tab.evaluate(() => caches.keys());
     assert.deepEqual(names.sort(), [`velmorath ${site.address} next`, "velmorath of another folder"].sort());
 });
 
 test("a server that is still being updated changes nothing", async () => {
     const tab = await openInstalled();
     await deployNext({ whole: false });
-    const failed = await tab.page.evaluate(async () => {
+    const failed = await tab.evaluate(async () => {
         const registration = await navigator.serviceWorker.getRegistration();
         await registration.update();
         const worker = registration.installing;
@@ -98,14 +98,14 @@ test("a server that is still being updated changes nothing", async () => {
         return worker.state;
     });
     assert.equal(failed, "redundant");
-    await tab.page.reload({ waitUntil: "networkidle" });
+    await tab.reload();
     assert.deepEqual([await startedVersion(tab), await version(tab)], ["first", "first"]);
 });
 
 test("a notice says its texts as they are, to everybody, and its button takes the focus", async () => {
     const tab = await openInstalled();
-    await tab.page.evaluate(async () => {
-        const { showNotice } = await import("./notice.js");
+    await tab.evaluate(async () => {
+        const { showNotice } = await import(new URL("notice.js", location.href).href);
         globalThis.presses = 0;
         showNotice({
             title: "Velmorath <b>stopped</b>",
@@ -115,27 +115,26 @@ test("a notice says its texts as they are, to everybody, and its button takes th
             onButton: () => globalThis.presses++,
         });
     });
-    assert.equal(await tab.page.textContent("#notice h1"), "Velmorath <b>stopped</b>");
-    assert.equal(await tab.page.$("#notice img"), null);
+    assert.deepEqual(await tab.texts("#notice h1"), ["Velmorath <b>stopped</b>"]);
+    assert.deepEqual(await tab.texts("#notice img"), []);
     assert.deepEqual(await tab.obstacles(), []);
-    await tab.page.keyboard.press("Enter");
-    await tab.page.evaluate(() => document.getElementById("notice").scrollTo(0, 1e6));
-    const button = await tab.page.locator("#notice button").boundingBox();
-    await tab.tap([button.x + 20, button.y + 20]);
-    assert.equal(await tab.page.evaluate(() => globalThis.presses), 2);
+    await tab.key("Enter");
+    await tab.evaluate(() => document.getElementById("notice").scrollTo(0, 1e6));
+    await tab.tapOn("#notice button");
+    assert.equal(await tab.evaluate(() => globalThis.presses), 2);
 });
 
 test("every language has every word, and the words fit the smallest page", async () => {
     const tab = await openInstalled();
     await tab.page.setViewportSize({ width: 320, height: 480 });
-    const english = await tab.page.evaluate(async () => (await import("./words.js")).words(["xx", "toString"]));
+    const english = await tab.evaluate(async () => (await import(new URL("words.js", location.href).href)).words(["xx", "toString"]));
     for (const language of ["en", "it", "fr", "es", "pt-BR", "de-AT", "ja"]) {
-        const said = await tab.page.evaluate(async (tag) => (await import("./words.js")).words([tag]), language);
+        const said = await tab.evaluate(async (tag) => (await import(new URL("words.js", location.href).href)).words([tag]), language);
         assert.equal(said.language, language.slice(0, 2));
         assert.deepEqual(Object.keys(said), Object.keys(english));
         for (const name of ["stopped", "elsewhere", "noStorage", "slowStorage", "notLoaded", "unsupported"]) {
-            const fits = await tab.page.evaluate(async ([title, text, button]) => {
-                const { showNotice } = await import("./notice.js");
+            const fits = await tab.evaluate(async ([title, text, button]) => {
+                const { showNotice } = await import(new URL("notice.js", location.href).href);
                 showNotice({ title, text, button });
                 const { scrollWidth, scrollHeight } = document.getElementById("notice");
                 return scrollWidth <= innerWidth && scrollHeight <= innerHeight;

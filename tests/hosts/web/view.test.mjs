@@ -2,6 +2,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { List, rowMiddle } from "./harness/list.mjs";
+import { only } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -29,7 +30,7 @@ async function assertInSight(list) {
 }
 
 for (const scale of [1, 2, 2.625]) {
-    test(`with ${scale} pixels to the point, every size is filled, and sharp`, async () => {
+    test(`with ${scale} pixels to the point, every size is filled, and sharp`, only("chromium", "turns the screen"), async () => {
         await site.changePhone({ deviceScaleFactor: scale });
         const list = await List.with(site, ["One", "Two"]);
         const assertFilled = async ({ width }, y, name) => {
@@ -66,9 +67,9 @@ test("nothing is drawn while nothing changes", async () => {
     const list = await List.with(site, ["One", "Two"]);
     const assertIdle = async () => {
         await list.atRest();
-        const before = await list.page.evaluate(() => frames.count);
+        const before = await list.tab.evaluate(() => frames.count);
         await sleep(2000);
-        assert.equal(await list.page.evaluate(() => frames.count), before);
+        assert.equal(await list.tab.evaluate(() => frames.count), before);
     };
     await assertIdle();
     await list.pull();
@@ -104,7 +105,7 @@ for (const scale of [1, 2]) {
         const list = await List.with(site, ["Quick fjord, 12", "שלום עולם", long]);
         const area = (x, y, width, height) =>
             ({ x: x * scale, y: y * scale, width: width * scale, height: height * scale });
-        const hideCaret = () => list.page.evaluate(() => {
+        const hideCaret = () => list.tab.evaluate(() => {
             document.activeElement.style.caretColor = "transparent";
         });
         const drawn = await list.tab.picture(`drawn-at-${scale}`);
@@ -140,7 +141,7 @@ test("a tap puts the caret where it is, and a long note stays where it was read"
     const caretAfterTap = async (place) => {
         await list.tab.tap(place);
         await list.editing();
-        const caret = await list.page.evaluate(() => document.activeElement.selectionStart);
+        const caret = await list.tab.evaluate(() => document.activeElement.selectionStart);
         await list.key("Escape");
         return caret;
     };
@@ -155,7 +156,7 @@ test("a tap puts the caret where it is, and a long note stays where it was read"
     const read = await list.tab.picture("long-note-read");
     await list.tab.tap([40, 300]);
     await list.editing();
-    const line = await list.page.evaluate(() => {
+    const line = await list.tab.evaluate(() => {
         const { value, selectionStart } = document.activeElement;
         document.activeElement.style.caretColor = "transparent";
         return value.slice(0, selectionStart).split("\n").length;
@@ -169,9 +170,9 @@ test("a tap puts the caret where it is, and a long note stays where it was read"
     assertHardlyMoved(await list.tab.picture("long-note-read-again"));
 });
 
-test("two fingers enlarge what they do nothing else to", async () => {
+test("two fingers enlarge what they do nothing else to", only("chromium", "enlarges pages"), async () => {
     const list = await List.with(site, ["One", "Two"]);
-    const scale = () => list.page.evaluate(() => visualViewport.scale);
+    const scale = () => list.tab.evaluate(() => visualViewport.scale);
     const [near, wide] = [[[150, 300], [220, 300]], [[80, 300], [290, 300]]];
     await list.tab.pinch([[180, rowMiddle(0)], [180, rowMiddle(1)]], [[180, 2], [180, 200]]);
     await list.editing();
@@ -193,10 +194,10 @@ test("two fingers enlarge what they do nothing else to", async () => {
     const other = await site.phone.open(site.address);
     await other.until("it says that the list is open elsewhere", () => !document.getElementById("notice").hidden);
     await other.pinch(near, wide);
-    assert.ok(await other.page.evaluate(() => visualViewport.scale) > 1.5);
+    assert.ok(await other.evaluate(() => visualViewport.scale) > 1.5);
 });
 
-test("the user's own colours leave the picture alone, and motion is left out where it is not wanted", async () => {
+test("the user's own colours leave the picture alone, and motion is left out where it is not wanted", only("chromium", "sets what a user prefers"), async () => {
     const list = await List.with(site, ["One", "Two"]);
     await list.key("Tab");
     const whole = { x: 0, y: 0, width: 750, height: 1334 };
@@ -206,14 +207,14 @@ test("the user's own colours leave the picture alone, and motion is left out whe
 
     // How many pictures it takes to open a note and to close it.
     const looks = async () => {
-        await list.page.evaluate(() => {
+        await list.tab.evaluate(() => {
             const context = document.getElementById("screen").getContext("2d");
             globalThis.seen = new Set();
             frames.onFrame = () => seen.add(context.getImageData(40, 0, 1, context.canvas.height).data.join());
         });
         await list.key("Enter");
         await list.key("Escape");
-        return list.page.evaluate(() => seen.size);
+        return list.tab.evaluate(() => seen.size);
     };
     assert.ok(await looks() > 4);
     await list.page.emulateMedia({ reducedMotion: "reduce" });

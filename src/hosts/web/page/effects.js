@@ -28,7 +28,7 @@ export class Effects {
 
     constructor() {
         // Browsers let a page sound and ask only after the user has touched it.
-        for (const name of ["pointerup", "keydown", "click"]) {
+        for (const name of ["pointerup", "touchend", "keydown", "click"]) {
             addEventListener(name, () => this.#touched(), { capture: true });
         }
     }

@@ -44,6 +44,7 @@ export class Pointer {
     #pinchTimer = 0;
     #lastEnd = -Infinity;
     #isPinchFree = false;
+    #areTouchesPointers = false;
 
     /**
      * `call(name, ...numbers)` calls the program.
@@ -62,6 +63,7 @@ export class Pointer {
         on("pointermove", (event) => this.#move(event));
         on("pointerup", (event) => this.#up(event, phases.ended));
         on("pointercancel", (event) => this.#up(event, phases.cancelled));
+        on("touchstart", (event) => this.#touchStarted(event));
         listen("wheel", (event) => this.#wheel(event));
         // How a browser on a desktop tells of a touchpad's pinch. On a phone the fingers themselves are told.
         on("gesturestart", (event) => this.#gesture(event));
@@ -113,23 +115,54 @@ export class Pointer {
         this.#call("buttonCancelled", now());
     }
 
-    /** @param {MouseEvent} event */
-    #point(event) {
+    /** @param {{ clientX: number, clientY: number }} place */
+    #point({ clientX, clientY }) {
         const box = this.#stage.getBoundingClientRect();
-        return [event.clientX - box.x, event.clientY - box.y];
+        return [clientX - box.x, clientY - box.y];
     }
 
-    /** @param {PointerEvent} event @param {number} phase */
-    #touch(event, phase) {
-        this.#call("touchChanged", event.pointerId, phase, ...this.#point(event), seconds(event));
+    /** @param {number} number @param {number} phase @param {{ clientX: number, clientY: number }} place @param {Event} event */
+    #touch(number, phase, place, event) {
+        if (phase === phases.began) {
+            this.#touches.add(number);
+        } else if (!this.#touches.has(number)) {
+            return;
+        }
+        this.#call("touchChanged", number, phase, ...this.#point(place), seconds(event));
+        if (phase !== phases.began && phase !== phases.moved) {
+            this.#touches.delete(number);
+            this.#lastEnd = performance.now();
+        }
     }
+
+    /**
+     * WebKitGTK tells of fingers as touches alone, others before that as pointers. The element that is touched hears
+     * of it to the end, even if it is in the page no longer.
+     * @param {TouchEvent} event
+     */
+    #touchStarted(event) {
+        if (this.#areTouchesPointers) {
+            return;
+        }
+        for (const name of ["touchmove", "touchend", "touchcancel"]) {
+            event.target?.addEventListener(name, this.#tellTouches);
+        }
+        this.#tellTouches(event);
+    }
+
+    #tellTouches = (/** @type {any} */ event) => {
+        const phase = { touchstart: phases.began, touchmove: phases.moved, touchend: phases.ended }[String(event.type)];
+        for (const touch of event.changedTouches) {
+            this.#touch(touch.identifier, phase ?? phases.cancelled, touch, event);
+        }
+    };
 
     /** @param {PointerEvent} event */
     #down(event) {
         if (event.pointerType !== "mouse") {
+            this.#areTouchesPointers = true;
             this.#capture(event);
-            this.#touches.add(event.pointerId);
-            this.#touch(event, phases.began);
+            this.#touch(event.pointerId, phases.began, event, event);
         } else if (event.button === 0 && !this.#isButtonDown && !isReaders(event)) {
             this.#capture(event);
             this.#isButtonDown = true;
@@ -150,7 +183,7 @@ export class Pointer {
     #move(event) {
         const leftButton = 1;
         if (event.pointerType !== "mouse") {
-            this.#touch(event, phases.moved);
+            this.#touch(event.pointerId, phases.moved, event, event);
         } else if ((event.buttons & leftButton) !== 0) {
             this.#call("buttonMoved", ...this.#point(event), seconds(event));
         } else {
@@ -161,17 +194,17 @@ export class Pointer {
 
     /** @param {PointerEvent} event @param {number} phase */
     #up(event, phase) {
-        const isMouse = event.pointerType === "mouse";
-        if (isMouse ? !this.#isButtonDown : !this.#touches.delete(event.pointerId)) {
+        if (event.pointerType !== "mouse") {
+            this.#touch(event.pointerId, phase, event, event);
             return;
         }
-        if (!isMouse) {
-            this.#touch(event, phase);
-        } else if (phase === phases.cancelled) {
-            this.#isButtonDown = false;
+        if (!this.#isButtonDown) {
+            return;
+        }
+        this.#isButtonDown = false;
+        if (phase === phases.cancelled) {
             this.#call("buttonCancelled", seconds(event));
         } else {
-            this.#isButtonDown = false;
             this.#call("buttonReleased", ...this.#point(event), seconds(event));
         }
         this.#lastEnd = performance.now();

@@ -3,9 +3,10 @@
  * task goes to the database in one transaction, so that it gets there whole or not at all, and goes there
  * without waiting for any answer, so that it gets there even when the page is closed in the next moment.
  *
- * A page that opens the files takes the next number as their owner. Each transaction begins by taking the
- * number after the page's own, and gives it back: where another page has it, the database refuses this, and
- * with it the whole transaction. So a page that was replaced, however long it was frozen, writes nothing.
+ * A page that opens the files takes the next number as their owner. Each transaction ends by saying in a probe
+ * that the number after the page's own is free: where another page has it, the database refuses this, and with it
+ * the whole transaction. So a page that was replaced, however long it was frozen, writes nothing. It is the last
+ * thing that a transaction does, as Firefox, once it was told to commit, overlooks what fails before that.
  *
  * What the database refuses, or is too slow to take, is kept and tried again: alone after some time, and together
  * with what is written next.
@@ -14,7 +15,10 @@
 import { ownName } from "./memory.js";
 import { formerName, whileFormerListRests } from "./tab.js";
 
-const databaseVersion = 1;
+const databaseVersion = 2;
+
+// Where the probe stands among the owners.
+const probe = 0;
 
 // A number may be forgotten when nobody can be left whom it would stop.
 const keptOwners = 1000;
@@ -337,13 +341,17 @@ function openDatabase(name, mustExist) {
     /** @type {Promise<IDBDatabase>} */
     const opening = new Promise((resolve, reject) => {
         const request = indexedDB.open(name, databaseVersion);
-        request.onupgradeneeded = () => {
-            if (mustExist) {
-                request.transaction?.abort();
+        request.onupgradeneeded = ({ oldVersion }) => {
+            const transaction = /** @type {IDBTransaction} */ (request.transaction);
+            if (oldVersion === 0 && mustExist) {
+                transaction.abort();
                 return;
             }
-            request.result.createObjectStore("files");
-            request.result.createObjectStore("owners");
+            if (oldVersion === 0) {
+                request.result.createObjectStore("files");
+                request.result.createObjectStore("owners");
+            }
+            transaction.objectStore("owners").createIndex("number", "number", { unique: true });
         };
         request.onsuccess = () => {
             // Whoever deletes the database, or makes it anew for a later version, waits for this.
@@ -408,7 +416,8 @@ async function claim(database, formerOwner, brought = new Map()) {
                 return;
             }
             claimed.owner = formerOwner > 0 ? formerOwner : newest + 1;
-            owners.put(true, claimed.owner);
+            owners.delete(probe);
+            owners.put({ number: claimed.owner }, claimed.owner);
             owners.delete(IDBKeyRange.upperBound(claimed.owner - keptOwners));
             if (claimed.owner === 1) {
                 brought.forEach((bytes, path) => store.put(bytes, path));
@@ -430,13 +439,11 @@ async function asOwner(database, owner, change) {
     let isRefused = false;
     try {
         await inTransaction(database, "readwrite", (transaction) => {
-            const owners = transaction.objectStore("owners");
-            const adding = owners.add(true, successor);
-            adding.onerror = () => {
-                isRefused = adding.error?.name === "ConstraintError";
-            };
-            owners.delete(successor);
             change(transaction.objectStore("files"));
+            const probing = transaction.objectStore("owners").put({ number: successor }, probe);
+            probing.onerror = () => {
+                isRefused = probing.error?.name === "ConstraintError";
+            };
             transaction.commit();
         });
     } catch (error) {

@@ -2,7 +2,6 @@ import { setTimeout as sleep } from "node:timers/promises";
 import { archiveOf, notesIn, paths, settingsIn, settingsOf } from "./archive.mjs";
 
 const rowHeight = 60;
-const blank = { contentType: "text/html", body: "<!doctype html><link rel=icon href=data:,>" };
 
 /** The middle of a row's height, of those in sight. */
 export function rowMiddle(row) {
@@ -14,15 +13,13 @@ export class List {
     /** A tab with nothing in it yet. A stranger has not read yet that the list should be copied. */
     static async inNewTab(site, { isStranger = false } = {}) {
         const list = new List();
-        list.tab = await site.phone.open();
-        list.page = list.tab.page;
-        list.page.setDefaultTimeout(10000);
-        list.address = site.address;
-        list.page.on("console", (message) => list.lines.push(message.text()));
-        await list.page.addInitScript(countFrames);
+        await site.phone.addScript(countFrames);
         if (!isStranger) {
-            await list.page.addInitScript(knowCopies);
+            await site.phone.addScript(knowCopies);
         }
+        list.tab = await site.phone.open();
+        list.tab.onLine = (line) => list.lines.push(line);
+        list.address = site.address;
         return list;
     }
 
@@ -43,12 +40,12 @@ export class List {
 
     /** Opens the page for somebody who had it open before. */
     async open() {
-        await this.page.goto(this.address);
+        await this.tab.goto(this.address);
         await this.ready();
     }
 
     async reload() {
-        await this.page.reload();
+        await this.tab.reload();
         await this.ready();
     }
 
@@ -68,11 +65,10 @@ export class List {
 
     /** Puts files where the page will find them, while it is not open. */
     async put(files) {
-        await this.page.context().route("**/blank", (route) => route.fulfill(blank));
-        await this.page.goto(`${this.address}blank`);
+        await this.tab.goto(`${this.address}blank.html`);
         const texts = Object.entries(files).map(([path, bytes]) => [path, Buffer.from(bytes).toString("base64")]);
-        await this.page.evaluate(async (encoded) => {
-            const { openStorage } = await import("./storage.js");
+        await this.tab.evaluate(async (encoded) => {
+            const { openStorage } = await import(new URL("storage.js", location.href).href);
             const storage = await openStorage();
             await Promise.all(encoded.map(async ([path, text]) => {
                 const bytes = await (await fetch(`data:;base64,${text}`)).arrayBuffer();
@@ -84,7 +80,7 @@ export class List {
 
     /** What is in the database under a path; null when there is nothing. */
     async kept(path) {
-        const text = await this.page.evaluate(readFile, path);
+        const text = await this.tab.evaluate(readFile, path);
         return text === null ? null : Buffer.from(text, "base64");
     }
 
@@ -139,8 +135,8 @@ export class List {
 
     /** Touches what stands on the screen under this name. */
     async tapOn(name) {
-        const { x, y, width, height } = await this.shown(name).boundingBox();
-        await this.tap([x + width / 2, y + height / 2]);
+        const { left, top, width, height } = await this.box(name);
+        await this.tap([left + width / 2, top + height / 2]);
     }
 
     async swipe(row, from, to) {
@@ -156,7 +152,7 @@ export class List {
     async add(text) {
         await this.pull();
         await this.type(text);
-        await this.page.keyboard.press("Enter");
+        await this.tab.key("Enter");
         await this.atRest();
     }
 
@@ -169,12 +165,12 @@ export class List {
     }
 
     async type(text) {
-        await this.page.keyboard.type(text);
+        await this.tab.type(text);
     }
 
     /** What is edited, as the browser knows it. */
     edited() {
-        return this.page.evaluate(() => {
+        return this.tab.evaluate(() => {
             const field = document.activeElement;
             return { kind: field.localName, label: field.ariaLabel, value: field.value };
         });
@@ -182,16 +178,27 @@ export class List {
 
     // What a screen reader finds.
 
-    /** What can be pressed or read under this name. */
-    shown(name) {
-        return this.page.locator("#mirror").getByText(name, { exact: true })
-            .or(this.page.locator(`#mirror [aria-label=${JSON.stringify(name)}]`)).first();
+    /** Waits until something can be pressed or read under this name. */
+    async appears(name) {
+        await this.tab.until(`there is ${name}`, (text) => find(text) !== null, name);
+    }
+
+    /** Where it is. */
+    async box(name) {
+        await this.appears(name);
+        return this.tab.evaluate((text) => find(text).getBoundingClientRect().toJSON(), name);
+    }
+
+    /** What one of its attributes says. */
+    async attribute(name, attribute) {
+        await this.appears(name);
+        return this.tab.evaluate(([text, wanted]) => find(text).getAttribute(wanted), [name, attribute]);
     }
 
     /** All that is said of the screen, in its order, but for dates. */
     async said() {
         await this.atRest();
-        const texts = await this.page.evaluate(() =>
+        const texts = await this.tab.evaluate(() =>
             Array.from(document.querySelectorAll("#mirror *"))
                 .filter((element) => element.childElementCount === 0)
                 .filter((element) => !element.matches(".action"))
@@ -201,33 +208,37 @@ export class List {
 
     /** Presses what has this name. Not as a screen reader does: see reader.mjs. */
     async press(name) {
-        await this.shown(name).waitFor({ state: "attached" });
-        await this.shown(name).evaluate((element) => element.click());
+        await this.appears(name);
+        await this.tab.evaluate((text) => find(text).click(), name);
         await this.atRest();
     }
 
     /** Where the keys are, in words. */
     async focused() {
         await this.atRest();
-        return withoutDate(await this.page.evaluate(() =>
+        return withoutDate(await this.tab.evaluate(() =>
             document.activeElement.ariaLabel ?? document.activeElement.textContent));
     }
 
     async key(name) {
-        await this.page.keyboard.press(name);
+        await this.tab.key(name);
         await this.atRest();
     }
 
     /** The colour in the middle of a row, beside its text. */
     async rowColor(row, name) {
         const picture = await this.tab.picture(name);
-        const scale = picture.width / this.page.viewportSize().width;
+        const scale = picture.width / await this.tab.evaluate(() => innerWidth);
         return picture.pixel(300 * scale, rowMiddle(row) * scale);
+    }
+
+    /** What drives the page in Chromium. */
+    get page() {
+        return this.tab.page;
     }
 
     lines = [];
     tab = null;
-    page = null;
     address = "";
 }
 
@@ -237,6 +248,10 @@ function withoutDate(text) {
 
 /** Runs in the page, before everything. Frames wait for writes, so those are counted, too. */
 function countFrames() {
+    // What can be pressed or read under a name, with nothing inside that is called so, too.
+    globalThis.find = (name) => Array.from(document.querySelectorAll("#mirror *"))
+        .filter((element) => element.ariaLabel === name || element.textContent.trim() === name)
+        .find((element, _, found) => !found.some((other) => other !== element && element.contains(other))) ?? null;
     const frames = { count: 0, waiting: 0, writes: 0, last: performance.now(), onFrame() {} };
     globalThis.frames = frames;
     const request = globalThis.requestAnimationFrame.bind(globalThis);

@@ -1,70 +1,63 @@
 import { mkdtemp, rm } from "node:fs/promises";
-import { createRequire } from "node:module";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
-import { Tab } from "./tab.mjs";
 
-const { chromium } = createRequire(import.meta.url)("playwright-core");
+/** Which browser the tests are run in: each has a file here, which drives it. */
+export const engine = process.env.VELMORATH_ENGINE ?? "chromium";
 
-const options = {
-    executablePath: process.env.VELMORATH_CHROMIUM ?? "/usr/bin/chromium",
-    args: [
-        "--no-sandbox",
-        "--disable-gpu",
-        "--disable-quic",
-        "--no-first-run",
-        "--disable-background-networking",
-        "--disable-component-update",
-        "--disable-sync",
-    ],
-    viewport: { width: 375, height: 667 },
-    deviceScaleFactor: 2,
-    hasTouch: true,
-    isMobile: true,
-    locale: "en-US",
-    timezoneId: "UTC",
-};
+const { Browser } = await import(`./${engine}.mjs`);
+
+/** For a test that only this engine can be asked for. @param {string} reason what the others' drivers lack */
+export function only(name, reason) {
+    return { skip: engine === name ? false : `only ${name}: ${reason}` };
+}
 
 /** A browser on a phone: a profile that outlives it, and a record of what went wrong in its pages. */
 export class Phone {
-    /** `changes` are those of the browser's options that differ from a phone's; `args` are further ones. */
+    /** `changes` are those of the browser's options that differ from a phone's: see the engine's file. */
     static async start(changes = {}) {
         const phone = new Phone();
         phone.#profile = await mkdtemp(join(tmpdir(), "velmorath-phone-"));
-        phone.#options = { ...options, ...changes, args: [...options.args, ...changes.args ?? []] };
+        phone.#changes = changes;
         await phone.startAgain();
         return phone;
     }
 
     /** A new browser with the profile of the one that is gone. */
     async startAgain() {
-        this.context = await chromium.launchPersistentContext(this.#profile, this.#options);
+        this.browser = await Browser.start(this.#profile, this.#changes);
+        for (const script of this.#scripts) {
+            await this.browser.addScript(script);
+        }
+    }
+
+    /** Every page that is opened from now on runs this function before everything else. */
+    async addScript(script) {
+        if (!this.#scripts.has(script)) {
+            this.#scripts.add(script);
+            await this.browser.addScript(script);
+        }
     }
 
     /** A new tab, with the page at the address in it when there is one. */
     async open(address) {
-        const page = await this.context.newPage();
-        page.on("pageerror", (error) => this.faults.push(`error: ${error.message}`));
-        page.on("console", (message) => message.type() === "error" && this.faults.push(message.text()));
-        page.on("request", (request) => this.requests.push(request.url()));
+        const tab = await this.browser.newTab();
+        tab.onFault = (fault) => this.faults.push(fault);
+        tab.onRequest = (requested) => this.requests.push(requested);
         if (address) {
-            await page.goto(address, { waitUntil: "networkidle" });
+            await tab.goto(address);
         }
-        return Tab.on(page);
+        return tab;
     }
 
     /** The browser is gone at once, without a chance to put anything in order. */
-    async kill() {
-        const session = await this.context.browser().newBrowserCDPSession();
-        const { processInfo } = await session.send("SystemInfo.getProcessInfo");
-        const gone = new Promise((resolve) => this.context.once("close", resolve));
-        process.kill(processInfo.find(({ type }) => type === "browser").id, "SIGKILL");
-        await gone;
+    kill() {
+        return this.browser.kill();
     }
 
     /** Closes everything. Fails when anything went wrong in a page that no test took off the record. */
     async stop() {
-        await this.context.close();
+        await this.browser.close();
         await rm(this.#profile, { recursive: true, force: true, maxRetries: 10 });
         if (this.faults.length) {
             throw new Error(`The pages complained:\n${this.faults.join("\n")}`);
@@ -72,8 +65,9 @@ export class Phone {
     }
 
     #profile = "";
-    #options = {};
-    context = null;
+    #changes = {};
+    #scripts = new Set();
+    browser = null;
     faults = [];
     requests = [];
 }

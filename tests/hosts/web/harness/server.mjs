@@ -1,6 +1,6 @@
 import { spawn } from "node:child_process";
 import { once } from "node:events";
-import { cp, mkdir, mkdtemp, rm } from "node:fs/promises";
+import { cp, mkdir, mkdtemp, rm, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { fileURLToPath } from "node:url";
@@ -28,6 +28,8 @@ export class Server {
         await rm(this.folder, { recursive: true, force: true });
         await mkdir(this.folder, { recursive: true });
         await cp(page, this.folder, { recursive: true });
+        // A page of the list's address that runs nothing by itself.
+        await writeFile(join(this.folder, "blank.html"), "<!doctype html><link rel=icon href=data:,>");
     }
 
     async resume() {

@@ -1,4 +1,6 @@
+import { writeFile } from "node:fs/promises";
 import { createRequire } from "node:module";
+import { join } from "node:path";
 import { setTimeout as sleep } from "node:timers/promises";
 import { Picture } from "./picture.mjs";
 
@@ -6,22 +8,26 @@ const axe = createRequire(import.meta.url)("axe-core");
 
 const frame = 16;
 
-/** A page of the phone, and the fingers on it. Places are [x, y] in points, durations are milliseconds. */
+/**
+ * A page of the phone, and the fingers on it. Places are [x, y] in points, durations are milliseconds.
+ *
+ * An engine's own tab has besides:
+ *     evaluate(function, argument)  the function's answer, or what its promise resolves to, from inside the page
+ *     goto(address), reload(), back(), close()
+ *     hide(), show()                another tab is in front, and then this one
+ *     key(name), keyDown(name), keyUp(name), type(text)   keys as KeyboardEvent names them, "Alt+ArrowUp", too
+ *     touch(phase, places)          "start", "move" or "end" of all the fingers that are down
+ *     screenshot()                  a PNG
+ * and calls onLine(text) for each line that the page says, onFault(text) for each complaint, onRequest(address).
+ */
 export class Tab {
-    static async on(page) {
-        const tab = new Tab();
-        tab.page = page;
-        tab.#session = await page.context().newCDPSession(page);
-        return tab;
-    }
-
     /** Runs a function in the page, as often as it takes for its answer to be true. The page may change meanwhile. */
     async until(what, predicate, argument) {
         const end = Date.now() + 15000;
         let answer;
         do {
             await sleep(30);
-            answer = await this.page.evaluate(predicate, argument).catch((error) => error);
+            answer = await this.evaluate(predicate, argument).catch((error) => error);
         } while (answer !== true && Date.now() < end);
         if (answer !== true) {
             throw new Error(`Waited in vain until ${what}`, { cause: answer });
@@ -37,7 +43,7 @@ export class Tab {
     /** Puts fingers down, one or more. They stay until release(). */
     async press(places) {
         this.#fingers = places;
-        await this.#send("touchStart", places);
+        await this.touch("start", places);
     }
 
     /** Moves the fingers that are down there, at an even speed. */
@@ -49,13 +55,14 @@ export class Tab {
             part = Math.min(1, (Date.now() - begin) / duration);
             this.#fingers = from.map((start, finger) =>
                 start.map((value, axis) => value + (places[finger][axis] - value) * part));
-            await this.#send("touchMove", this.#fingers);
+            await this.touch("move", this.#fingers);
         }
     }
 
     async release() {
+        const places = this.#fingers;
         this.#fingers = [];
-        await this.#send("touchEnd", []);
+        await this.touch("end", places);
     }
 
     /** From one place to the other, where the finger rests before it lets go: nothing goes on moving. */
@@ -81,33 +88,39 @@ export class Tab {
         await this.release();
     }
 
+    /** Taps the middle of the element that a selector finds. */
+    async tapOn(selector) {
+        const { x, y, width, height } = await this.evaluate((wanted) =>
+            document.querySelector(wanted).getBoundingClientRect().toJSON(), selector);
+        await this.tap([x + width / 2, y + height / 2]);
+    }
+
+    /** The texts of all elements that a selector finds. */
+    texts(selector) {
+        return this.evaluate((wanted) =>
+            Array.from(document.querySelectorAll(wanted), ({ textContent }) => textContent), selector);
+    }
+
     /** What is on the screen now, in the screen's pixels; kept in a file, too, when there is a folder for it. */
     async picture(name) {
         const folder = process.env.VELMORATH_PICTURES;
-        const path = folder && name ? `${folder}/${name}.png` : undefined;
-        return new Picture(await this.page.screenshot({ path }));
+        const png = await this.screenshot();
+        if (folder && name) {
+            await writeFile(join(folder, `${name}.png`), png);
+        }
+        return new Picture(png);
     }
 
     /** What would keep people from using this screen, in words. */
     async obstacles() {
-        await this.page.evaluate(axe.source);
-        const { violations } = await this.page.evaluate(() => globalThis.axe.run());
+        const { violations } = await this.evaluate(new Function(`${axe.source};return axe.run()`));
         return violations
             .filter(({ impact }) => impact === "serious" || impact === "critical")
             .flatMap(({ help, nodes }) => nodes.map(({ html }) => `${help}: ${html}`));
     }
 
-    /** A command of the browser's own debugging protocol. */
-    command(name, parameters) {
-        return this.#session.send(name, parameters);
-    }
-
-    async #send(type, places) {
-        const touchPoints = places.map(([x, y], id) => ({ x, y, id }));
-        await this.#session.send("Input.dispatchTouchEvent", { type, touchPoints });
-    }
-
-    #session;
     #fingers = [];
-    page = null;
+    onLine = (_line) => {};
+    onFault = (_fault) => {};
+    onRequest = (_address) => {};
 }
