@@ -57,7 +57,7 @@ test("the list is shared as a text, or put on the clipboard", async () => {
         globalThis.shared = [];
         navigator.share = async ({ text }) => shared.push([text, navigator.userActivation.isActive]);
     });
-    await site.phone.browser.context.grantPermissions(["clipboard-read", "clipboard-write"]);
+    await site.phone.context.grantPermissions(["clipboard-read", "clipboard-write"]);
     const list = await List.with(site, ["One", { text: "Two\nlines", completed: true }]);
     const text = "- [ ] One\n- [x] Two\n  lines\n";
     await choose(list, "Share list");

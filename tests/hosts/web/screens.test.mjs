@@ -84,14 +84,14 @@ test("the machine is asked for what is switched on", async () => {
 
 test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
     await site.phone.addScript(watchMachine);
-    await site.phone.browser.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
+    await site.phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
         contentType: "text/html",
         body: "<!doctype html><link rel=icon href=data:,><p>Privacy",
     }));
     const list = await List.with(site, ["One"]);
     await list.tapOn("Information");
     await list.tab.picture("information");
-    const [opened] = await Promise.all([site.phone.browser.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
+    const [opened] = await Promise.all([site.phone.context.waitForEvent("page"), list.tapOn("Privacy policy")]);
     await opened.waitForLoadState();
     assert.match(opened.url(), /^https:\/\/.*privacy/);
     assert.deepEqual(await opened.evaluate(() => [opener, document.referrer]), [null, ""]);

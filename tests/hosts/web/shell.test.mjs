@@ -3,6 +3,8 @@ import { createHash } from "node:crypto";
 import { appendFile, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
+import { setTimeout as sleep } from "node:timers/promises";
+import { engine, only } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -45,8 +47,10 @@ function startedVersion(tab) {
 
 test("starts without a server from what it kept, in a subfolder, with nothing from elsewhere", async () => {
     const tab = await openInstalled();
-    assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
-    assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
+    if (engine === "chromium") {
+        assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
+        assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
+    }
 
     await site.server.pause();
     await tab.reload();
@@ -72,17 +76,21 @@ test("a newer version comes whole, with a reload of the only page, and clears up
 
     const second = await site.phone.open(site.address);
     await second.reload();
+    await second.until("it is a list again", () => document.querySelector("#notice h1") !== null);
     for (const page of [tab, second]) {
         assert.deepEqual([await startedVersion(page), await version(page)], ["first", "first"]);
     }
     await second.close();
+    // Browsers take their time to count it no longer.
+    await sleep(1000);
 
     await tab.reload();
     await tab.until("the newer version runs", async () => {
-        const { waiting, active } = await navigator.serviceWorker.getRegistration();
-        return waiting === null && active.state === "activated" && document.getElementById("screen") !== null;
+        const { waiting } = await navigator.serviceWorker.getRegistration();
+        return waiting === null
+            && Array.from(document.styleSheets[0].cssRules).some((rule) => rule.selectorText === "#of-the-next-version");
     });
-    assert.deepEqual([await startedVersion(tab), await version(tab)], ["next", "next"]);
+    assert.equal(await version(tab), "next");
     const names = await tab.evaluate(() => caches.keys());
     assert.deepEqual(names.sort(), [`velmorath ${site.address} next`, "velmorath of another folder"].sort());
 });
@@ -124,7 +132,7 @@ test("a notice says its texts as they are, to everybody, and its button takes th
     assert.equal(await tab.evaluate(() => globalThis.presses), 2);
 });
 
-test("every language has every word, and the words fit the smallest page", async () => {
+test("every language has every word, and the words fit the smallest page", only("chromium", "has so small a page"), async () => {
     const tab = await openInstalled();
     await tab.page.setViewportSize({ width: 320, height: 480 });
     const english = await tab.evaluate(async () => (await import(new URL("words.js", location.href).href)).words(["xx", "toString"]));

@@ -5,6 +5,13 @@ const scriptAddress = globalThis.trustedTypes
     ?.createPolicy("velmorath", { createScriptURL: () => address })
     .createScriptURL("") ?? address;
 
+/** Whether this page was reloaded while a newer version waits to come in. */
+export async function isReloadForNewer() {
+    const [navigation] = /** @type {PerformanceNavigationTiming[]} */ (performance.getEntriesByType("navigation"));
+    const registration = navigation?.type === "reload" && navigator.serviceWorker?.getRegistration();
+    return Boolean((await registration)?.waiting);
+}
+
 /**
  * Keeps the page on the device and looks for a newer version of it. To be called when the list is on the screen,
  * as the downloads would delay it. The list works without this, too, but needs the network then.

@@ -5,7 +5,7 @@ import { Editor } from "./editor.js";
 import { Documents, listenToFiles } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
-import { installWorker } from "./install.js";
+import { installWorker, isReloadForNewer } from "./install.js";
 import { insertKey, listenToBack, listenToKeys } from "./keys.js";
 import { careForList } from "./keeping.js";
 import { Launches } from "./launch.js";
@@ -224,6 +224,10 @@ async function start() {
     document.documentElement.lang = say.language;
     if (!isSupported()) {
         showNotice({ title: say.unsupported, text: say.unsupportedText });
+        return;
+    }
+    if (await isReloadForNewer()) {
+        location.replace("update.html");
         return;
     }
     const parts = beginLoading();

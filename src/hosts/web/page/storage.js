@@ -16,6 +16,8 @@ import { ownName } from "./memory.js";
 import { formerName, whileFormerListRests } from "./tab.js";
 
 const databaseVersion = 2;
+/** Of the database that all folders of a site had. */
+const formerVersion = 1;
 
 // Where the probe stands among the owners.
 const probe = 0;
@@ -340,10 +342,10 @@ function isSame(one, other) {
 function openDatabase(name, mustExist) {
     /** @type {Promise<IDBDatabase>} */
     const opening = new Promise((resolve, reject) => {
-        const request = indexedDB.open(name, databaseVersion);
+        const request = indexedDB.open(name, mustExist ? formerVersion : databaseVersion);
         request.onupgradeneeded = ({ oldVersion }) => {
             const transaction = /** @type {IDBTransaction} */ (request.transaction);
-            if (oldVersion === 0 && mustExist) {
+            if (mustExist) {
                 transaction.abort();
                 return;
             }

@@ -2,25 +2,13 @@
  * Keeps one version of the page on the device, whole, so that it starts at once and without a network.
  *
  * No page ever gets the files of two versions: a newer worker waits until no page uses the older one. As
- * a page that is reloaded never stops using it, reloading the only page there is lets the newer one in.
+ * a page that is reloaded never stops using it, the only page there is makes way for one that asks the newer one in.
  */
 
 // assemble.cmake fills these in: each file has the SHA-256 of what it holds.
 const version = "@VERSION@";
 /** @type {Record<string, string>} */
 const files = { /*@FILES@*/ };
-
-// Stands on the screen for the moment in which the newer worker takes over, and uses no file of either version.
-const updatePage = {
-    text: `<!doctype html>
-        <meta name="color-scheme" content="dark">
-        <link rel="icon" href="data:,">
-        <script type="module" src="update.js"></script>`,
-    headers: {
-        "Content-Type": "text/html",
-        "Content-Security-Policy": "default-src 'none'; script-src 'self'; img-src data:",
-    },
-};
 
 const worker = /** @type {ServiceWorkerGlobalScope} */ (/** @type {unknown} */ (self));
 const { registration } = worker;
@@ -29,13 +17,13 @@ const cacheName = cachePrefix + version;
 
 worker.addEventListener("install", (event) => event.waitUntil(install()));
 worker.addEventListener("activate", (event) => event.waitUntil(activate()));
-worker.addEventListener("message", () => worker.skipWaiting());
+worker.addEventListener("message", (event) => event.waitUntil(comeIn(event)));
 worker.addEventListener("fetch", (event) => {
     const path = pathOf(event.request);
     if (path === null) {
         return;
     }
-    event.respondWith(event.request.mode === "navigate" ? openPage(event) : answer(event.request, path));
+    event.respondWith(answer(event.request, path));
 });
 
 async function install() {
@@ -88,15 +76,14 @@ async function answer(request, path) {
     return (await cache.match(path, { ignoreVary: true })) ?? fetch(request);
 }
 
-/** @param {FetchEvent} event */
-async function openPage(event) {
-    const isUpdate = registration.waiting && (await isReloadOfOnlyPage(event));
-    return isUpdate ? new Response(updatePage.text, updatePage) : answer(event.request, "./");
-}
-
-/** @param {FetchEvent} event */
-async function isReloadOfOnlyPage(event) {
-    const pages = await worker.clients.matchAll({ type: "window", includeUncontrolled: true });
-    const others = pages.filter((page) => page.id !== event.resultingClientId);
-    return event.request.cache === "no-cache" && others.length <= 1;
+// Asked to take over, the newer worker says whether it does: only when no page is open but the one that asks.
+/** @param {ExtendableMessageEvent} event */
+async function comeIn({ ports }) {
+    const windows = await worker.clients.matchAll({ type: "window", includeUncontrolled: true });
+    const pages = windows.filter(({ url }) => url.startsWith(registration.scope));
+    const comes = pages.length === 1 && pages[0].url.endsWith("/update.html");
+    ports[0].postMessage(comes);
+    if (comes) {
+        await worker.skipWaiting();
+    }
 }

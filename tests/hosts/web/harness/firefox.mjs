@@ -87,11 +87,13 @@ class FirefoxTab extends Tab {
     constructor(page) {
         super();
         this.#page = page;
-        page.on("pageerror", (error) => this.onFault(`error: ${error.message}`));
-        page.on("console", (message) => {
+        // Also told is what a page that goes away waits for no longer.
+        page.on("pageerror", ({ message }) => /ServiceWorker intercepted/.test(message) || this.onFault(`error: ${message}`));
+        page.on("console", async (message) => {
             this.onLine(message.text());
             if (message.type() === "error") {
-                this.onFault(message.text());
+                const words = message.args().map((word) => word.evaluate(String).catch(() => "something"));
+                this.onFault((await Promise.all(words)).join(" "));
             }
         });
         page.on("request", (request) => this.onRequest(request.url()));

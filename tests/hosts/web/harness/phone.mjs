@@ -64,6 +64,11 @@ export class Phone {
         }
     }
 
+    /** What drives it in Chromium. */
+    get context() {
+        return this.browser.context;
+    }
+
     #profile = "";
     #changes = {};
     #scripts = new Set();
