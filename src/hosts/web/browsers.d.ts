@@ -2,6 +2,7 @@
 
 interface CloseWatcher {
     onclose: (() => void) | null;
+    destroy(): void;
 }
 declare var CloseWatcher: { new (): CloseWatcher };
 

@@ -16,4 +16,9 @@ export default [{
         ...Object.fromEntries(rules.map((rule) => [rule, "error"])),
         "no-unused-vars": ["error", { argsIgnorePattern: "^_" }],
     },
+}, {
+    // For browsers of long ago.
+    files: ["**/supported.js"],
+    languageOptions: { ecmaVersion: 5, sourceType: "script" },
+    rules: { "no-var": "off", "object-shorthand": "off", "prefer-template": "off" },
 }];

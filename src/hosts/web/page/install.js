@@ -8,8 +8,8 @@ const scriptAddress = globalThis.trustedTypes
 /** Whether this page was reloaded while a newer version waits to come in. */
 export async function isReloadForNewer() {
     const [navigation] = /** @type {PerformanceNavigationTiming[]} */ (performance.getEntriesByType("navigation"));
-    const registration = navigation?.type === "reload" && navigator.serviceWorker?.getRegistration();
-    return Boolean((await registration)?.waiting);
+    const registration = navigation?.type === "reload" ? await navigator.serviceWorker?.getRegistration() : null;
+    return Boolean(registration?.waiting);
 }
 
 /**

@@ -5,6 +5,7 @@ const keys = ["ArrowUp", "ArrowDown", "ArrowLeft", "ArrowRight", "Home", "End", 
     " ", "Escape", "Insert", "F2", "Delete", "Undo", "Redo"];
 
 export const insertKey = keys.indexOf("Insert");
+export const escapeKey = keys.indexOf("Escape");
 
 /** @typedef {(key: number, shift: boolean, alt: boolean, isRepeat: boolean) => boolean} Press */
 
@@ -51,27 +52,4 @@ export function listenToKeys(isEditing, press) {
             event.preventDefault();
         }
     });
-}
-
-/**
- * A phone's back gesture closes a screen, as Escape does. When there is none to close, the next one leaves the page.
- * @param {Press} press
- */
-export function listenToBack(press) {
-    /** @type {CloseWatcher | null} */
-    let watcher = null;
-    const watch = () => {
-        if (watcher || !globalThis.CloseWatcher) {
-            return;
-        }
-        watcher = new CloseWatcher();
-        watcher.onclose = () => {
-            watcher = null;
-            if (press(keys.indexOf("Escape"), false, false, false)) {
-                watch();
-            }
-        };
-    };
-    // Browsers let a page watch only after the user has touched it.
-    addEventListener("pointerup", watch);
 }

@@ -1,13 +1,14 @@
 /** Starts the program: gets the list for this tab, loads everything, and connects the browser with it. */
 
+import { Back } from "./back.js";
 import { Clock } from "./clock.js";
 import { Editor } from "./editor.js";
 import { Documents, listenToFiles } from "./documents.js";
 import { Effects } from "./effects.js";
 import { Files, loadResources } from "./files.js";
 import { installWorker, isReloadForNewer } from "./install.js";
-import { insertKey, listenToBack, listenToKeys } from "./keys.js";
 import { careForList } from "./keeping.js";
+import { escapeKey, insertKey, listenToKeys } from "./keys.js";
 import { Launches } from "./launch.js";
 import * as locale from "./locale.js";
 import { Menu } from "./menu.js";
@@ -41,11 +42,6 @@ function currentState() {
 
 function reload() {
     location.reload();
-}
-
-function isSupported() {
-    return "WebAssembly" in globalThis && "indexedDB" in globalThis && "Segmenter" in Intl
-        && "roundRect" in CanvasRenderingContext2D.prototype;
 }
 
 /** Milliseconds after which it is said that the list has not come yet. */
@@ -105,7 +101,13 @@ function connect(program, { screen, editor, mirror, menu }) {
         return program.call("keyPressed", ...key);
     };
     listenToKeys(() => editor.isEditing || stage.inert, press);
-    listenToBack((...key) => menu.close() || press(...key));
+    const back = new Back(() => {
+        if (editor.isEditing) {
+            editor.leave();
+        } else if (!menu.close()) {
+            press(escapeKey, false, false, false);
+        }
+    });
     const tellState = () => program.call("stateChanged", currentState());
     addEventListener("focus", tellState);
     addEventListener("blur", () => {
@@ -122,6 +124,10 @@ function connect(program, { screen, editor, mirror, menu }) {
             editor.leave();
         }
         tellState();
+        // What is out of sight for long may lose its picture, and not every browser tells.
+        if (!document.hidden) {
+            screen.requestWholeFrame();
+        }
     });
     tellState();
     mirror.isPointerBusy = () => pointer.wasUsedWithin(300);
@@ -129,6 +135,7 @@ function connect(program, { screen, editor, mirror, menu }) {
         const isList = !name || name === programName;
         document.title = isList ? programName : `${name} – ${programName}`;
         pointer.allowPinches(!isList || hasDialog);
+        back.watch(!isList || hasDialog || editor.isEditing || menu.isOpen);
     };
     screen.observe();
 }
@@ -221,11 +228,11 @@ function watchSaving(hold, storage) {
 }
 
 async function start() {
-    document.documentElement.lang = say.language;
-    if (!isSupported()) {
-        showNotice({ title: say.unsupported, text: say.unsupportedText });
+    if (!part("notice").hidden) {
+        // This browser is too old (supported.js).
         return;
     }
+    document.documentElement.lang = say.language;
     if (await isReloadForNewer()) {
         location.replace("update.html");
         return;

@@ -316,8 +316,12 @@ export class Mirror {
             names: actions,
             below: element.getBoundingClientRect(),
             onChoice: (action) => this.#perform(id, action),
-            onClose: () => target.focus({ preventScroll: true }),
+            onClose: () => {
+                target.focus({ preventScroll: true });
+                this.refreshSoon();
+            },
         });
+        this.refreshSoon();
     }
 
     /** @param {Mirrored} mirrored @param {Item} item @param {HTMLElement[]} children */

@@ -18,8 +18,6 @@ const tables = {
         notLoaded: "Velmorath could not be loaded",
         notLoadedText: "Check the connection and try again.",
         tryAgain: "Try again",
-        unsupported: "This browser is too old",
-        unsupportedText: "Velmorath runs in every current browser. Update this one, or use another.",
     },
     it: {
         actions: "Azioni",
@@ -40,8 +38,6 @@ const tables = {
         notLoaded: "Impossibile caricare Velmorath",
         notLoadedText: "Controlla la connessione e riprova.",
         tryAgain: "Riprova",
-        unsupported: "Questo browser è troppo vecchio",
-        unsupportedText: "Velmorath funziona in tutti i browser attuali. Aggiorna questo o usane un altro.",
     },
     fr: {
         actions: "Actions",
@@ -62,8 +58,6 @@ const tables = {
         notLoaded: "Impossible de charger Velmorath",
         notLoadedText: "Vérifiez la connexion et réessayez.",
         tryAgain: "Réessayer",
-        unsupported: "Ce navigateur est trop ancien",
-        unsupportedText: "Velmorath fonctionne dans tous les navigateurs actuels. Mettez celui-ci à jour ou utilisez-en un autre.",
     },
     es: {
         actions: "Acciones",
@@ -84,8 +78,6 @@ const tables = {
         notLoaded: "No se ha podido cargar Velmorath",
         notLoadedText: "Comprueba la conexión e inténtalo de nuevo.",
         tryAgain: "Reintentar",
-        unsupported: "Este navegador es demasiado antiguo",
-        unsupportedText: "Velmorath funciona en todos los navegadores actuales. Actualiza este o usa otro.",
     },
     pt: {
         actions: "Ações",
@@ -106,8 +98,6 @@ const tables = {
         notLoaded: "Não foi possível carregar o Velmorath",
         notLoadedText: "Verifique a conexão e tente novamente.",
         tryAgain: "Tentar novamente",
-        unsupported: "Este navegador é muito antigo",
-        unsupportedText: "O Velmorath funciona em todos os navegadores atuais. Atualize este ou use outro.",
     },
     de: {
         actions: "Aktionen",
@@ -128,8 +118,6 @@ const tables = {
         notLoaded: "Velmorath konnte nicht geladen werden",
         notLoadedText: "Prüfen Sie die Verbindung und versuchen Sie es noch einmal.",
         tryAgain: "Noch einmal versuchen",
-        unsupported: "Dieser Browser ist zu alt",
-        unsupportedText: "Velmorath läuft in jedem aktuellen Browser. Aktualisieren Sie diesen, oder verwenden Sie einen anderen.",
     },
     ja: {
         actions: "操作",
@@ -150,8 +138,6 @@ const tables = {
         notLoaded: "Velmorathを読み込めませんでした",
         notLoadedText: "接続を確認して、もう一度お試しください。",
         tryAgain: "もう一度試す",
-        unsupported: "このブラウザは古すぎます",
-        unsupportedText: "Velmorathは最新のブラウザならどれでも動作します。このブラウザを更新するか、別のブラウザをお使いください。",
     },
 };
 

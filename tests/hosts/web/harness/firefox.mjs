@@ -92,8 +92,11 @@ class FirefoxTab extends Tab {
         page.on("console", async (message) => {
             this.onLine(message.text());
             if (message.type() === "error") {
-                const words = message.args().map((word) => word.evaluate(String).catch(() => "something"));
-                this.onFault((await Promise.all(words)).join(" "));
+                const words = message.args().map((word) => word.evaluate(String).catch(() => null));
+                const said = (await Promise.all(words)).join(" ");
+                if (said) {
+                    this.onFault(said);
+                }
             }
         });
         page.on("request", (request) => this.onRequest(request.url()));

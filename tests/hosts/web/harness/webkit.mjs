@@ -111,8 +111,9 @@ class WebKitTab extends Tab {
         return this.#ask("reload");
     }
 
+    /** As a script goes back: what WebKit takes for a machine's deed, its own button passes over. */
     back() {
-        return this.#ask("back");
+        return this.evaluate(() => history.back());
     }
 
     close() {

@@ -109,10 +109,6 @@ class Browser:
     def reload(self, answer, fail, tab):
         self._load(answer, fail, tab, lambda view: view.reload())
 
-    def back(self, answer, _fail, tab):
-        self.tabs[tab].go_back()
-        answer()
-
     def _load(self, answer, fail, tab, begin):
         view = self.tabs[tab]
         handlers = []
