@@ -81,23 +81,9 @@ bool hasDisplay(const std::vector<char*>& options)
         || isSet("WAYLAND_SOCKET");
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int run(Arguments& arguments)
 {
     using namespace velmorath;
-    // Lines for a reader that is gone are no reason to end.
-    std::signal(SIGPIPE, SIG_IGN);
-    Arguments arguments = readArguments(argc, argv);
-    if (arguments.exitCode)
-        return *arguments.exitCode;
-    if (!hasDisplay(arguments.forQt)) {
-        std::fputs("velmorath: there is no display to open a window on.\n"
-                   "Start it from a desktop, or set DISPLAY or WAYLAND_DISPLAY to one that runs.\n"
-                   "Without a screen, \"xvfb-run velmorath\" gives it one that nobody sees.\n",
-            stderr);
-        return EXIT_FAILURE;
-    }
     SingleProgram program(SingleProgram::usualFolder());
     if (!program.isFirst()) {
         const char* token = std::getenv("XDG_ACTIVATION_TOKEN");
@@ -113,10 +99,33 @@ int main(int argc, char** argv)
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Velmorath"));
     int countForQt = static_cast<int>(arguments.forQt.size());
     arguments.forQt.push_back(nullptr);
-    QApplication application(countForQt, arguments.forQt.data());
+    // Never deleted: see main().
+    new QApplication(countForQt, arguments.forQt.data());
     QtHost host(ProgramFolders::find());
     program.setOnCall([&host](const DesktopCall& call) { host.answer(call); });
     host.widget().open(arguments.files);
     Host::install(host);
-    return velmorath::main(argc, argv);
+    return velmorath::main(countForQt, arguments.forQt.data());
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // Lines for a reader that is gone are no reason to end.
+    std::signal(SIGPIPE, SIG_IGN);
+    Arguments arguments = readArguments(argc, argv);
+    if (arguments.exitCode)
+        return *arguments.exitCode;
+    if (!hasDisplay(arguments.forQt)) {
+        std::fputs("velmorath: there is no display to open a window on.\n"
+                   "Start it from a desktop, or set DISPLAY or WAYLAND_DISPLAY to one that runs.\n"
+                   "Without a screen, \"xvfb-run velmorath\" gives it one that nobody sees.\n",
+            stderr);
+        return EXIT_FAILURE;
+    }
+    const int code = run(arguments);
+    // Qt is not taken down: under Wayland it waits for a thread of its own then, now and then for ever.
+    std::fflush(nullptr);
+    std::_Exit(code);
 }

@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv)
@@ -8,7 +10,10 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication application(argc, argv);
+    new QApplication(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    return RUN_ALL_TESTS();
+    const int code = RUN_ALL_TESTS();
+    // As the program ends.
+    std::fflush(nullptr);
+    std::_Exit(code);
 }
