@@ -175,7 +175,8 @@ async function run(hold, storage, parts) {
     }
     program.onFatal = (details) => {
         editor.end();
-        showNotice({ title: say.stopped, text: say.untouched, details, button: say.startAgain, onButton: reload });
+        const text = storage.isUnsaved ? say.lost : say.untouched;
+        showNotice({ title: say.stopped, text, details, button: say.startAgain, onButton: reload });
     };
     const menu = new Menu(part("menu"));
     const mirror = new Mirror(part("mirror"), { program, isEditing: () => editor.isEditing, menu, menuName: say.actions });

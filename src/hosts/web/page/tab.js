@@ -59,7 +59,8 @@ export async function whileFormerListRests(body, wait = 3000) {
     try {
         return await navigator.locks.request(formerName, { signal: AbortSignal.timeout(wait) }, body);
     } catch (error) {
-        if (error.name !== "TimeoutError") {
+        // Browsers have either name for it.
+        if (!["AbortError", "TimeoutError"].includes(error.name)) {
             throw error;
         }
         return navigator.locks.request(formerName, { steal: true }, body);
