@@ -1,6 +1,7 @@
 #include "CATimeline.h"
 #include "Host.h"
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -42,14 +43,17 @@ void CATimeline::finish()
         keepRunningUntil(end);
 }
 
+std::vector<CATimeline::End>::iterator CATimeline::firstEndAfter(double time)
+{
+    return std::find_if(m_ends.begin(), m_ends.end(), [time](const End& end) { return end.time > time; });
+}
+
 void CATimeline::runCompletionsUntil(double now)
 {
-    std::vector<End> over;
-    const auto stillRunning =
-        std::stable_partition(m_ends.begin(), m_ends.end(), [&](const End& end) { return end.time > now; });
-    std::move(stillRunning, m_ends.end(), std::back_inserter(over));
-    m_ends.erase(stillRunning, m_ends.end());
-    std::stable_sort(over.begin(), over.end(), [](const End& a, const End& b) { return a.time < b.time; });
+    const auto stillRunning = firstEndAfter(now);
+    const std::vector<End> over(
+        std::make_move_iterator(m_ends.begin()), std::make_move_iterator(stillRunning));
+    m_ends.erase(m_ends.begin(), stillRunning);
     for (const End& end : over) {
         if (end.completion)
             end.completion();
@@ -58,7 +62,7 @@ void CATimeline::runCompletionsUntil(double now)
 
 void CATimeline::keepRunningUntil(double end, std::function<void()> completion)
 {
-    m_ends.push_back({end, std::move(completion)});
+    m_ends.insert(firstEndAfter(end), {end, std::move(completion)});
     Host::current().screen().requestFrame();
 }
 

@@ -54,10 +54,12 @@ private:
         std::function<void()> completion;
     };
 
+    std::vector<End>::iterator firstEndAfter(double time);
     void runCompletionsUntil(double now);
 
     double m_frameTime = 0;
     std::optional<CAAnimationTiming> m_animating;
+    /// By time; of the same time, in the order in which they were asked for.
     std::vector<End> m_ends;
     std::map<int, std::function<void(double)>> m_links;
     int m_nextLink = 1;
