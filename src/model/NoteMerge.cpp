@@ -25,6 +25,11 @@ Key keyOf(const ToDoItem2& note)
     return {textOf(note), note.data ? Text(*note.data) : std::nullopt, note.completed};
 }
 
+Key textKeyOf(const ToDoItem2& note)
+{
+    return {textOf(note), std::nullopt, false};
+}
+
 bool isSame(const ToDoItem2& a, const ToDoItem2& b)
 {
     return keyOf(a) == keyOf(b);
@@ -53,7 +58,7 @@ public:
     {
         matchEnds();
         matchBy(keyOf);
-        matchBy(textOf);
+        matchBy(textKeyOf);
         matchEdited();
     }
 
@@ -85,16 +90,15 @@ private:
         }
     }
 
-    template <typename Property> void matchBy(Property property)
+    void matchBy(Key (*key)(const ToDoItem2&))
     {
-        using Value = decltype(property(*m_from.front()));
-        std::map<Value, std::vector<std::size_t>> places;
+        std::map<Key, std::vector<std::size_t>> places;
         for (std::size_t to = m_to.size(); to-- > 0;) {
             if (!m_isTaken[to])
-                places[property(*m_to[to])].push_back(to);
+                places[key(*m_to[to])].push_back(to);
         }
         for (std::size_t from = 0; from < m_from.size(); ++from) {
-            const auto found = m_places[from] ? places.end() : places.find(property(*m_from[from]));
+            const auto found = m_places[from] ? places.end() : places.find(key(*m_from[from]));
             if (found == places.end() || found->second.empty())
                 continue;
             match(from, found->second.back());
