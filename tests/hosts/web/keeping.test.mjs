@@ -112,6 +112,14 @@ test("what is typed is kept when the page goes out of sight", async () => {
     assert.equal((await list.texts())[0], "Half a tho");
 });
 
+test("what is typed is kept when the page is reloaded", async () => {
+    const list = await begin("One");
+    await list.pull();
+    await list.type("Half a tho");
+    await list.reload();
+    assert.deepEqual(await list.texts(), ["Half a tho", "One"]);
+});
+
 const remark = (list) => list.tab.texts("#remarks").then((texts) => texts.join());
 const hasRemark = (isThere) => (document.querySelector("#remarks p") !== null) === isThere;
 const complaint = "Unable to write to file!";

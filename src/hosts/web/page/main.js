@@ -117,11 +117,16 @@ function connect(program, { screen, editor, mirror, menu }) {
     listenToFiles(open);
     const launches = new Launches(() => Boolean(press(insertKey, false, false, false)), open);
     screen.painted.then(() => launches.listen());
+    const leave = () => {
+        pointer.cancel();
+        editor.leave();
+    };
+    // Not every browser begins a write any more once the page goes.
+    addEventListener("beforeunload", leave);
     document.addEventListener("visibilitychange", () => {
         if (document.hidden) {
             // The system may end a page that is out of sight without a word.
-            pointer.cancel();
-            editor.leave();
+            leave();
         }
         tellState();
         // What is out of sight for long may lose its picture, and not every browser tells.
