@@ -44,6 +44,9 @@ private:
             host.press(key);
         }
         list().nuovoArrayNote(list().arrayNote);
+        // What a window's desktop says for it.
+        m_met.push_back(Bundle::main().localizedString(
+            "The last changes could not be saved. Velmorath keeps trying while it is open."));
     }
     void look(const std::string&) override
     {

@@ -271,9 +271,10 @@ void ScreensWalk::visitSharing()
 
 void ScreensWalk::visitNews()
 {
+    open({"One", "Two"});
+    const std::string archive = *host.files().read(archivePath(host));
     open({"One"});
     host.files().setShared(true);
-    const std::string archive = *host.files().read(archivePath(host));
     for (const auto& [state, bytes] :
         {std::pair("news-unreadable", std::string("half")), {"news", archive}}) {
         replaceFromOutside(archivePath(host), bytes);
