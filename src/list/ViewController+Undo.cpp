@@ -99,15 +99,16 @@ void ViewController::showRestored(std::optional<std::int64_t> from, std::optiona
     const CGFloat way = (from ? list->rowHeight() : 0) - (to ? list->rowHeight() : 0);
     for (const auto& row : laidOutRows()) {
         const std::int64_t place = *list->placeOf(*row);
-        const CGRect frame = row->frame();
+        // A cancelled pinch may have left it moved away, and so its frame.
+        const CGPoint center = row->center();
         if (place == to) {
             row->setAlpha(0);
             UIApplication::shared().focusSystem().focus(row);
         } else if (place >= to.value_or(from.value_or(0))) {
-            row->setFrame(frame.offsetBy(0, way));
+            row->setCenter({center.x, center.y + way});
         }
         UIView::animate(restoreDuration, 0, [&] {
-            row->setFrame(frame);
+            row->setCenter(center);
             row->setAlpha(1);
         });
     }
