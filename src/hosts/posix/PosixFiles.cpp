@@ -7,6 +7,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <set>
 #include <sys/file.h>
 #include <sys/stat.h>
 
@@ -237,19 +238,22 @@ std::optional<std::string> PosixFiles::version(const std::string& path)
 
 std::vector<std::string> PosixFiles::copiesBeside(const std::string& path)
 {
-    const std::filesystem::path file(path);
-    std::vector<std::string> copies;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(file.parent_path(), error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        std::error_code ignored;
-        if (name != file.filename() && name.starts_with(file.stem().string())
-            && name.ends_with(file.extension().string()) && entry->is_regular_file(ignored))
-            copies.push_back(entry->path().string());
+    // Those of a link, and those of the file that it leads to.
+    std::set<std::string> copies;
+    const auto target = followLinks(path);
+    for (const std::filesystem::path file : {path, target ? *target : path}) {
+        std::error_code error;
+        std::filesystem::directory_iterator entry(file.parent_path(), error);
+        for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+            const std::string name = entry->path().filename().string();
+            std::error_code ignored;
+            if (name.starts_with(file.stem().string()) && name.ends_with(file.extension().string())
+                && entry->is_regular_file(ignored)
+                && !std::filesystem::equivalent(entry->path(), file, ignored))
+                copies.insert(entry->path().lexically_normal().string());
+        }
     }
-    std::sort(copies.begin(), copies.end());
-    return copies;
+    return {copies.begin(), copies.end()};
 }
 
 } // namespace velmorath

@@ -177,6 +177,24 @@ TEST_F(PosixFilesTest, KeepsWhatSomebodyElsePutThere)
     EXPECT_TRUE(m_files.copiesBeside(m_folder.path() + "/none/notes.archive").empty());
 }
 
+TEST_F(PosixFilesTest, FindsTheCopiesOfALinkAndOfWhatItLeadsTo)
+{
+    const std::string folder = m_folder.path() + "/elsewhere/";
+    const std::string link = m_folder.path() + "/list.archive";
+    ASSERT_FALSE(replace(folder + "list-of-all.archive", "ours"));
+    for (const char* const name : {"list-of-all.archive", "list-of-all.conflict.archive"})
+        ASSERT_FALSE(replace(folder + name, name));
+    ASSERT_FALSE(replace(m_folder.path() + "/list.unsaved.archive", "unsaved"));
+    fs::create_symlink("elsewhere/list-of-all.archive", link);
+    EXPECT_EQ(m_files.copiesBeside(link),
+        (std::vector{folder + "list-of-all.conflict.archive", m_folder.path() + "/list.unsaved.archive"}));
+
+    // What a link leads to is no copy of it, whatever its name.
+    fs::remove(link);
+    fs::create_symlink("list.unsaved.archive", link);
+    EXPECT_TRUE(m_files.copiesBeside(link).empty());
+}
+
 TEST_F(PosixFilesTest, FindsTheUsersFolders)
 {
     setenv("XDG_DATA_HOME", "/data", 1);
