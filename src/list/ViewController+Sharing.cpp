@@ -118,10 +118,12 @@ void ViewController::showAllAnew()
     saveNotes();
     if (appIconBadge == "true")
         showBadge();
+    const std::shared_ptr<ToDoItem2> focused = focusedNote();
     table()->setContentOffset({0, 0});
     table()->reloadData();
     // A finger that comes before the next frame finds each note where it is now.
     table()->layoutIfNeeded();
+    keepFocusOn(focused);
 }
 
 void ViewController::tell(std::string_view what)

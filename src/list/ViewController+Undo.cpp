@@ -54,7 +54,7 @@ void ViewController::rememberChange(std::string_view action, const std::shared_p
     if (!text.empty())
         name += " " + text;
     const auto badge = UIApplication::shared().applicationIconBadgeNumber() - badgeBefore;
-    registerRestore(note, before, {name, badge, m_badgeCounts});
+    registerRestore(note, before, {name, after, badge, m_badgeCounts});
     showUndo();
 }
 
@@ -65,9 +65,20 @@ void ViewController::registerRestore(
 }
 
 void ViewController::restore(
-    const std::shared_ptr<ToDoItem2>& note, const NoteState& state, const UndoStep& step)
+    const std::shared_ptr<ToDoItem2>& note, const NoteState& wanted, const UndoStep& step)
 {
     const NoteState before = stateOf(note);
+    // What the step has not changed, another machine may have changed since.
+    NoteState state = before;
+    if (!before.place || wanted.place != step.after.place)
+        state.place = wanted.place;
+    if (wanted.text != step.after.text)
+        state.text = wanted.text;
+    if (wanted.data != step.after.data)
+        state.data = wanted.data;
+    if (wanted.completed != step.after.completed)
+        state.completed = wanted.completed;
+
     if (before.place)
         arrayNote.erase(arrayNote.begin() + *before.place);
     if (state.place)
@@ -83,7 +94,7 @@ void ViewController::restore(
         step.badgeCounts == m_badgeCounts ? -step.badge : openCount(state) - openCount(before);
     if (appIconBadge == "true")
         changeBadge(badge);
-    registerRestore(note, before, {step.name, badge, m_badgeCounts});
+    registerRestore(note, before, {step.name, state, badge, m_badgeCounts});
     showRestored(before.place, state.place);
 }
 

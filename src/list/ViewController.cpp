@@ -60,6 +60,8 @@ void ViewController::addSampleNote()
     const auto note = std::make_shared<ToDoItem2>();
     note->text = "Hello!";
     arrayNote.push_back(note);
+    // It makes way for a list that comes from another machine.
+    m_file.setBase(arrayNote);
     defaults.setObject("nuovaNota", "No");
     defaults.synchronize();
 }

@@ -150,6 +150,8 @@ private:
 
     struct UndoStep {
         std::string name;
+        /// What it made of the note.
+        NoteState after;
         /// What it did to the badge, and how often that had been counted anew by then.
         long long badge;
         int badgeCounts;
@@ -173,6 +175,17 @@ private:
     bool isAtRest() const;
     void takeNewsLater();
     void showNews(const std::vector<MergedNote>&);
+    /// The notes in sight with how far below the list's top each is shown, and the one that the keys are on.
+    struct Sight {
+        std::vector<std::pair<std::shared_ptr<ToDoItem2>, CGFloat>> rows;
+        std::shared_ptr<ToDoItem2> focused;
+    };
+    Sight sight() const;
+    /// Reloads the list. What was in sight stays where it is.
+    void showAgain(const Sight&);
+    /// The note of the row that the keys are on.
+    static std::shared_ptr<ToDoItem2> focusedNote();
+    void keepFocusOn(const std::shared_ptr<ToDoItem2>&) const;
 
     void shareList();
     void saveCopy();

@@ -330,4 +330,10 @@ std::vector<MergedNote> mergeNotes(const std::vector<ToDoItem2>& base,
     return merged;
 }
 
+bool isSame(const std::vector<std::shared_ptr<ToDoItem2>>& notes, const std::vector<MergedNote>& merged)
+{
+    return std::equal(notes.begin(), notes.end(), merged.begin(), merged.end(),
+        [](const auto& note, const auto& other) { return isSame(*note, other.note); });
+}
+
 } // namespace velmorath

@@ -26,4 +26,7 @@ std::vector<MergedNote> mergeNotes(const std::vector<ToDoItem2>& base,
     const std::vector<std::shared_ptr<ToDoItem2>>& ours,
     const std::vector<std::shared_ptr<ToDoItem2>>& theirs);
 
+/// Whether the merged list is no other than this one.
+bool isSame(const std::vector<std::shared_ptr<ToDoItem2>>& notes, const std::vector<MergedNote>& merged);
+
 } // namespace velmorath

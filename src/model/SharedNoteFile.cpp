@@ -4,6 +4,7 @@
 #include "KeyedUnarchiver.h"
 #include "SalvoEPrelevoDatiDaFile.h"
 #include <algorithm>
+#include <utility>
 
 namespace velmorath {
 
@@ -43,7 +44,7 @@ Notes SharedNoteFile::load()
 bool SharedNoteFile::hasNews() const
 {
     const auto version = Host::current().files().version(path());
-    return version && version != m_version && version != m_unreadableVersion;
+    return m_wasPutAsideUnread || (version && version != m_version && version != m_unreadableVersion);
 }
 
 void SharedNoteFile::save(const Notes& notes)
@@ -58,11 +59,14 @@ void SharedNoteFile::save(const Notes& notes)
                 withNews->push_back(std::make_shared<ToDoItem2>(note));
         } else {
             FileManager::standard().markUnreadable(path());
+            m_wasPutAsideUnread = m_wasPutAsideUnread || found != m_unreadableVersion;
+            m_unreadableVersion = found;
         }
     }
     SalvoEPrelevoDatiDaFile().ArchiveResults(withNews ? *withNews : notes);
     const auto written = files.version(path());
-    if (!written || written == found)
+    m_isUnsaved = !written || written == found;
+    if (m_isUnsaved)
         return;
     // What is news for the list is so in comparison with what the list was when it was saved.
     setBase(notes);
@@ -71,6 +75,8 @@ void SharedNoteFile::save(const Notes& notes)
 
 Result<std::vector<MergedNote>> SharedNoteFile::takeNews(const Notes& notes)
 {
+    if (std::exchange(m_wasPutAsideUnread, false))
+        return Error{"What was put aside cannot be read"};
     const auto found = Host::current().files().version(path());
     const auto theirs = read();
     if (!theirs) {
@@ -80,6 +86,7 @@ Result<std::vector<MergedNote>> SharedNoteFile::takeNews(const Notes& notes)
     auto merged = mergeNotes(m_base, notes, *theirs);
     setBase(*theirs);
     m_version = found;
+    m_isUnsaved = m_isUnsaved && !isSame(*theirs, merged);
     return merged;
 }
 

@@ -17,10 +17,16 @@ public:
     /// The list that is there at the program's start.
     Notes load();
 
+    /// This list is nobody's doing: what others have put there by the next look takes its place.
+    void setBase(const Notes&);
+
     /// Saves the list, and with it what others changed in the file since: that is news for the list then.
     void save(const Notes&);
 
-    /// Whether the list lacks what others put there.
+    /// Whether the list is not in the file, because it could not be written.
+    bool isUnsaved() const { return m_isUnsaved; }
+
+    /// Whether the list lacks what others put there, or a save had to put that aside unread.
     bool hasNews() const;
 
     /// The list with the news. From now on it counts as one that has them. An error when the file cannot be
@@ -46,13 +52,14 @@ private:
 
     static std::string path();
     static Result<Notes> read();
-    void setBase(const Notes&);
 
     /// The list as it was when the file and the program last had the same one, and the file's version then.
     std::vector<ToDoItem2> m_base;
     std::optional<std::string> m_version;
     /// The version that could not be read.
     std::optional<std::string> m_unreadableVersion;
+    bool m_wasPutAsideUnread = false;
+    bool m_isUnsaved = false;
     std::vector<Copy> m_copies;
 };
 

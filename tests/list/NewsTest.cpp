@@ -33,6 +33,20 @@ protected:
         host.client().documentsChanged();
         host.advance(1);
     }
+    void fillDisk(bool isFull)
+    {
+        host.files().setFault([isFull](HeadlessFiles::Operation operation, const std::string&) {
+            const bool fails = isFull && operation == HeadlessFiles::Operation::replace;
+            return fails ? std::optional(Error{"full"}) : std::nullopt;
+        });
+    }
+    /// The one whose row the keys are on.
+    static std::shared_ptr<ToDoItem2> focusedNote()
+    {
+        const auto row =
+            std::dynamic_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
+        return row ? row->toDoItem() : nullptr;
+    }
 };
 
 TEST_F(NewsTest, AReplacedListIsShownAndSaysNothing)
@@ -69,10 +83,8 @@ TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
     table().setContentOffset({0, 615});
     host.press(HostKey::down);
     host.advance(1);
-    const auto focused =
-        std::static_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
-    ASSERT_TRUE(focused);
-    const auto note = focused->toDoItem();
+    const auto note = focusedNote();
+    ASSERT_TRUE(note);
     const CGFloat offset = table().contentOffset().y;
     const Lines before = shown();
     texts.erase(texts.begin() + 2);
@@ -81,9 +93,7 @@ TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
     hear();
     EXPECT_EQ(shown(), before);
     EXPECT_EQ(table().contentOffset().y, offset + 120);
-    const auto row =
-        std::static_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
-    EXPECT_EQ(row->toDoItem(), note);
+    EXPECT_EQ(focusedNote(), note);
 }
 
 TEST_F(NewsTest, TypingAGestureAndAScreenAreFinishedFirst)
@@ -157,6 +167,17 @@ TEST_F(NewsTest, WhatCannotBeReadIsToldOnceAndPutAside)
     hear();
     EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
     EXPECT_EQ(filesInDocuments().size(), 2u);
+    // One that a save puts aside before anybody has looked is told as well.
+    tapWords(1);
+    replaceFromOutside(archivePath(host), "half a fi");
+    hear();
+    type("Due");
+    host.advance(2);
+    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
+    EXPECT_EQ(filesInDocuments().size(), 3u);
+    host.press(HostKey::escape);
+    host.advance(2);
+    EXPECT_FALSE(presented());
 }
 
 TEST_F(NewsTest, CopiesOfConflictsComeOnTopAsOneStep)
@@ -201,18 +222,110 @@ TEST_F(NewsTest, TheTutorialIsOfferedFirst)
 TEST_F(NewsTest, ASaveThatFailsKeepsWhatBothSidesDid)
 {
     start({"One", "Two"});
-    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) {
-        return operation == HeadlessFiles::Operation::replace ? std::optional(Error{"full"}) : std::nullopt;
-    });
+    fillDisk(true);
     swipe(0, 200);
     host.advance(1);
-    host.files().setFault(nullptr);
+    fillDisk(false);
     putList({"One", "Two", "Three"});
     hear();
     EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
+    EXPECT_EQ(saved(), notes()) << "nothing else may come that would save it";
     swipe(1, 200);
     host.advance(1);
     EXPECT_EQ(saved(), (Lines{"x One", "x Two", "Three"}));
+}
+
+TEST_F(NewsTest, ACopyStaysUntilItsNotesAreSaved)
+{
+    const std::string name = "noteSalvate.sync-conflict-1.archive";
+    start({"One", "Two"});
+    fillDisk(true);
+    putCopy(name, archiveOf({"Three"}));
+    hear();
+    EXPECT_EQ(notes(), (Lines{"Three", "One", "Two"}));
+    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name}));
+    fillDisk(false);
+    relaunch();
+    hear();
+    EXPECT_EQ(saved(), (Lines{"Three", "One", "Two"}));
+    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name + ".merged"}));
+}
+
+TEST_F(NewsTest, CopiesOfConflictsLeaveTheEyesAndTheKeysWhereTheyAre)
+{
+    Lines texts;
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        texts.emplace_back(2, letter);
+    start(texts);
+    table().setContentOffset({0, 615});
+    host.press(HostKey::down);
+    host.press(HostKey::down);
+    host.advance(1);
+    const Lines before = shown();
+    const auto note = focusedNote();
+    putCopy("noteSalvate.sync-conflict-1.archive", archiveOf({"one", "two"}));
+    hear();
+    EXPECT_EQ(notes().size(), 28u);
+    EXPECT_EQ(shown(), before);
+    EXPECT_EQ(table().contentOffset().y, 615 + 120);
+    EXPECT_EQ(focusedNote(), note);
+}
+
+TEST_F(NewsTest, TheKeysDoNothingToANoteThatTookAnotherOnesPlace)
+{
+    start({"One", "Two", "Three"});
+    host.press(HostKey::down);
+    host.press(HostKey::down);
+    host.advance(1);
+    ASSERT_EQ(focusedNote()->text, "Two");
+    putList({"One", "Three"});
+    host.client().documentsChanged();
+    host.press(HostKey::remove);
+    host.advance(1);
+    EXPECT_EQ(notes(), (Lines{"One", "Three"}));
+}
+
+TEST_F(NewsTest, AStepTakesBackNothingThatOthersDid)
+{
+    start({"One", "Two", "Three"});
+    swipe(1, 200);
+    host.advance(1);
+    putList({"Zero", "One", "x Two and a half", "Three"});
+    hear();
+    host.press(HostKey::undo);
+    host.advance(1);
+    EXPECT_EQ(notes(), (Lines{"Zero", "One", "Two and a half", "Three"}));
+    host.press(HostKey::redo);
+    host.advance(1);
+    EXPECT_EQ(notes(), (Lines{"Zero", "One", "x Two and a half", "Three"}));
+    // A note that others have deleted comes back with the step.
+    putList({"Zero", "One", "Three"});
+    hear();
+    host.press(HostKey::undo);
+    host.advance(1);
+    EXPECT_EQ(saved(), (Lines{"Zero", "One", "Two and a half", "Three"}));
+}
+
+TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
+{
+    for (const bool isTheUsers : {false, true}) {
+        fillDisk(true);
+        launch();
+        host.advance(1);
+        host.press(HostKey::escape);
+        host.advance(1);
+        ASSERT_EQ(notes(), (Lines{"Hello!"}));
+        if (isTheUsers)
+            swipe(0, 200);
+        fillDisk(false);
+        putList({"One"});
+        hear();
+        EXPECT_EQ(notes(), isTheUsers ? (Lines{"One", "x Hello!"}) : (Lines{"One"}));
+        host.quit();
+        std::filesystem::remove(archivePath(host));
+        std::filesystem::remove(*host.files().defaultsFile());
+        forgetProgramState();
+    }
 }
 
 } // namespace
