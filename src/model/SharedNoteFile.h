@@ -23,7 +23,7 @@ public:
     /// Saves the list, and with it what others changed in the file since: that is news for the list then.
     void save(const Notes&);
 
-    /// Whether the list is not in the file, because it could not be written.
+    /// Whether the list may be missing in the file: it could not be written, or no version tells.
     bool isUnsaved() const { return m_isUnsaved; }
 
     /// Whether the list lacks what others put there, or a save had to put that aside unread.
