@@ -70,18 +70,19 @@ void UIAlertController::viewDidLoad()
     box->setClipsToBounds(true);
     box->layer().setCornerRadius(14);
     layOutBox(*box);
-    // Lines of half a point are seen where they begin at whole ones.
-    const CGPoint center = view()->bounds().center();
-    const CGSize size = box->bounds().size;
-    box->setFrame({{std::floor(center.x - size.width / 2), std::floor(center.y - size.height / 2)}, size});
-    unsigned mask = UIViewAutoresizing::flexibleLeftMargin | UIViewAutoresizing::flexibleRightMargin
-        | UIViewAutoresizing::flexibleTopMargin;
-    if (m_alertStyle == UIAlertControllerStyle::actionSheet)
-        box->setFrame(box->frame().offsetBy(0, view()->bounds().maxY() - sheetMargin - box->frame().maxY()));
-    else
-        mask |= UIViewAutoresizing::flexibleBottomMargin;
-    box->setAutoresizingMask(mask);
     view()->addSubview(box);
+}
+
+void UIAlertController::viewDidLayoutSubviews()
+{
+    const std::shared_ptr<UIView> box = view()->subviews().front();
+    const CGRect bounds = view()->bounds();
+    const CGSize size = box->bounds().size;
+    const CGFloat top = m_alertStyle == UIAlertControllerStyle::actionSheet
+        ? bounds.maxY() - sheetMargin - size.height
+        : bounds.midY() - size.height / 2;
+    // Lines of half a point are seen where they begin at whole ones.
+    box->setFrame({{std::floor(bounds.midX() - size.width / 2), std::floor(top)}, size});
 }
 
 bool UIAlertController::keyPressed(const HostKeyPress& press)

@@ -34,6 +34,7 @@ public:
     void addAction(UIAlertAction action) { m_actions.push_back(std::move(action)); }
 
     void viewDidLoad() override;
+    void viewDidLayoutSubviews() override;
     /// Enter and Space press the button of the standard style in an alert, unless they are pointed at another
     /// one.
     bool keyPressed(const HostKeyPress&) override;
