@@ -29,8 +29,6 @@ public:
     {
     }
 
-    bool isNull() const { return std::holds_alternative<std::monostate>(m_value); }
-
     /// Null when the value is of another kind.
     const Array* array() const
     {

@@ -124,12 +124,12 @@ TEST_F(KeyedUnarchiverTest, DecodesRootsThatAreNoList)
 {
     auto null = finish(0);
     ASSERT_TRUE(null);
-    EXPECT_TRUE(null->isNull());
+    EXPECT_TRUE(!null->array() && !null->object());
 
     m_builder = {};
     auto text = finish(addText("text"));
     ASSERT_TRUE(text);
-    EXPECT_TRUE(!text->isNull() && !text->array() && !text->object());
+    EXPECT_TRUE(!text->array() && !text->object());
 
     m_builder = {};
     auto one = finish(addNote(addText("text")));
@@ -141,7 +141,7 @@ TEST_F(KeyedUnarchiverTest, DecodesRootsThatAreNoList)
     auto dictionary =
         finish(m_builder.addInstance("NSDictionary", {{"NS.keys", elements}, {"NS.objects", elements}}));
     ASSERT_TRUE(dictionary) << dictionary.error().description;
-    EXPECT_TRUE(!dictionary->isNull() && !dictionary->array() && !dictionary->object());
+    EXPECT_TRUE(!dictionary->array() && !dictionary->object());
 }
 
 TEST_F(KeyedUnarchiverTest, NamesUnknownClassesOnOneLine)
