@@ -9,6 +9,9 @@ import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
 
+/** What no engine does in its own way is tried in one. */
+const sameEverywhere = only("chromium", "it is the same everywhere");
+
 const begin = (...notes) => List.with(site, notes);
 
 async function openAgain() {
@@ -137,7 +140,7 @@ function fill() {
     };
 }
 
-test("a storage that is full for a while loses nothing that is on the screen, and is told until it has room", async () => {
+test("a storage that is full for a while loses nothing that is on the screen, and is told until it has room", sameEverywhere, async () => {
     const list = await begin("One", "Two");
     await list.tab.evaluate(fill);
     await list.untilSaid(complaint, () => list.swipe(0, 60, 350));
@@ -162,7 +165,7 @@ test("a storage that is full for a while loses nothing that is on the screen, an
     assert.ok(await list.tab.evaluate(hasRemark, false));
 });
 
-test("a storage that does not answer holds nothing up for long, and gets what it missed", async () => {
+test("a storage that does not answer holds nothing up for long, and gets what it missed", sameEverywhere, async () => {
     const list = await begin("One", "Two");
     await list.tab.evaluate((name) => new Promise((resolve) => {
         indexedDB.open(name).onsuccess = ({ target: { result: database } }) => {
@@ -205,7 +208,7 @@ test("what could not be saved is asked about before the page goes, and said when
     assert.ok(await first.page.isHidden("#remarks"));
 });
 
-test("a storage that cannot be opened is not an empty list", async () => {
+test("a storage that cannot be opened is not an empty list", sameEverywhere, async () => {
     await site.phone.addScript(() => {
         IDBFactory.prototype.open = () => {
             throw new DOMException("denied", "SecurityError");
@@ -262,7 +265,7 @@ test("a picture that is lost while the page is out of sight is painted again", a
     });
 });
 
-test("references longer than the page's numbers are an error here as in the window", async () => {
+test("references longer than the page's numbers are an error here as in the window", sameEverywhere, async () => {
     const corpus = new URL("../../fuzz/corpus/fuzz-archive/", import.meta.url);
     const list = await List.inNewTab(site);
     await list.put({
@@ -274,7 +277,7 @@ test("references longer than the page's numbers are an error here as in the wind
     assert.equal(list.lines.filter((line) => line.startsWith("error : ")).length, 1);
 });
 
-test("a list that the program does not understand is left alone, and the page says so", async () => {
+test("a list that the program does not understand is left alone, and the page says so", sameEverywhere, async () => {
     const strange = write({
         $version: 100000,
         $archiver: "NSKeyedArchiver",
@@ -294,7 +297,7 @@ test("a list that the program does not understand is left alone, and the page sa
     site.phone.faults.length = 0;
 });
 
-test("where the browser may clear it, it is said once that the list can be copied", only("chromium", "it is the same everywhere"), async () => {
+test("where the browser may clear it, it is said once that the list can be copied", sameEverywhere, async () => {
     await site.phone.context.addInitScript(() => {
         globalThis.asks = 0;
         navigator.storage.persisted = async () => false;
