@@ -110,10 +110,15 @@ std::string textOfNotes(const Notes& notes)
     return all;
 }
 
-Result<Notes> notesOfArchive(std::string_view bytes)
+Result<Notes> archivedNotes(std::string_view bytes)
 {
     const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
-    const Result<Notes> archived = root ? notesIn(*root) : Result<Notes>(root.error());
+    return root ? notesIn(*root) : Result<Notes>(root.error());
+}
+
+Result<Notes> notesOfArchive(std::string_view bytes)
+{
+    const Result<Notes> archived = archivedNotes(bytes);
     if (!archived)
         return archived.error();
     Notes notes;

@@ -19,6 +19,9 @@ Result<Notes> notesIn(const ArchivedValue& root);
 /// the further lines of a note indented.
 std::string textOfNotes(const Notes&);
 
+/// The notes of an archive, as they are in it. An error when it cannot be read or holds something else.
+Result<Notes> archivedNotes(std::string_view bytes);
+
 /// The notes of an archive that is not the program's own: each for itself, and none without a text.
 Result<Notes> notesOfArchive(std::string_view bytes);
 

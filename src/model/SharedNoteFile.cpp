@@ -1,7 +1,6 @@
 #include "SharedNoteFile.h"
 #include "FileManager.h"
 #include "Host.h"
-#include "KeyedUnarchiver.h"
 #include "SalvoEPrelevoDatiDaFile.h"
 #include <algorithm>
 #include <utility>
@@ -19,8 +18,7 @@ Result<Notes> SharedNoteFile::read()
     const Result<std::string> bytes = FileManager::standard().read(path());
     if (!bytes)
         return bytes.error();
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-    Result<Notes> notes = root ? notesIn(*root) : Result<Notes>(root.error());
+    Result<Notes> notes = archivedNotes(*bytes);
     if (notes)
         FileManager::standard().markRead(path());
     return notes;

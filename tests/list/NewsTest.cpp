@@ -28,6 +28,17 @@ protected:
     {
         replaceFromOutside(*host.files().documentDirectory() + "/" + name, bytes);
     }
+    /// A list from "aa" to "zz" that is scrolled down, with the keys in it.
+    Lines startFarDown()
+    {
+        Lines texts;
+        for (char letter = 'a'; letter <= 'z'; ++letter)
+            texts.emplace_back(2, letter);
+        start(texts);
+        table().setContentOffset({0, 615});
+        host.press(HostKey::down);
+        return texts;
+    }
     void hear()
     {
         host.client().documentsChanged();
@@ -76,12 +87,7 @@ TEST_F(NewsTest, AListThatIsOnlyWrittenAgainIsNone)
 
 TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
 {
-    Lines texts;
-    for (char letter = 'a'; letter <= 'z'; ++letter)
-        texts.emplace_back(2, letter);
-    start(texts);
-    table().setContentOffset({0, 615});
-    host.press(HostKey::down);
+    Lines texts = startFarDown();
     host.advance(1);
     const auto note = focusedNote();
     ASSERT_TRUE(note);
@@ -253,12 +259,7 @@ TEST_F(NewsTest, ACopyStaysUntilItsNotesAreSaved)
 
 TEST_F(NewsTest, CopiesOfConflictsLeaveTheEyesAndTheKeysWhereTheyAre)
 {
-    Lines texts;
-    for (char letter = 'a'; letter <= 'z'; ++letter)
-        texts.emplace_back(2, letter);
-    start(texts);
-    table().setContentOffset({0, 615});
-    host.press(HostKey::down);
+    startFarDown();
     host.press(HostKey::down);
     host.advance(1);
     const Lines before = shown();
