@@ -6,12 +6,10 @@ usage: reader.py PROGRAM
 
 import os
 import plistlib
-import subprocess
 import sys
-import tempfile
 import time
 
-from window import Program, wait_for
+from window import Program, run_with_own_bus, wait_for
 
 PAGES = ("Pull the list down to add a note.", "Pull two notes apart to insert a note between them.")
 
@@ -242,11 +240,7 @@ def main():
     if len(sys.argv) > 2:
         use(executable, sys.argv[2])
         return
-    # The portal of a desktop leaves a folder there that it still holds on to.
-    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
-        session = ["dbus-run-session", "--", sys.executable, "-W", "ignore", os.path.abspath(__file__), executable, home]
-        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home)
-        sys.exit(subprocess.run(session, env=environment).returncode)
+    run_with_own_bus("-W", "ignore", os.path.abspath(__file__), executable)
 
 
 if __name__ == "__main__":

@@ -5,12 +5,10 @@ usage: unsaved.py PROGRAM
 """
 
 import os
-import subprocess
 import sys
-import tempfile
 import time
 
-from window import Program, wait_for
+from window import Program, run_with_own_bus, wait_for
 
 NAME = "org.freedesktop.Notifications"
 NOTIFICATIONS = f"""<node><interface name="{NAME}">
@@ -113,10 +111,7 @@ def main():
     if len(sys.argv) > 2:
         use(executable, sys.argv[2])
         return
-    # The portal of a desktop leaves a folder there that it still holds on to.
-    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
-        session = ["dbus-run-session", "--", sys.executable, os.path.abspath(__file__), executable, home]
-        sys.exit(subprocess.run(session, env=dict(os.environ, HOME=home)).returncode)
+    run_with_own_bus(os.path.abspath(__file__), executable)
 
 
 if __name__ == "__main__":

@@ -4,6 +4,8 @@ import os
 import plistlib
 import signal
 import subprocess
+import sys
+import tempfile
 import time
 
 if "WAYLAND_DISPLAY" in os.environ:
@@ -136,6 +138,14 @@ def notes_of(path):
 
 def texts_of(path):
     return [note[0] for note in notes_of(path)]
+
+
+def run_with_own_bus(*arguments):
+    """Runs Python with these on a session bus of its own, with a home of its own as the last; ends as that does."""
+    # The portal of a desktop leaves a folder there that it still holds on to.
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
+        session = ["dbus-run-session", "--", sys.executable, *arguments, home]
+        sys.exit(subprocess.run(session, env=dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home)).returncode)
 
 
 def wait_for(condition, what, seconds=5):
