@@ -29,8 +29,10 @@ function paint(commands, places) {
         half.fillStyle = "lime";
         half.fillRect(0, 0, 2, 1);
         const painter = new Painter(canvas, null, { bitmap: (number) => number === 7 ? picture : null });
-        painter.paint(new Float64Array(numbers));
         const context = canvas.getContext("2d");
+        // Not every engine has a canvas that is black by itself.
+        context.fillRect(0, 0, 100, 100);
+        painter.paint(new Float64Array(numbers));
         return points.map(([x, y]) => Array.from(context.getImageData(x, y, 1, 1).data.slice(0, 3)));
     }, [words, places]);
 }

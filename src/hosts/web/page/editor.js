@@ -242,7 +242,7 @@ export class Editor {
         field.top = `${snap(frame.y) - clip.y}px`;
         field.width = `${frame.width / this.#shrink}px`;
         field.height = `${height / this.#shrink}px`;
-        field.lineHeight = `${(this.#isMultiline ? lineHeight / this.#screen.scale : height) / this.#shrink}px`;
+        field.lineHeight = `${(this.#isMultiline ? lineHeight : height) / this.#shrink}px`;
         if (this.#start) {
             this.#startAt(this.#field, this.#start);
             this.#start = null;

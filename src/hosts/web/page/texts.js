@@ -1,6 +1,7 @@
 /**
  * Measures and draws text exactly where the browser's own editors show it: a note must not move when its
- * editing starts. Everything is laid out in device pixels, as browsers do.
+ * editing starts. So everything is laid out in points, as a page is: where letters are moved to whole pixels, a font
+ * of twice the size is not twice as wide.
  */
 
 /** @import { Screen } from "./screen.js" */
@@ -26,8 +27,8 @@ function cssFamily(font) {
     return font.family ? `${JSON.stringify(font.family)}, system-ui, sans-serif` : "system-ui, sans-serif";
 }
 
-/** @param {Font} font @param {number} scale */
-export function cssFont(font, scale) {
+/** @param {Font} font @param {number} [scale] */
+export function cssFont(font, scale = 1) {
     return `${font.bold ? "bold " : ""}${font.size * scale}px ${cssFamily(font)}`;
 }
 
@@ -105,25 +106,25 @@ export class Texts {
      * @param {string} text @param {Font} font @param {number} wrapWidth
      */
     measure(text, font, wrapWidth) {
-        const scale = this.#screen.scale;
         const fromTheRight = readsFromTheRight(text) ? 1 : 0;
         const lineHeight = this.lineHeight(font);
         if (wrapWidth > 0) {
             const lines = this.#wrapped(text, font, wrapWidth);
             const widest = lines.reduce((most, line) => Math.max(most, this.#width(line.text, font)), 0);
-            return [widest / scale, lines.length * lineHeight / scale, fromTheRight];
+            return [widest, lines.length * lineHeight, fromTheRight];
         }
-        return [this.#width(inOneLine(text), font) / scale, lineHeight / scale, fromTheRight];
+        return [this.#width(inOneLine(text), font), lineHeight, fromTheRight];
     }
 
-    /** In device pixels. @param {Font} font */
+    /** Whole device pixels, in points. @param {Font} font */
     lineHeight(font) {
-        const css = cssFont(font, this.#screen.scale);
-        return this.#lineHeights.find(css, () => {
+        const { scale } = this.#screen;
+        const css = cssFont(font, scale);
+        return this.#lineHeights.find(`${css}|${scale}`, () => {
             this.#context.font = css;
             const { fontBoundingBoxAscent, fontBoundingBoxDescent } = this.#context.measureText("x");
-            const smallest = font.size * this.#screen.scale * leading;
-            return Math.round(Math.max(fontBoundingBoxAscent + fontBoundingBoxDescent, smallest));
+            const smallest = font.size * scale * leading;
+            return Math.round(Math.max(fontBoundingBoxAscent + fontBoundingBoxDescent, smallest)) / scale;
         });
     }
 
@@ -137,19 +138,13 @@ export class Texts {
      * @param {string} color
      */
     draw(context, text, rect, font, { alignment, wraps }, color) {
-        const scale = this.#screen.scale;
-        const transform = context.getTransform();
-        // The text's own coordinates are device pixels, with the rectangle's corner as their origin.
-        const corner = transform.transformPoint({ x: rect.x, y: rect.y });
-        const { a, b, c, d } = transform;
+        const { width, height } = rect;
         context.save();
-        context.setTransform(a / scale, b / scale, c / scale, d / scale, corner.x, corner.y);
-        context.font = cssFont(font, scale);
+        context.translate(rect.x, rect.y);
+        context.font = cssFont(font);
         context.fillStyle = color;
-        const width = rect.width * scale;
-        const height = rect.height * scale;
         if (wraps) {
-            this.#drawParagraphs(context, this.#wrapped(text, font, rect.width), font, alignment, width, height);
+            this.#drawParagraphs(context, this.#wrapped(text, font, width), font, alignment, width, height);
         } else {
             const line = { text: this.#fitting(text, font, width), fromTheRight: readsFromTheRight(text) };
             drawLine(context, line, alignment, width, this.#baseline(font, height));
@@ -180,22 +175,22 @@ export class Texts {
     }
 
     /**
-     * Where the browser puts the base line in a line of this height, all in device pixels.
+     * Where the browser puts the base line in a line of this height.
      * @param {Font} font @param {number} height
      */
     #baseline(font, height) {
         const { scale } = this.#screen;
-        const css = cssFont(font, 1);
+        const css = cssFont(font);
         return this.#baselines.find(`${css}|${height}|${scale}`, () => {
             this.#line.style.font = css;
-            this.#line.style.lineHeight = `${height / scale}px`;
-            return (this.#foot.getBoundingClientRect().bottom - this.#line.getBoundingClientRect().top) * scale;
+            this.#line.style.lineHeight = `${height}px`;
+            return this.#foot.getBoundingClientRect().bottom - this.#line.getBoundingClientRect().top;
         });
     }
 
     /** @param {string} line @param {Font} font */
     #width(line, font) {
-        this.#context.font = cssFont(font, this.#screen.scale);
+        this.#context.font = cssFont(font);
         return this.#context.measureText(line).width;
     }
 
@@ -208,8 +203,8 @@ export class Texts {
         const beginning = text.slice(0, 5000);
         return this.#lines.find(`${cssFont(font, this.#screen.scale)}|${width}|${beginning}`, () => {
             const line = inOneLine(beginning);
-            const tolerance = 0.5;
-            if (this.#width(line, font) <= width + tolerance) {
+            const halfPixel = 0.5 / this.#screen.scale;
+            if (this.#width(line, font) <= width + halfPixel) {
                 return line;
             }
             const ends = [...this.#graphemes.segment(line)].map(({ index }) => index);
@@ -233,14 +228,13 @@ export class Texts {
      */
     #wrapped(text, font, width) {
         return this.#paragraphs.find(`${cssFont(font, this.#screen.scale)}|${width}|${text}`, () => {
-            const lineHeight = this.lineHeight(font);
             const { style } = this.#paragraph;
-            style.font = cssFont(font, 1);
-            style.lineHeight = `${lineHeight / this.#screen.scale}px`;
+            style.font = cssFont(font);
+            style.lineHeight = `${this.lineHeight(font)}px`;
             style.width = `${width}px`;
             const lines = text.split("\n").flatMap((paragraph) => {
                 const fromTheRight = readsFromTheRight(paragraph);
-                const isShort = !paragraph.includes("\t") && this.#width(paragraph, font) < width * this.#screen.scale - 1;
+                const isShort = !paragraph.includes("\t") && this.#width(paragraph, font) < width - 1;
                 const broken = isShort ? [paragraph] : brokenLines(this.#words, paragraph);
                 return broken.map((line) => ({ text: line, fromTheRight }));
             });
