@@ -40,8 +40,9 @@ export class Effects {
             this.#restSoon();
         }
         const answer = this.#pendingPermission;
-        this.#pendingPermission = null;
-        if (answer) {
+        // Not every key counts as a touch, and a question that comes too long after one is refused unseen.
+        if (answer && navigator.userActivation?.isActive !== false) {
+            this.#pendingPermission = null;
             rememberThat(askedToNotify);
             ignoringFailure(this.#askToNotify(answer));
         }
@@ -98,7 +99,9 @@ export class Effects {
     }
 
     vibrate() {
-        navigator.vibrate?.(buzz);
+        if (navigator.userActivation?.hasBeenActive !== false) {
+            navigator.vibrate?.(buzz);
+        }
     }
 
     /**
