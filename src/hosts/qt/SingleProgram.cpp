@@ -59,6 +59,8 @@ std::string SingleProgram::usualFolder()
 SingleProgram::SingleProgram(const std::string& folder)
     : m_socketPath(folder + "/velmorath.socket")
 {
+    if (folder.empty())
+        return;
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     m_lock = Descriptor(

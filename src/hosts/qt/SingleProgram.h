@@ -13,7 +13,7 @@ namespace velmorath {
 /// ends, however it ends, says who is the first; on a socket beside it the others call.
 class SingleProgram {
 public:
-    /// A folder that cannot be written means that everybody is the first.
+    /// Without a folder, or with one that cannot be written, everybody is the first.
     explicit SingleProgram(const std::string& folder);
     ~SingleProgram();
 
@@ -28,7 +28,7 @@ public:
     /// For the first one: called for each that starts later. There must be a Qt loop.
     void setOnCall(std::function<void(const DesktopCall&)>);
 
-    /// A folder for the lock: the session's own one, else the one of the user's data.
+    /// A folder for the lock: the session's own one, else the one of the user's data. Empty where there is none.
     static std::string usualFolder();
 
 private:
