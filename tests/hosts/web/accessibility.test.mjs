@@ -1,19 +1,13 @@
 import assert from "node:assert/strict";
-import { afterEach, test } from "node:test";
+import { test } from "node:test";
 import { List } from "./harness/list.mjs";
+import { sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
-const site = Site.forAllTests();
-let list;
+const site = Site.forEachTest();
 
-// Some runners do this after a test that is left out, too.
-afterEach(async () => {
-    await list?.tab.close();
-    list = null;
-});
-
-test("no screen keeps anybody out", async () => {
-    list = await List.first(site);
+test("no screen keeps anybody out", sameEverywhere, async () => {
+    const list = await List.first(site);
     await list.appears("Yes");
     const steps = ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
         "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
@@ -27,7 +21,7 @@ test("no screen keeps anybody out", async () => {
 });
 
 test("the mirror lies over what it stands for", async () => {
-    list = await List.with(site, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
+    const list = await List.with(site, Array.from({ length: 50 }, (_, number) => `Note ${number}`));
     const { x, y, width, height } = await list.box("Note 2");
     assert.deepEqual({ x, y, width, height }, { x: 0, y: 120, width: 375, height: 60 });
     const place = (name) => list.tab.evaluate((text) => {
@@ -45,7 +39,7 @@ test("the mirror lies over what it stands for", async () => {
 });
 
 test("everything can be done with the keys, and the focus tells where they are", async () => {
-    list = await List.with(site, ["One", "Two", "Three"]);
+    const list = await List.with(site, ["One", "Two", "Three"]);
     await list.key("Tab");
     assert.equal(await list.focused(), "One");
     await list.key("ArrowDown");

@@ -21,7 +21,7 @@ function keepEscapeFromThePage() {
 const isEditing = (list) => list.tab.evaluate(() => document.querySelector("#editors input, #editors textarea") !== null);
 
 async function goBackThroughEverything(script, goBack) {
-    await site.phone.addScript(script);
+    site.phone.addScript(script);
     const list = await List.with(site, ["One", "Two"]);
     const back = async () => {
         await goBack(list);

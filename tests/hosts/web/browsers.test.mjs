@@ -4,16 +4,9 @@ import { join } from "node:path";
 import { test } from "node:test";
 import { Site } from "./harness/site.mjs";
 
-const site = Site.forEachTest();
+const site = Site.forEachTest({ viewport: { width: 320, height: 480 } });
 
 const english = "This browser is too old";
-
-// Opens the page in a browser that lacks something.
-async function openWithout(script) {
-    await site.changePhone({ viewport: { width: 320, height: 480 } });
-    await site.phone.addScript(script);
-    return site.phone.open(site.address);
-}
 
 const title = (tab) => tab.texts("#notice h1");
 
@@ -25,12 +18,11 @@ test("a browser without what the page needs says so, and starts nothing", async 
         () => delete AbortSignal.timeout,
         () => delete globalThis.WebAssembly,
     ]) {
-        const tab = await openWithout(script);
+        const tab = await site.phone.open(site.address, script);
         assert.deepEqual(await title(tab), [english], script.toString());
         assert.ok(!site.phone.requests.some((address) => address.endsWith(".wasm")), script.toString());
         assert.deepEqual(await tab.texts("#mirror *"), []);
     }
-    await site.changePhone();
     const tab = await site.phone.open(site.address);
     await tab.until("it starts elsewhere", () => document.querySelector("#mirror *") !== null);
     assert.deepEqual(await title(tab), []);
@@ -40,7 +32,7 @@ test("it says so in the reader's language, on the smallest page, and when it can
     await writeFile(join(site.server.folder, "main.js"), "import of what is new;");
     const said = new Set();
     for (const language of ["xx", "it-CH", "fr", "es", "pt-BR", "de", "ja"]) {
-        const tab = await openWithout(new Function(`
+        const tab = await site.phone.open(site.address, new Function(`
             delete Intl.Segmenter;
             Object.defineProperty(navigator, "languages", { value: ["tlh", "${language}", "en"] });`));
         const [words] = await title(tab);

@@ -53,7 +53,7 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {
-    await site.phone.addScript(() => {
+    site.phone.addScript(() => {
         globalThis.shared = [];
         navigator.share = async ({ text }) => shared.push([text, navigator.userActivation.isActive]);
     });

@@ -1,18 +1,12 @@
 import assert from "node:assert/strict";
-import { afterEach, test } from "node:test";
+import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { List, rowMiddle } from "./harness/list.mjs";
 import { only } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
-const site = Site.forAllTests();
+const site = Site.forEachTest();
 let list;
-
-// Some runners do this after a test that is left out, too.
-afterEach(async () => {
-    await list?.tab.close();
-    list = null;
-});
 
 async function begin(...notes) {
     list = await List.with(site, notes);

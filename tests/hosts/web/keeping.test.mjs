@@ -4,13 +4,10 @@ import { test } from "node:test";
 import { paths, settingsOf } from "./harness/archive.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
 import { Reference, write } from "./harness/propertyList.mjs";
-import { only } from "./harness/phone.mjs";
+import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
-
-/** What no engine does in its own way is tried in one. */
-const sameEverywhere = only("chromium", "it is the same everywhere");
 
 const begin = (...notes) => List.with(site, notes);
 
@@ -209,7 +206,7 @@ test("what could not be saved is asked about before the page goes, and said when
 });
 
 test("a storage that cannot be opened is not an empty list", sameEverywhere, async () => {
-    await site.phone.addScript(() => {
+    site.phone.addScript(() => {
         IDBFactory.prototype.open = () => {
             throw new DOMException("denied", "SecurityError");
         };
@@ -298,7 +295,7 @@ test("a list that the program does not understand is left alone, and the page sa
 });
 
 test("where the browser may clear it, it is said once that the list can be copied", sameEverywhere, async () => {
-    await site.phone.context.addInitScript(() => {
+    site.phone.addScript(() => {
         globalThis.asks = 0;
         navigator.storage.persisted = async () => false;
         navigator.storage.persist = async () => {

@@ -33,7 +33,7 @@ function listen() {
 }
 
 async function begin(open) {
-    await site.phone.addScript(listen);
+    site.phone.addScript(listen);
     list = await open(site);
 }
 

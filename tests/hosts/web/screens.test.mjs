@@ -51,7 +51,7 @@ async function openSettings(list) {
 }
 
 test("the machine is asked for what is switched on", async () => {
-    await site.phone.addScript(watchMachine);
+    site.phone.addScript(watchMachine);
     const list = await List.with(site, ["One", "Two", { text: "Three", completed: true }]);
     await takeCalls(list, ["badge 2"]);
     await list.tapOn("Information");
@@ -83,7 +83,7 @@ test("the machine is asked for what is switched on", async () => {
 });
 
 test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
-    await site.phone.addScript(watchMachine);
+    site.phone.addScript(watchMachine);
     await site.phone.context.route("https://*.velmorath.example/**", (route) => route.fulfill({
         contentType: "text/html",
         body: "<!doctype html><link rel=icon href=data:,><p>Privacy",
@@ -111,7 +111,7 @@ test("mail is handed over, pages open in a tab that knows nothing of this one", 
 });
 
 test("without any of the machine's services everything else works", async () => {
-    await site.phone.addScript(withoutMachine);
+    site.phone.addScript(withoutMachine);
     const list = await List.with(site, ["One"]);
     await list.add("Two");
     await list.swipe(0, 60, 350);

@@ -4,7 +4,7 @@ import { appendFile, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { engine, only } from "./harness/phone.mjs";
+import { engine, only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -110,7 +110,7 @@ test("a server that is still being updated changes nothing", async () => {
     assert.deepEqual([await startedVersion(tab), await version(tab)], ["first", "first"]);
 });
 
-test("a notice says its texts as they are, to everybody, and its button takes the focus", only("chromium", "it is the same everywhere"), async () => {
+test("a notice says its texts as they are, to everybody, and its button takes the focus", sameEverywhere, async () => {
     const tab = await openInstalled();
     await tab.evaluate(async () => {
         const { showNotice } = await import(new URL("notice.js", location.href).href);

@@ -45,7 +45,7 @@ test("the first list is painted after 200 kB, compressed", async () => {
 });
 
 test("the module is on its way while the list is not there yet, which is said when it takes long", async () => {
-    await site.phone.addScript(() => {
+    site.phone.addScript(() => {
         IDBFactory.prototype.open = () => new EventTarget();
     });
     const tab = await site.phone.open();
@@ -58,7 +58,7 @@ test("the module is on its way while the list is not there yet, which is said wh
 test("the tutorial's pictures come when it is opened, however late", async () => {
     let isReachable = false;
     await site.phone.context.route("**/*.jpg", (route) => (isReachable ? route.continue() : route.abort()));
-    await site.phone.addScript(() => {
+    site.phone.addScript(() => {
         // The worker would get them, too.
         ServiceWorkerContainer.prototype.register = () => Promise.reject(new Error("no worker"));
     });

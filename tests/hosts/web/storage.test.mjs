@@ -338,6 +338,6 @@ test("a page that does not settle, or is frozen, loses the list all the same", o
 });
 
 test("where the browser cannot tell who holds the list, every page does", async () => {
-    await site.phone.addScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
+    site.phone.addScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
     assert.deepEqual([await isHeld(await openHolding()), await isHeld(await openHolding())], [true, true]);
 });

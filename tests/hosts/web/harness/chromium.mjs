@@ -32,12 +32,21 @@ export class Browser {
         return browser;
     }
 
-    async newTab() {
-        return ChromiumTab.on(await this.context.newPage());
+    async newTab(scripts) {
+        const page = await this.context.newPage();
+        for (const script of scripts) {
+            await page.addInitScript(script);
+        }
+        return ChromiumTab.on(page);
     }
 
-    addScript(script) {
-        return this.context.addInitScript(script);
+    /** What the tests have set for the whole browser goes with them. */
+    async closeTabs() {
+        await this.context.unrouteAll();
+        await this.context.clearPermissions();
+        const pages = this.context.pages();
+        await this.context.newPage();
+        await Promise.all(pages.map((page) => page.close()));
     }
 
     async kill() {

@@ -55,16 +55,18 @@ export class Browser {
         return browser;
     }
 
-    async newTab() {
+    async newTab(scripts) {
         const page = await this.#driver.newPage();
-        for (const script of this.#scripts) {
+        for (const script of scripts) {
             await page.evaluateOnNewDocument(script);
         }
         return new FirefoxTab(page);
     }
 
-    addScript(script) {
-        this.#scripts.push(script);
+    async closeTabs() {
+        const pages = await this.#driver.pages();
+        await this.#driver.newPage();
+        await Promise.all(pages.map((page) => page.close()));
     }
 
     async kill() {
@@ -80,7 +82,6 @@ export class Browser {
     #process;
     #gone;
     #driver;
-    #scripts = [];
 }
 
 class FirefoxTab extends Tab {

@@ -13,11 +13,7 @@ export class List {
     /** A tab with nothing in it yet. A stranger has not read yet that the list should be copied. */
     static async inNewTab(site, { isStranger = false } = {}) {
         const list = new List();
-        await site.phone.addScript(countFrames);
-        if (!isStranger) {
-            await site.phone.addScript(knowCopies);
-        }
-        list.tab = await site.phone.open();
+        list.tab = await site.phone.open(null, countFrames, ...isStranger ? [] : [knowCopies]);
         list.tab.onLine = (line) => list.lines.push(line);
         list.address = site.address;
         return list;

@@ -12,6 +12,9 @@ export function only(name, reason) {
     return { skip: engine === name ? false : `only ${name}: ${reason}` };
 }
 
+/** For what no engine does in its own way. */
+export const sameEverywhere = only("chromium", "it is the same everywhere");
+
 /** A browser on a phone: a profile that outlives it, and a record of what went wrong in its pages. */
 export class Phone {
     /** `changes` are those of the browser's options that differ from a phone's: see the engine's file. */
@@ -26,22 +29,16 @@ export class Phone {
     /** A new browser with the profile of the one that is gone. */
     async startAgain() {
         this.browser = await Browser.start(this.#profile, this.#changes);
-        for (const script of this.#scripts) {
-            await this.browser.addScript(script);
-        }
     }
 
-    /** Every page that is opened from now on runs this function before everything else. */
-    async addScript(script) {
-        if (!this.#scripts.has(script)) {
-            this.#scripts.add(script);
-            await this.browser.addScript(script);
-        }
+    /** In every tab that is opened from now on, a page runs this function before everything else. */
+    addScript(script) {
+        this.#scripts.push(script);
     }
 
-    /** A new tab, with the page at the address in it when there is one. */
-    async open(address) {
-        const tab = await this.browser.newTab();
+    /** A new tab, with the page at the address in it when there is one. A page runs these functions first, too. */
+    async open(address, ...scripts) {
+        const tab = await this.browser.newTab([...this.#scripts, ...scripts]);
         tab.onFault = (fault) => this.faults.push(fault);
         tab.onRequest = (requested) => this.requests.push(requested);
         if (address) {
@@ -55,13 +52,20 @@ export class Phone {
         return this.browser.kill();
     }
 
-    /** Closes everything. Fails when anything went wrong in a page that no test took off the record. */
+    /** Closes all tabs. Fails when anything went wrong in a page that no test took off the record. */
+    async rest() {
+        await this.browser.closeTabs();
+        this.#scripts = [];
+        this.requests = [];
+        const faults = this.faults.splice(0);
+        if (faults.length) {
+            throw new Error(`The pages complained:\n${faults.join("\n")}`);
+        }
+    }
+
     async stop() {
         await this.browser.close();
         await rm(this.#profile, { recursive: true, force: true, maxRetries: 10 });
-        if (this.faults.length) {
-            throw new Error(`The pages complained:\n${this.faults.join("\n")}`);
-        }
     }
 
     /** What drives it in Chromium. */
@@ -71,7 +75,7 @@ export class Phone {
 
     #profile = "";
     #changes = {};
-    #scripts = new Set();
+    #scripts = [];
     browser = null;
     faults = [];
     requests = [];

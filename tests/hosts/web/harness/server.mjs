@@ -34,15 +34,15 @@ export class Server {
 
     async resume() {
         this.process = spawn(program, [this.root, String(this.port)], { stdio: ["ignore", "pipe", "ignore"] });
+        this.#ended = once(this.process, "exit");
         const [line] = await once(this.process.stdout, "data");
         this.port = Number(/127\.0\.0\.1:(\d+)/.exec(line)[1]);
     }
 
     /** As if the network were gone. */
     async pause() {
-        const ended = once(this.process, "exit");
         this.process.kill();
-        await ended;
+        await this.#ended;
     }
 
     async stop() {
@@ -50,6 +50,7 @@ export class Server {
         await rm(this.root, { recursive: true });
     }
 
+    #ended;
     process = null;
     port = 0;
     root = "";

@@ -1,48 +1,63 @@
-import { after, afterEach, before, beforeEach } from "node:test";
+import { after, afterEach, beforeEach } from "node:test";
 import { Phone } from "./phone.mjs";
 import { Server } from "./server.mjs";
 
-/** A server that has the page, and a phone to open it on. */
+/**
+ * A server that has the page, and a phone to open it on. Each test of a file has a server of its own, and so an
+ * address under which nothing is kept: the servers stay until the end, and no two get the same. The phone is the
+ * same, as a browser takes long to start.
+ */
 export class Site {
-    /** Another one for each test of the file. `changes` as for a phone. */
-    static forEachTest(changes) {
+    /** `changes` as for a phone. */
+    static forEachTest(changes = {}) {
         const site = new Site();
-        beforeEach(() => site.#start(changes));
-        afterEach(() => site.#stop());
-        return site;
-    }
-
-    /** One for all tests of the file. It is there for tests, but not yet for other hooks that run before all. */
-    static forAllTests(changes) {
-        const site = new Site();
-        before(() => site.#start(changes));
+        beforeEach(() => site.#begin(changes));
+        afterEach(() => site.#end());
         after(() => site.#stop());
         return site;
     }
 
-    /** Another phone in the place of the one that is there. */
+    /** Another phone in the place of the one that is there, until the test ends. */
     async changePhone(changes) {
+        await this.phone.rest();
         await this.phone.stop();
         this.phone = await Phone.start(changes);
+        this.#isChanged = true;
     }
 
     get address() {
         return this.server.address;
     }
 
-    async #start(changes) {
+    async #begin(changes) {
         this.server = await Server.start();
-        this.phone = await Phone.start(changes);
+        this.#servers.push(this.server);
+        this.phone ??= await Phone.start(changes);
     }
 
-    async #stop() {
+    async #end() {
+        // Some runners do this after a test that is left out, too.
+        const { phone } = this;
+        let isAsBefore = false;
         try {
-            await this.phone.stop();
+            await phone?.rest();
+            isAsBefore = !this.#isChanged;
         } finally {
-            await this.server.stop();
+            if (!isAsBefore) {
+                this.phone = null;
+                this.#isChanged = false;
+                await phone.stop();
+            }
         }
     }
 
+    async #stop() {
+        await this.phone?.stop();
+        await Promise.all(this.#servers.map((server) => server.stop()));
+    }
+
+    #servers = [];
+    #isChanged = false;
     server = null;
     phone = null;
 }

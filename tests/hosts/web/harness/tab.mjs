@@ -7,6 +7,7 @@ import { Picture } from "./picture.mjs";
 const axe = createRequire(import.meta.url)("axe-core");
 
 const frame = 16;
+const fewestSteps = 6;
 
 /**
  * A page of the phone, and the fingers on it. Places are [x, y] in points, durations are milliseconds.
@@ -50,9 +51,10 @@ export class Tab {
     async move(places, duration = 300) {
         const from = this.#fingers;
         const begin = Date.now();
-        for (let part = 0; part < 1; ) {
+        // However slow the machine is, it is a movement and no leap.
+        for (let part = 0, step = 1; part < 1; ++step) {
             await sleep(frame);
-            part = Math.min(1, (Date.now() - begin) / duration);
+            part = Math.min(1, (Date.now() - begin) / duration, step / fewestSteps);
             this.#fingers = from.map((start, finger) =>
                 start.map((value, axis) => value + (places[finger][axis] - value) * part));
             await this.touch("move", this.#fingers);
@@ -69,6 +71,8 @@ export class Tab {
     async drag(from, to, duration = 300) {
         await this.press([from]);
         await this.move([to], duration);
+        // The page has seen the movement, however late, before the rest begins.
+        await this.evaluate(() => {});
         await sleep(150);
         await this.release();
     }

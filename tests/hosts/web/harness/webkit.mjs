@@ -30,15 +30,15 @@ export class Browser {
         return browser;
     }
 
-    async newTab() {
+    async newTab(scripts = []) {
         const tab = new WebKitTab(this, ++this.#lastNumber);
         this.#tabs.set(tab.number, tab);
-        await this.ask("open", { tab: tab.number });
+        await this.ask("open", { tab: tab.number, scripts: scripts.map((script) => `(${script})()`) });
         return tab;
     }
 
-    addScript(script) {
-        return this.ask("addScript", { text: `(${script})()` });
+    closeTabs() {
+        return this.ask("closeTabs");
     }
 
     async kill() {

@@ -58,7 +58,6 @@ class Browser:
             base_data_directory=os.path.join(profile, "data"), base_cache_directory=os.path.join(profile, "cache"))
         self.context = WebKit2.WebContext(website_data_manager=manager)
         self.context.set_preferred_languages(["en-US"])
-        self.scripts = [LISTEN]
         self.tabs = {}
         self.window = Gtk.Window(decorated=False, default_width=375, default_height=667)
         self.book = Gtk.Notebook(show_tabs=False, show_border=False)
@@ -74,16 +73,12 @@ class Browser:
         except (GLib.Error, KeyError, ValueError) as error:
             tell(error=repr(error))
 
-    def addScript(self, answer, _fail, text):
-        self.scripts.append(text)
-        answer()
-
-    def open(self, answer, _fail, tab):
+    def open(self, answer, _fail, tab, scripts):
         content = WebKit2.UserContentManager()
         content.register_script_message_handler("said")
         content.connect("script-message-received::said", lambda _, result: print(
             json.dumps({"tab": tab, "said": json.loads(result.get_js_value().to_string())}), flush=True))
-        for text in self.scripts:
+        for text in (LISTEN, *scripts):
             content.add_script(WebKit2.UserScript.new(
                 text, WebKit2.UserContentInjectedFrames.TOP_FRAME, WebKit2.UserScriptInjectionTime.START, None, None))
         view = WebKit2.WebView(web_context=self.context, user_content_manager=content)
@@ -102,6 +97,12 @@ class Browser:
         view = self.tabs.pop(tab)
         view.connect("close", lambda _: (view.destroy(), answer()))
         view.try_close()
+
+    def closeTabs(self, answer, _fail):
+        for view in self.tabs.values():
+            view.destroy()
+        self.tabs.clear()
+        answer()
 
     def goto(self, answer, fail, tab, address):
         self._load(answer, fail, tab, lambda view: view.load_uri(address))
