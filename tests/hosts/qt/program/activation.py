@@ -9,11 +9,9 @@ import pathlib
 import re
 import signal
 import subprocess
-import sys
-import tempfile
 import time
 
-from window import texts_of, wait_for
+from window import notes_of, run_on_own_bus, wait_for
 from x11 import xdotool
 
 NAME = "org.velmorath.velmorath"
@@ -29,19 +27,27 @@ def is_in_front(window):
     return found.stdout.strip() == window
 
 
-def texts():
-    return texts_of(os.path.join(os.environ["XDG_DATA_HOME"], "velmorath/Documents/noteSalvate.archive"))
+def prepare(executable, home):
+    """The bus knows which program to start for its name."""
+    service = (pathlib.Path(executable).parent / f"{NAME}.service").read_text()
+    services = pathlib.Path(home, ".local/share/dbus-1/services")
+    services.mkdir(parents=True)
+    (services / f"{NAME}.service").write_text(re.sub("^Exec=.*$", f"Exec={executable}", service, flags=re.MULTILINE))
 
 
-def use(executable):
+def use(executable, home):
     from gi.repository import Gio, GLib
     bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+    home = pathlib.Path(home)
 
     def call(name, path, interface, method, arguments):
         return bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 10000).unpack()
 
     def ask(method, arguments):
         return call(NAME, "/org/velmorath/velmorath", "org.freedesktop.Application", method, arguments)
+
+    def texts():
+        return [text for text, _, _ in notes_of(home / ".local/share/velmorath/Documents/noteSalvate.archive")]
 
     nothing = GLib.Variant("(a{sv})", ({},))
     ask("Activate", nothing)
@@ -66,14 +72,13 @@ def use(executable):
         assert windows() == [window], "a second start makes no second window"
         time.sleep(1.2)
         xdotool("key", "Escape")  # the offer of the tutorial
-        files = {name: pathlib.Path(os.environ["HOME"], name) for name in ("a b.md", "c.txt", "d.md", "folder")}
-        files["folder"].mkdir()
+        (home / "folder").mkdir()
         for text, name in (("By an address", "a b.md"), ("By another", "c.txt"), ("By a path", "d.md")):
-            files[name].write_text(text)
-        addresses = [files[name].as_uri() for name in ("a b.md", "c.txt")]
+            (home / name).write_text(text)
+        addresses = [(home / name).as_uri() for name in ("a b.md", "c.txt")]
         ask("Open", GLib.Variant("(asa{sv})", (addresses, {"activation-token": token})))
         wait_for(lambda: texts() == ["By another", "By an address", "Hello!"], "files that a desktop hands over")
-        subprocess.run([executable, "folder", "d.md"], check=True, timeout=10, cwd=os.environ["HOME"])
+        subprocess.run([executable, "folder", "d.md"], check=True, timeout=10, cwd=home)
         time.sleep(1)
         assert len(texts()) == 3, "that a folder is none is told first"
         xdotool("key", "Escape")
@@ -82,21 +87,5 @@ def use(executable):
         os.kill(process, signal.SIGTERM)
 
 
-def main():
-    executable = pathlib.Path(sys.argv[1]).resolve()
-    if len(sys.argv) > 2:
-        use(executable)
-        return
-    # The portal of a desktop leaves a folder there that it still holds on to.
-    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
-        services = pathlib.Path(home, "dbus-1/services")
-        services.mkdir(parents=True)
-        service = (executable.parent / f"{NAME}.service").read_text()
-        (services / f"{NAME}.service").write_text(re.sub("^Exec=.*$", f"Exec={executable}", service, flags=re.MULTILINE))
-        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, XDG_DATA_HOME=home)
-        session = ["dbus-run-session", "--", sys.executable, os.path.abspath(__file__), executable, "use"]
-        sys.exit(subprocess.run(session, env=environment).returncode)
-
-
 if __name__ == "__main__":
-    main()
+    run_on_own_bus(use, prepare)

@@ -12,15 +12,6 @@ import time
 from window import SCREEN, Program, wait_for
 
 
-def add(program, text):
-    """By pulling, wherever the window's middle is now."""
-    program.until_line("textFieldDidBeginEditing", lambda: program.drag((120, 100), (120, 300)))
-    program.type(text)
-    program.key("Return")
-    wait_for(lambda: program.texts()[0] == text, f"{text} is added")
-    time.sleep(0.4)
-
-
 def delete_and_take_back(program, size):
     """The button that takes it back stands at the window's lower edge."""
     before = program.texts()
@@ -32,39 +23,27 @@ def delete_and_take_back(program, size):
     time.sleep(0.6)
 
 
-def picture(program, name):
-    if len(sys.argv) > 2:
-        program.screenshot(os.path.join(sys.argv[2], f"{name}.png"))
-
-
-def main():
-    with tempfile.TemporaryDirectory() as home:
-        program = Program(os.path.abspath(sys.argv[1]), home, (375, 600))
-        try:
-            assert [window["app_id"] for window in SCREEN.windows()] == ["org.velmorath.velmorath"], "the desktop entry's name"
-            time.sleep(1.2)
-            program.key("Escape")  # the offer of the tutorial
-            time.sleep(0.6)
-            add(program, "At first")
-            for scale in (1.5, 2, 1):
-                SCREEN.sway("output", "*", "scale", scale)
-                time.sleep(0.3)
-                add(program, f"Scale {scale}")
-                picture(program, f"scale-{scale}")
-            for size in ((520, 640), (330, 480)):
-                program.resize(*size)
-                time.sleep(0.3)
-                picture(program, f"size-{size[0]}")
-                delete_and_take_back(program, size)
-            SCREEN.sway("output", "*", "disable")
-            time.sleep(0.5)
-            SCREEN.sway("output", "*", "enable")
-            time.sleep(0.5)
-            add(program, "Another screen")
-            program.quit()
-        finally:
-            program.kill()
+def use(program):
+    assert [window["app_id"] for window in SCREEN.windows()] == ["org.velmorath.velmorath"], "the desktop entry's name"
+    program.decline_tutorial()
+    program.add_by_pulling("At first")
+    for scale in (1.5, 2, 1):
+        SCREEN.sway("output", "*", "scale", scale)
+        time.sleep(0.3)
+        program.add_by_pulling(f"Scale {scale}")
+        program.picture(f"scale-{scale}")
+    for size in ((520, 640), (330, 480)):
+        program.resize(*size)
+        time.sleep(0.3)
+        program.picture(f"size-{size[0]}")
+        delete_and_take_back(program, size)
+    for state in ("disable", "enable"):
+        SCREEN.sway("output", "*", state)
+        time.sleep(0.5)
+    program.add_by_pulling("Another screen")
+    program.quit()
 
 
 if __name__ == "__main__":
-    main()
+    with tempfile.TemporaryDirectory() as folder, Program(os.path.abspath(sys.argv[1]), folder, (375, 600)) as started:
+        use(started)

@@ -18,14 +18,14 @@ SHARE, UNDO = (WIDTH - 84, HEIGHT - 28), (84, HEIGHT - 28)
 OPEN, SAVE = (WIDTH / 2, HEIGHT - 84), (WIDTH / 2, HEIGHT - 132)
 
 
-def texts(program):
-    return [("x " if completed else "") + text for text, _, completed in program.notes()]
-
-
-def choose(program, choice, path):
+def choose(program, choice):
     program.tap(*SHARE)
     time.sleep(0.6)
     program.tap(*choice)
+
+
+def choose_file(program, choice, path):
+    choose(program, choice)
     time.sleep(1)
     program.key("ctrl+a")
     program.type(path)
@@ -33,42 +33,46 @@ def choose(program, choice, path):
     time.sleep(0.3)
 
 
-def main():
-    with tempfile.TemporaryDirectory() as home:
-        given = os.path.join(home, "--given.md")
-        with open(given, "w", encoding="utf-8") as file:
-            file.write("Given\n")
-        program = Program(os.path.abspath(sys.argv[1]), home, (WIDTH, HEIGHT), arguments=("missing.md", "--", "--given.md"))
-        for _ in ("the offer of the tutorial", "that one is missing"):
-            time.sleep(1.2)
-            assert not os.path.exists(program.archive_path()), "one after the other"
-            program.key("Escape")
-        wait_for(lambda: texts(program) == ["Given", "Hello!"], "the notes that the program was given")
-        time.sleep(0.6)
-        program.tap(*UNDO)
-        wait_for(lambda: texts(program) == ["Hello!"], "taken back")
-        written = os.path.join(home, "list.md")
-        with open(written, "w", encoding="utf-8") as file:
-            file.write("- [ ] Fresh\n- [x] Done\n  on two lines\n")
-        choose(program, OPEN, written)
-        wait_for(lambda: texts(program) == ["Fresh", "x Done\non two lines", "Hello!"], "the text's notes are there")
+def write(folder, name, text):
+    path = os.path.join(folder, name)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(text)
+    return path
 
-        copy = os.path.join(home, "copy.archive")
-        choose(program, SAVE, copy)
-        wait_for(lambda: os.path.exists(copy), "the copy is saved")
-        with open(copy, "rb") as saved, open(program.archive_path(), "rb") as archive:
-            assert saved.read() == archive.read(), "the copy is the archive"
 
-        program.drag((300, 30), (60, 30))
-        wait_for(lambda: len(texts(program)) == 2, "a note is deleted")
-        choose(program, OPEN, copy)
-        wait_for(lambda: texts(program)[0] == "Fresh", "the copy brings it back")
-        program.tap(*UNDO)
-        wait_for(lambda: len(texts(program)) == 2, "which is taken back")
-        program.key("ctrl+z")
-        wait_for(lambda: texts(program)[0] == "Fresh", "and so is the deletion")
-        program.quit()
+def use(program, home):
+    for _ in ("the offer of the tutorial", "that one is missing"):
+        time.sleep(1.2)
+        assert not os.path.exists(program.archive_path()), "one after the other"
+        program.key("Escape")
+    texts = program.marked_texts
+    wait_for(lambda: texts() == ["Given", "Hello!"], "the notes that the program was given")
+    time.sleep(0.6)
+    program.tap(*UNDO)
+    wait_for(lambda: texts() == ["Hello!"], "taken back")
+    choose_file(program, OPEN, write(home, "list.md", "- [ ] Fresh\n- [x] Done\n  on two lines\n"))
+    wait_for(lambda: texts() == ["Fresh", "x Done\non two lines", "Hello!"], "the text's notes are there")
+
+    copy = os.path.join(home, "copy.archive")
+    choose_file(program, SAVE, copy)
+    wait_for(lambda: os.path.exists(copy), "the copy is saved")
+    with open(copy, "rb") as saved, open(program.archive_path(), "rb") as archive:
+        assert saved.read() == archive.read(), "the copy is the archive"
+
+    program.drag((300, 30), (60, 30))
+    wait_for(lambda: len(texts()) == 2, "a note is deleted")
+    choose_file(program, OPEN, copy)
+    wait_for(lambda: texts()[0] == "Fresh", "the copy brings it back")
+    program.tap(*UNDO)
+    wait_for(lambda: len(texts()) == 2, "which is taken back")
+    program.key("ctrl+z")
+    wait_for(lambda: texts()[0] == "Fresh", "and so is the deletion")
+    program.quit()
 
 
 if __name__ == "__main__":
-    main()
+    with tempfile.TemporaryDirectory() as folder:
+        write(folder, "--given.md", "Given\n")
+        with Program(os.path.abspath(sys.argv[1]), folder, (WIDTH, HEIGHT),
+                     arguments=("missing.md", "--", "--given.md")) as started:
+            use(started, folder)

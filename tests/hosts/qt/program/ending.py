@@ -8,7 +8,6 @@ import os
 import signal
 import sys
 import tempfile
-import time
 
 from window import SCREEN, Program
 
@@ -24,19 +23,14 @@ def main():
         ends["the close button"] = lambda program: SCREEN.close(program.window)
         ends["the display went away"] = lambda program: SCREEN.take_away(program.window)
         for name, end in ends.items():
-            program = Program(executable, home)
-            try:
+            with Program(executable, home) as program:
                 if not expected:
-                    time.sleep(1.2)
-                    program.key("Escape")  # the offer of the tutorial
-                    time.sleep(0.6)
+                    program.decline_tutorial()
                 program.until_line("textFieldDidBeginEditing", lambda: program.key("Insert"))
                 program.type(f"Typed before {name}")
                 end(program)
                 code = program.process.wait(timeout=10)
                 assert code == (1 if "went away" in name else 0), f"{name}: the program ended with {code}"
-            finally:
-                program.kill()
             expected.insert(0, f"Typed before {name}")
             assert program.texts()[:len(expected)] == expected, (name, program.texts())
 

@@ -6,10 +6,9 @@ usage: reader.py PROGRAM
 
 import os
 import plistlib
-import sys
 import time
 
-from window import Program, run_with_own_bus, wait_for
+from window import Program, run_on_own_bus, wait_for
 
 PAGES = ("Pull the list down to add a note.", "Pull two notes apart to insert a note between them.")
 
@@ -222,26 +221,12 @@ def use(executable, home):
     write_tool(home, "xdg-open", f"echo \"$1\" >'{home}/part' && mv '{home}/part' '{home}/sent'\n")
     os.environ["PATH"] = home + ":" + os.environ["PATH"]
     reader = Reader()
-    program = Program(executable, home, bus=os.environ["DBUS_SESSION_BUS_ADDRESS"])
-    try:
+    with Program(executable, home, bus=os.environ["DBUS_SESSION_BUS_ADDRESS"]) as program:
         reader.wait_for(lambda: "dialog: Watch tutorial" in reader.heard, "the offer of the tutorial")
         tutorial(reader)
-        adding(program, reader)
-        changing(program, reader)
-        one_note(program, reader)
-        options(program, reader)
-        mail(program, reader)
-    finally:
-        program.kill()
-
-
-def main():
-    executable = os.path.abspath(sys.argv[1])
-    if len(sys.argv) > 2:
-        use(executable, sys.argv[2])
-        return
-    run_with_own_bus("-W", "ignore", os.path.abspath(__file__), executable)
+        for job in (adding, changing, one_note, options, mail):
+            job(program, reader)
 
 
 if __name__ == "__main__":
-    main()
+    run_on_own_bus(use)

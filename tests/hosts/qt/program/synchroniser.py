@@ -51,15 +51,9 @@ class Folder:
         return sorted(os.listdir(self.path))
 
 
-def texts(program):
-    return [("x " if completed else "") + text for text, _, completed in program.notes()]
-
-
 def start(home):
     program = Program(sys.argv[1], home, (WIDTH, HEIGHT))
-    time.sleep(1.2)
-    program.key("Escape")  # the offer of the tutorial
-    time.sleep(0.6)
+    program.decline_tutorial()
     return program
 
 
@@ -75,10 +69,10 @@ def main():
 
         program.until_line(ROW_SHOWN, lambda: folder.put(["Eggs", "Milk", "x Bread"]))
         complete(program, 0)
-        wait_for(lambda: texts(program) == ["x Eggs", "Milk", "x Bread"], "the other machine's note is on the screen")
+        wait_for(lambda: program.marked_texts() == ["x Eggs", "Milk", "x Bread"], "the other machine's note is on the screen")
         program.until_line(ROW_SHOWN, lambda: folder.overwrite(["x Eggs", "Milk", "x Bread", "Salt"]))
         complete(program, 3)
-        wait_for(lambda: texts(program)[3] == "x Salt", "a file that is written in place is read as well")
+        wait_for(lambda: program.marked_texts()[3] == "x Salt", "a file that is written in place is read as well")
 
         program.key("Insert")
         time.sleep(0.5)
@@ -87,23 +81,23 @@ def main():
         time.sleep(1)
         program.type(" leaves")
         program.until_line(ROW_SHOWN, lambda: program.key("Return"))
-        wait_for(lambda: texts(program) == ["Tea leaves", "x Eggs", "x Salt", "Oat milk"],
+        wait_for(lambda: program.marked_texts() == ["Tea leaves", "x Eggs", "x Salt", "Oat milk"],
                  "what was typed is there, and what came meanwhile")
         time.sleep(2)
         complete(program, 3)
-        wait_for(lambda: texts(program)[3] == "x Oat milk", "the screen shows it, too")
+        wait_for(lambda: program.marked_texts()[3] == "x Oat milk", "the screen shows it, too")
 
         conflict = "noteSalvate.sync-conflict-20261123-120000-ABCDEFG.archive"
         folder.put(["x Eggs", "Rice"], conflict)
-        wait_for(lambda: texts(program)[0] == "Rice", "a conflict's note is on top")
+        wait_for(lambda: program.marked_texts()[0] == "Rice", "a conflict's note is on top")
         assert folder.names() == ["noteSalvate.archive", f"{conflict}.merged"], folder.names()
         program.tap(*UNDO)
-        wait_for(lambda: texts(program)[0] == "Tea leaves", "which is taken back")
+        wait_for(lambda: program.marked_texts()[0] == "Tea leaves", "which is taken back")
         program.quit()
 
         folder.put(["Beans"], conflict)
         program = start(home)
-        wait_for(lambda: texts(program)[:2] == ["Beans", "Tea leaves"], "one that waited is taken at the start")
+        wait_for(lambda: program.marked_texts()[:2] == ["Beans", "Tea leaves"], "one that waited is taken at the start")
         program.quit()
 
 

@@ -6,6 +6,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 import time
 
 if "WAYLAND_DISPLAY" in os.environ:
@@ -33,6 +34,19 @@ class Program:
         if size:
             self.resize(*size)
         time.sleep(0.4)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.kill()
+
+    def decline_tutorial(self):
+        """It is offered at the first start."""
+        time.sleep(1.2)
+        self.key("Escape")
+        time.sleep(0.6)
 
     def quit(self):
         """Closes the window as its close button does, and waits until the program has ended."""
@@ -102,8 +116,23 @@ class Program:
         SCREEN.key(name)
         time.sleep(0.15)
 
-    def screenshot(self, path):
-        SCREEN.screenshot(self.window, path)
+    def add(self, text):
+        self.until_line("textFieldDidBeginEditing", lambda: self.key("Insert"))
+        self.type(text)
+        self.key("Return")
+        time.sleep(0.5)
+
+    def add_by_pulling(self, text):
+        self.until_line("textFieldDidBeginEditing", lambda: self.drag((120, 100), (120, 320)))
+        self.type(text)
+        self.key("Return")
+        wait_for(lambda: self.texts()[0] == text, f"{text} is added")
+        time.sleep(0.4)
+
+    def picture(self, name):
+        """Where the tests are given a folder for pictures."""
+        if len(sys.argv) > 2:
+            SCREEN.screenshot(self.window, os.path.join(sys.argv[2], f"{name}.png"))
 
     # What is on the disk, as another program reads it.
 
@@ -114,7 +143,11 @@ class Program:
         return notes_of(self.archive_path())
 
     def texts(self):
-        return texts_of(self.archive_path())
+        return [text for text, _, _ in self.notes()]
+
+    def marked_texts(self):
+        """With "x " before those of completed notes."""
+        return [("x " if completed else "") + text for text, _, completed in self.notes()]
 
 
 def notes_of(path):
@@ -136,16 +169,32 @@ def notes_of(path):
     return notes
 
 
-def texts_of(path):
-    return [note[0] for note in notes_of(path)]
-
-
-def run_with_own_bus(*arguments):
-    """Runs Python with these on a session bus of its own, with a home of its own as the last; ends as that does."""
+def run_on_own_bus(use, prepare=lambda executable, home: None):
+    """Calls use(PROGRAM, HOME) on a session bus of its own, with a home of its own, which may be prepared before; ends
+    as that does."""
+    executable, *home = map(os.path.abspath, sys.argv[1:])
+    if home:
+        use(executable, home[0])
+        return
     # The portal of a desktop leaves a folder there that it still holds on to.
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
-        session = ["dbus-run-session", "--", sys.executable, *arguments, home]
-        sys.exit(subprocess.run(session, env=dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home)).returncode)
+        prepare(executable, home)
+        session = ["dbus-run-session", "--", sys.executable, "-W", "ignore", sys.argv[0], executable, home]
+        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, XDG_DATA_HOME=os.path.join(home, ".local/share"))
+        sys.exit(subprocess.run(session, env=environment).returncode)
+
+
+def serve(name, path, interface, answer):
+    """What a desktop has on the session bus: answers answer(bus, sender, method, arguments), in a thread of its own."""
+    from gi.repository import Gio, GLib
+    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+
+    def called(_, sender, __, ___, method, arguments, invocation):
+        invocation.return_value(answer(bus, sender, method, arguments.unpack()))
+
+    bus.register_object(path, Gio.DBusNodeInfo.new_for_xml(interface).interfaces[0], called, None, None)
+    Gio.bus_own_name_on_connection(bus, name, Gio.BusNameOwnerFlags.NONE, None, None)
+    threading.Thread(target=GLib.MainLoop().run, daemon=True).start()
 
 
 def wait_for(condition, what, seconds=5):
