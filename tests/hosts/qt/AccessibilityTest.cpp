@@ -196,29 +196,6 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(reportsOfAFrame(), QStringList());
 }
 
-TEST_F(Accessibility, ALongTextIsReadWithoutBeingEdited)
-{
-    client.tree.children = {{.identifier = 6,
-        .role = AccessibilityRole::textArea,
-        .label = "Note",
-        .value = "Caf\u00e9 au lait\nand more",
-        .isPressable = true}};
-    listen();
-    QAccessibleInterface* const area = screen()->child(0);
-    QAccessibleTextInterface* const text = area->textInterface();
-    ASSERT_TRUE(text);
-    EXPECT_EQ(text->text(0, text->characterCount()), QStringLiteral("Caf\u00e9 au lait\nand more"));
-    int start = 0;
-    int end = 0;
-    EXPECT_EQ(text->textAtOffset(6, QAccessible::WordBoundary, &start, &end), QStringLiteral("au"));
-    EXPECT_EQ(start, 5);
-    EXPECT_TRUE(area->state().editable);
-    EXPECT_FALSE(area->state().readOnly) << "a press edits it";
-    client.tree.children = {button(5, "Add", CGRectMake(0, 600, 375, 60))};
-    makeFrame();
-    EXPECT_FALSE(screen()->child(0)->textInterface());
-}
-
 TEST_F(Accessibility, ShortMotionsAreWaitedForAndLongOnesNot)
 {
     listen();

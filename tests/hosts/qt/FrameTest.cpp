@@ -71,15 +71,6 @@ TEST_F(Frames, WakesOnceAtTheLastMomentAskedFor)
     EXPECT_EQ(client.wakes, 1);
 }
 
-TEST_F(Frames, ClosingTheWindowEndsTheProgram)
-{
-    QApplication::setQuitOnLastWindowClosed(true);
-    QTimer::singleShot(0, &host.widget(), [this] { host.widget().close(); });
-    EXPECT_EQ(host.run(client), 0);
-    QApplication::setQuitOnLastWindowClosed(false);
-    EXPECT_TRUE(client.terminated);
-}
-
 } // namespace
 
 } // namespace velmorath

@@ -260,29 +260,6 @@ TEST_F(Input, FilesAndTextsAreDroppedOnTheWindow)
     EXPECT_EQ(client.documents, (std::vector<std::string>{"- [ ] note\n", "a text", "error"}));
 }
 
-TEST_F(Input, FilesWaitUntilTheProgramHasAUseForThem)
-{
-    QTemporaryFile first;
-    QTemporaryFile second;
-    for (QTemporaryFile* file : {&first, &second}) {
-        ASSERT_TRUE(file->open());
-        file->write(file == &first ? "first" : "second");
-        file->flush();
-    }
-    client.mostDocuments = 1;
-    host.answer({"", {first.fileName().toStdString(), "/", second.fileName().toStdString()}});
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !client.documents.empty(); }));
-    QTest::qWait(100);
-    EXPECT_EQ(client.documents, (std::vector<std::string>{"first"}));
-    const int frames = client.frames;
-    QTest::qWait(100);
-    EXPECT_EQ(client.frames, frames) << "waiting costs nothing";
-    client.mostDocuments = 3;
-    host.screen().requestFrame();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return client.documents.size() == 3; }));
-    EXPECT_EQ(client.documents, (std::vector<std::string>{"first", "error", "second"}));
-}
-
 } // namespace
 
 } // namespace velmorath

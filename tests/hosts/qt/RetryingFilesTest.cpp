@@ -45,8 +45,6 @@ protected:
 TEST_F(RetryingFilesTest, WhatCouldNotBeSavedIsSavedLaterAndToldOnce)
 {
     EXPECT_TRUE(save("first"));
-    QTest::qWait(50);
-    EXPECT_TRUE(changes.empty());
     breakFolder();
     EXPECT_FALSE(save("second"));
     EXPECT_FALSE(save("third"));
@@ -55,13 +53,6 @@ TEST_F(RetryingFilesTest, WhatCouldNotBeSavedIsSavedLaterAndToldOnce)
     mendFolder();
     EXPECT_TRUE(QTest::qWaitFor([this] { return saved(path) == "third"; }));
     EXPECT_EQ(changes, (std::vector{true, false}));
-
-    breakFolder();
-    EXPECT_FALSE(save("fourth"));
-    mendFolder();
-    files.tryLast();
-    EXPECT_EQ(saved(path), "fourth");
-    EXPECT_EQ(changes, (std::vector{true, false, true, false}));
 }
 
 TEST_F(RetryingFilesTest, WhatOthersPutThereMeanwhileIsNotOverwritten)

@@ -160,22 +160,6 @@ TEST(OneProgram, TheSecondCallsTheFirst)
     EXPECT_EQ(heard.files, files);
 }
 
-TEST(OneProgram, WhatAKilledOneLeavesBehindIsTakenOver)
-{
-    QTemporaryDir folder;
-    const std::string path = folder.path().toStdString();
-    const pid_t child = fork();
-    if (child == 0) {
-        const SingleProgram killed(path);
-        raise(SIGKILL);
-    }
-    waitpid(child, nullptr, 0);
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("velmorath.socket"))));
-    SingleProgram next(path);
-    EXPECT_TRUE(next.isFirst());
-    EXPECT_FALSE(SingleProgram(path).isFirst());
-}
-
 TEST(OneProgram, AFolderThatCannotBeWrittenStopsNobody)
 {
     EXPECT_TRUE(SingleProgram("/proc/nowhere").isFirst());

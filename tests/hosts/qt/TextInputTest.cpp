@@ -281,17 +281,6 @@ TEST_F(Editing, LosingTheWindowsFocusChangesNothing)
     host.textInput().end();
 }
 
-TEST_F(Editing, TheEndOfTheProgramEndsIt)
-{
-    begin("a");
-    compose(u"x");
-    onChange = [this] { EXPECT_FALSE(client.terminated); };
-    host.detach();
-    EXPECT_TRUE(client.terminated);
-    EXPECT_EQ(changes, (std::vector<std::string>{"ax"}));
-    EXPECT_FALSE(editor<QLineEdit>());
-}
-
 TEST_F(Editing, ALogOutFindsItSaved)
 {
     begin("a");
