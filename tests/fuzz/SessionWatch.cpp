@@ -1,10 +1,11 @@
 #include "SessionWatch.h"
 #include "Bundle.h"
 #include "CATimeline.h"
+#include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
 #include "Main.h"
+#include "ManyNotes.h"
 #include "ProgramState.h"
-#include "ReplaceFile.h"
 #include "RowLook.h"
 #include "Settings.h"
 #include "UIApplication.h"
@@ -44,10 +45,8 @@ std::shared_ptr<ToDoItem2> noteAround(UIView* view)
 bool areEqual(const std::vector<std::shared_ptr<ToDoItem2>>& notes,
     const std::vector<std::shared_ptr<ToDoItem2>>& others)
 {
-    return std::equal(
-        notes.begin(), notes.end(), others.begin(), others.end(), [](const auto& a, const auto& b) {
-            return a->text == b->text && a->data == b->data && a->completed == b->completed;
-        });
+    return std::equal(notes.begin(), notes.end(), others.begin(), others.end(),
+        [](const auto& a, const auto& b) { return *a == *b; });
 }
 
 void collect(const AccessibilityElement& around, std::vector<AccessibilityElement>& found)
@@ -92,12 +91,9 @@ void SessionWatch::putNotes(std::size_t count, bool badge, std::size_t theme)
     defaults.synchronize();
     Notes notes;
     for (std::size_t i = 0; i < count; ++i) {
-        notes.push_back(std::make_shared<ToDoItem2>());
-        notes.back()->text =
-            "note " + std::to_string(i) + (i % 5 == 4 ? " with a text longer than any row" : "");
-        notes.back()->completed = i % 3 == 2;
-        if (i % 4 != 3)
-            notes.back()->data = "Nov 20, 2026";
+        const std::string text = "note " + std::to_string(i);
+        notes.push_back(makeNote(i % 5 == 4 ? text + " with a text longer than any row" : text,
+            i % 4 != 3 ? std::optional<std::string>("Nov 20, 2026") : std::nullopt, i % 3 == 2));
     }
     KeyedArchiver::archiveRootObject(notes, archivePath(host), [](bool) {});
 }
@@ -111,9 +107,7 @@ void SessionWatch::launch()
         m_known[note] = {note->text, note->completed};
     m_first = listNow();
     m_underFingers.clear();
-    m_swiped.clear();
-    m_leftAside.clear();
-    m_held.clear();
+    m_rows.clear();
     m_datesEdited.clear();
     m_wasPinching = m_pinchWasTakenAway = false;
     m_tree = {};
@@ -223,35 +217,24 @@ void SessionWatch::watchGestures(bool isLift)
         m_pinchWasTakenAway = !isPinching && !isLift;
     m_wasPinching = isPinching;
 
-    std::set<const TableViewCell*> existing;
-    std::map<const TableViewCell*, Held> held;
+    std::map<const TableViewCell*, Watched> now;
     for (const auto& row : rows()) {
-        existing.insert(row.get());
+        Watched known = m_rows[row.get()];
+        const bool hasGesture = row->hasGestureGoingOn();
+        const bool isHeld = hasGesture || row->label->isEditing() || row->labelData->isEditing();
         const bool isSwiped = row->gestureRecognizers().front()->isActive();
-        if (row->hasGestureGoingOn() || row->label->isEditing() || row->labelData->isEditing()) {
-            const auto before = m_held.find(row.get());
-            require(before == m_held.end() || before->second.note == row->toDoItem(),
-                "a row that is held shows another note");
-            require(before == m_held.end() || !isSwiped || !before->second.isSwiped || m_step == "move"
-                    || before->second.x == row->center().x,
+        if (isHeld && known.isHeld) {
+            require(known.note == row->toDoItem(), "a row that is held shows another note");
+            require(!isSwiped || !known.isSwiped || m_step == "move" || known.x == row->center().x,
                 "a row that is swiped moved without its finger");
-            held[row.get()] = {row->toDoItem(), row->center().x, isSwiped};
         }
-        if (row->hasGestureGoingOn()) {
-            m_swiped[row.get()] |= list().tastieraAttiva;
-            m_leftAside.erase(row.get());
-            continue;
-        }
-        const auto swiped = m_swiped.find(row.get());
-        if (swiped != m_swiped.end()) {
-            if (!isLift || swiped->second)
-                m_leftAside.insert(row.get());
-            m_swiped.erase(swiped);
-        }
+        if (known.hasGesture && !hasGesture)
+            known.isLeftAside = !isLift || known.wasTyping;
+        known.wasTyping = hasGesture && (known.wasTyping || list().tastieraAttiva);
+        now[row.get()] = {row->toDoItem(), row->center().x, isHeld, hasGesture, isSwiped, known.wasTyping,
+            known.isLeftAside && !hasGesture};
     }
-    std::erase_if(m_leftAside, [&](const auto* row) { return !existing.contains(row); });
-    m_held = std::move(held);
-    std::erase_if(m_swiped, [&](const auto& entry) { return !existing.contains(entry.first); });
+    m_rows = std::move(now);
 }
 
 void SessionWatch::touch(Fingers& fingers, const std::vector<HostTouch>& touches)
@@ -402,13 +385,8 @@ void SessionWatch::comeToRest(Fingers& fingers)
     const int frames = host.framesPrepared();
     host.advance(0.3);
     require(host.framesPrepared() == frames, "frames are asked for at rest");
-    // A row that is moved while a new note is typed is saved with it; a disk that fails then leaves it there.
-    const auto wasEmpty = [this](const auto& note) {
-        return std::any_of(m_first.begin(), m_first.end(),
-            [&](const auto& entry) { return entry.first == note && entry.second.text.value_or("").empty(); });
-    };
     for (const auto& note : list().arrayNote)
-        require(!isEmpty(*note) || wasEmpty(note), "an empty note is in the list");
+        require(!isEmpty(*note) || wasEmptyAtStart(note), "an empty note is in the list");
     if (list().presentedViewController()) {
         require(m_hasNews || isListInFile(), "the file is not the list");
         return;
@@ -497,7 +475,7 @@ void SessionWatch::checkRows()
                 && row->itemCompleteLayer->isHidden() != note->completed,
             name + "is not shown as it is completed");
         // One that was swiped when the gesture was taken away stays aside until the next one.
-        const bool isAside = m_leftAside.contains(row.get());
+        const bool isAside = m_rows[row.get()].isLeftAside;
         require(row->bounds().size == CGSize{sight.size.width, 60}, name + "has the wrong size");
         require(isAside || row->center().x == sight.size.width / 2, name + "is aside");
         require(row->center().y == static_cast<CGFloat>(*place) * 60 + 30, name + "is not in its place");

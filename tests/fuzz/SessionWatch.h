@@ -52,10 +52,18 @@ private:
         std::optional<std::string> text;
         bool completed;
     };
-    struct Held {
+    /// What a row was after the last step.
+    struct Watched {
         std::shared_ptr<ToDoItem2> note;
-        CGFloat x;
-        bool isSwiped;
+        CGFloat x = 0;
+        /// A gesture is going on in it, or a text is typed into it.
+        bool isHeld = false;
+        bool hasGesture = false;
+        bool isSwiped = false;
+        /// A text was typed during the gesture.
+        bool wasTyping = false;
+        /// A gesture that was taken away or did not count left it where it was.
+        bool isLeftAside = false;
     };
     using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
 
@@ -84,12 +92,7 @@ private:
     std::shared_ptr<ToDoItem2> m_typed;
     std::shared_ptr<ToDoItem2> m_inDetail;
     std::map<std::int64_t, std::shared_ptr<ToDoItem2>> m_underFingers;
-    /// Rows that a swipe was going on in, with whether a text was typed meanwhile, and those that one left
-    /// aside because it was taken away or did not count.
-    std::map<const TableViewCell*, bool> m_swiped;
-    /// Rows that a gesture is going on in or a text is typed into.
-    std::map<const TableViewCell*, Held> m_held;
-    std::set<const TableViewCell*> m_leftAside;
+    std::map<const TableViewCell*, Watched> m_rows;
     std::set<std::shared_ptr<ToDoItem2>> m_datesEdited;
     bool m_wasPinching = false;
     bool m_pinchWasTakenAway = false;
