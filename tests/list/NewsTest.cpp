@@ -1,7 +1,7 @@
+#include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
 #include "ListTest.h"
 #include "ProgramState.h"
-#include "ReplaceFile.h"
 #include "UIApplication.h"
 #include <filesystem>
 
@@ -13,16 +13,7 @@ class NewsTest : public ListTest {
 protected:
     NewsTest() { host.files().setShared(true); }
 
-    std::string archiveOf(const Lines& texts)
-    {
-        std::vector<std::shared_ptr<ToDoItem2>> notes;
-        for (const std::string& text : texts) {
-            notes.push_back(std::make_shared<ToDoItem2>());
-            notes.back()->completed = text.starts_with("x ");
-            notes.back()->text = text.substr(notes.back()->completed ? 2 : 0);
-        }
-        return KeyedArchiver::archivedData(notes);
-    }
+    std::string archiveOf(const Lines& texts) { return KeyedArchiver::archivedData(notesFrom(texts)); }
     void putList(const Lines& texts) { replaceFromOutside(archivePath(host), archiveOf(texts)); }
     void putCopy(const std::string& name, const std::string& bytes)
     {
@@ -43,13 +34,6 @@ protected:
     {
         host.client().documentsChanged();
         host.advance(1);
-    }
-    void fillDisk(bool isFull)
-    {
-        host.files().setFault([isFull](HeadlessFiles::Operation operation, const std::string&) {
-            const bool fails = isFull && operation == HeadlessFiles::Operation::replace;
-            return fails ? std::optional(Error{"full"}) : std::nullopt;
-        });
     }
     /// The one whose row the keys are on.
     static std::shared_ptr<ToDoItem2> focusedNote()
@@ -203,9 +187,7 @@ TEST_F(NewsTest, CopiesOfConflictsComeOnTopAsOneStep)
     EXPECT_EQ(saved(), (Lines{"One", "Two"}));
 
     // One that cannot be moved is not taken again and again.
-    host.files().setFault([](HeadlessFiles::Operation operation, const std::string&) {
-        return operation == HeadlessFiles::Operation::setAside ? std::optional(Error{"no"}) : std::nullopt;
-    });
+    failOn(HeadlessFiles::Operation::setAside);
     putCopy("noteSalvate.sync-conflict-2.archive", archiveOf({"Tre"}));
     hear();
     host.press(HostKey::undo);
@@ -228,10 +210,10 @@ TEST_F(NewsTest, TheTutorialIsOfferedFirst)
 TEST_F(NewsTest, ASaveThatFailsKeepsWhatBothSidesDid)
 {
     start({"One", "Two"});
-    fillDisk(true);
+    failOn(HeadlessFiles::Operation::replace);
     swipe(0, 200);
     host.advance(1);
-    fillDisk(false);
+    failOnNothing();
     putList({"One", "Two", "Three"});
     hear();
     EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
@@ -245,12 +227,12 @@ TEST_F(NewsTest, ACopyStaysUntilItsNotesAreSaved)
 {
     const std::string name = "noteSalvate.sync-conflict-1.archive";
     start({"One", "Two"});
-    fillDisk(true);
+    failOn(HeadlessFiles::Operation::replace);
     putCopy(name, archiveOf({"Three"}));
     hear();
     EXPECT_EQ(notes(), (Lines{"Three", "One", "Two"}));
     EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name}));
-    fillDisk(false);
+    failOnNothing();
     relaunch();
     hear();
     EXPECT_EQ(saved(), (Lines{"Three", "One", "Two"}));
@@ -310,7 +292,7 @@ TEST_F(NewsTest, AStepTakesBackNothingThatOthersDid)
 TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
 {
     for (const bool isTheUsers : {false, true}) {
-        fillDisk(true);
+        failOn(HeadlessFiles::Operation::replace);
         launch();
         host.advance(1);
         host.press(HostKey::escape);
@@ -318,7 +300,7 @@ TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
         ASSERT_EQ(notes(), (Lines{"Hello!"}));
         if (isTheUsers)
             swipe(0, 200);
-        fillDisk(false);
+        failOnNothing();
         putList({"One"});
         hear();
         EXPECT_EQ(notes(), isTheUsers ? (Lines{"One", "x Hello!"}) : (Lines{"One"}));

@@ -1,10 +1,7 @@
 #include "SalvoEPrelevoDatiDaFile.h"
-#include "ArchiveBuilder.h"
+#include "FilesOnDisk.h"
 #include "ListTest.h"
 #include "ProgramState.h"
-#include "ReplaceFile.h"
-#include <fstream>
-#include <iterator>
 
 namespace velmorath {
 namespace {
@@ -97,8 +94,7 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, ALateAnswerIsLoggedBeforeTheNextFrame)
 TEST_F(SalvoEPrelevoDatiDaFileTest, TheSameNotesAreTheSameBytesOnEveryMachine)
 {
     // The page in a browser has to write this file, too.
-    std::ifstream file(VELMORATH_TEST_TOOLS "/../model/many-notes.archive", std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    const std::string bytes = contents(VELMORATH_TEST_TOOLS "/../model/many-notes.archive");
     put(bytes);
     const auto notes = load();
     ASSERT_EQ(notes.size(), 260u);
@@ -112,18 +108,16 @@ using SalvoEPrelevoDatiDaFileDeathTest = SalvoEPrelevoDatiDaFileTest;
 
 TEST_F(SalvoEPrelevoDatiDaFileDeathTest, ARootThatIsNoListOfNotes)
 {
-    ArchiveBuilder noList;
-    put(noList.finish(noList.addInstance(std::string(ToDoItem2::className), {})));
-    EXPECT_DEATH(load(), "root is not a list");
-    ArchiveBuilder null;
-    put(null.finish(0));
-    EXPECT_DEATH(load(), "root is not a list");
-    ArchiveBuilder mixed;
-    const auto text = mixed.add(mixed.writer.addString("a text"));
-    put(mixed.finish(mixed.addArray({mixed.addInstance(std::string(ToDoItem2::className), {}), text})));
+    const auto putFile = [this](const std::string& name) {
+        put(contents(VELMORATH_CORPUS "/fuzz-archive/" + name + ".archive"));
+    };
+    for (const std::string name : {"one-note", "null"}) {
+        putFile(name);
+        EXPECT_DEATH(load(), "root is not a list") << name;
+    }
+    putFile("text-among-notes");
     EXPECT_DEATH(launch(), "something that is not a note");
-    ArchiveBuilder hole;
-    put(hole.finish(hole.addArray({0})));
+    putFile("null-among-notes");
     EXPECT_DEATH(load(), "something that is not a note");
 }
 

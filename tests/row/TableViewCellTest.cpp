@@ -1,4 +1,4 @@
-#include "ArchiveBuilder.h"
+#include "FilesOnDisk.h"
 #include "KeyedUnarchiver.h"
 #include "ListTest.h"
 #include "ToDoItem.h"
@@ -69,10 +69,10 @@ using TableViewCellDeathTest = TableViewCellTest;
 /// Makes an object as from an archive.
 template <typename Archived> void unarchive()
 {
-    KeyedUnarchiver::setClass(
-        "Archived", [](KeyedUnarchiver& unarchiver) { return std::make_shared<Archived>(unarchiver); });
-    ArchiveBuilder builder;
-    (void)KeyedUnarchiver::unarchiveTopLevelObject(builder.finish(builder.addInstance("Archived", {})));
+    KeyedUnarchiver::setClass("Elsewhere.Thing",
+        [](KeyedUnarchiver& unarchiver) { return std::make_shared<Archived>(unarchiver); });
+    (void)KeyedUnarchiver::unarchiveTopLevelObject(
+        contents(VELMORATH_CORPUS "/fuzz-archive/unknown-class.archive"));
 }
 
 TEST_F(TableViewCellDeathTest, WhatCannotBeMadeEndsTheProgram)

@@ -1,8 +1,8 @@
 #include "SettingsTest.h"
 #include "Bundle.h"
 #include "Configuration.h"
+#include "FilesOnDisk.h"
 #include "ProgramState.h"
-#include "ReplaceFile.h"
 #include "UIStoryboard.h"
 
 namespace velmorath {
@@ -25,8 +25,10 @@ TEST_F(SettingsTest, WithoutAStoreItsPageIsOpenedOnTheWeb)
 {
     start({"One"});
     openInformation();
+    const std::size_t before = host.draw().commands().size();
     host.effects().refuseScheme("itms-apps");
     tapRow(1);
+    EXPECT_EQ(host.draw().commands().size(), before) << "nothing pale over the row";
     EXPECT_EQ(host.effects().openedAddresses(),
         (Lines{"https://" + std::string(configuration::storeHost) + "/app/apple-store/id"
             + std::string(configuration::storeIdentifier) + "?action=write-review"}));
@@ -94,42 +96,20 @@ TEST_F(SettingsTest, ATransitionFromItGoesOnToItsDestinationsOwn)
     EXPECT_DEATH(top().prepareForSegue(deadEnd, {}), "no transition named info2");
 }
 
-TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFile)
+TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFileAndTheListCountsAnew)
 {
-    start({"One"}, "Red");
-    openOptions();
-    tapRow(0);
-    std::remove(archivePath(host).c_str());
-    tapRow(0);
-    EXPECT_EQ(badge(), 0);
-    tapRow(0);
-    ASSERT_FALSE(replaceFile(host.files(), archivePath(host), "neither notes nor anything else"));
-    tapRow(0);
-    EXPECT_EQ(badge(), 0);
-}
-
-TEST_F(SettingsTest, FromTheListToTheThemesAndBack)
-{
-    start({"One", "x Two", "Three"}, "Blue");
-    openThemes();
-    tapRow(5);
-    close();
-    ASSERT_TRUE(isOnTop<Info2>());
-    EXPECT_TRUE(host.draw().text("Theme    :    Mixed"));
-    tapRow(1);
-    tapRow(0);
-    close();
-    ASSERT_TRUE(isOnTop<Info>());
-    takeFelt();
-    tapRow(4);
-    EXPECT_EQ(takeFelt(), (Lines{"vibration"}));
-    close();
-    EXPECT_EQ(list().theme, "Mixed");
-    EXPECT_EQ(badge(), 0);
-
-    set("appIconBadge", "true");
+    start({"One", "x Two", "Three"}, "Red");
     host.effects().setBadge(17);
-    openInformation();
+    openOptions();
+    for (const std::string file : {"", "neither notes nor anything else"}) {
+        tapRow(0);
+        std::remove(archivePath(host).c_str());
+        if (!file.empty())
+            replaceFromOutside(archivePath(host), file);
+        tapRow(0);
+        EXPECT_EQ(badge(), 0) << file;
+    }
+    close();
     close();
     EXPECT_EQ(badge(), 2);
 }
@@ -197,27 +177,6 @@ TEST_F(SettingsTest, TheSheenFollowsTheWindow)
             sheens += command.rect.size.width == 1200 ? 1 : 100;
     }
     EXPECT_EQ(sheens, 7u);
-}
-
-TEST_F(SettingsTest, ATappedAddressLeavesItsRowAsItWas)
-{
-    start({"One"}, "Red");
-    openInformation();
-    const auto before = host.draw().commands().size();
-    tapRow(1);
-    tapRow(4);
-    EXPECT_EQ(host.draw().commands().size(), before) << "nothing pale over a row";
-}
-
-TEST_F(SettingsTest, AReloadThatComesAfterTheScreenHasGoneDoesNothing)
-{
-    start({"One"}, "Red");
-    openThemes();
-    Finger(host, {160, 56 + 30}).lift();
-    host.quit();
-    start({"One"});
-    host.advance(0.1);
-    EXPECT_EQ(list().theme, "Red");
 }
 
 using SettingsDeathTest = SettingsTest;

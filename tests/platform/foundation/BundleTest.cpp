@@ -1,31 +1,11 @@
 #include "Bundle.h"
+#include "FilesOnDisk.h"
 #include "HeadlessHost.h"
-#include "ReplaceFile.h"
 #include "TemporaryFolder.h"
 #include <gtest/gtest.h>
 
 namespace velmorath {
 namespace {
-
-TEST(StringsTableTest, ReadsEntriesCommentsAndEscapes)
-{
-    auto table = parseStringsTable("\xEF\xBB\xBF/* one\n \"no\" = \"no\"; */ // two\n"
-                                   "\"Done\" = \"Fatto\";\"a\"=\"b\" ; // three\r\n"
-                                   "\"say \\\"x\\\"\\n\\t\\\\\"\n=\n\"\\u00E8\\U597d\";\n"
-                                   "\"twice\" = \"1\"; \"twice\" = \"2\"; \"bad\xFF\" = \"\\uD83D\";");
-    EXPECT_EQ(table,
-        (StringsTable{{"Done", "Fatto"}, {"a", "b"}, {"say \"x\"\n\t\\", "è好"}, {"twice", "2"},
-            {"bad\uFFFD", "\uFFFD"}}));
-}
-
-TEST(StringsTableTest, LeavesOutBrokenLinesOnly)
-{
-    auto table =
-        parseStringsTable("\"a\" = \"unclosed\nnonsense\n\"b\" = \"1\"\n\"c\" \"2\";\n\"d\" = ;\n"
-                          "\"e\" = \"\\q\";\n\"f\" = \"\\u12G4\";\n\"good\" = \"yes\";\n\"g\" = \"\\");
-    EXPECT_EQ(table, (StringsTable{{"good", "yes"}}));
-    EXPECT_TRUE(parseStringsTable("/* \"a\" = \"b\";").empty());
-}
 
 class BundleTest : public testing::Test {
 protected:

@@ -3,8 +3,15 @@
 #include "Files.h"
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace velmorath {
+
+inline std::string contents(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 /// Puts these bytes in a file's place where the answer comes at once. Nothing when it worked.
 inline std::optional<Error> replaceFile(Files& files, const std::string& path, std::string_view bytes)
