@@ -52,6 +52,8 @@ private:
         }
         for (const std::string& felt : takeFelt())
             m_lines.push_back("-> " + felt);
+        for (const Lines& announced = host.effects().announced(); m_heard < announced.size(); ++m_heard)
+            m_lines.push_back("-> says " + announced[m_heard]);
         tellChange("badge", std::to_string(badge()));
         std::string notesInFile;
         for (const std::string& note : saved())
@@ -72,6 +74,7 @@ private:
 
     std::string m_name;
     Lines m_lines;
+    std::size_t m_heard = 0;
     std::map<std::string, std::string> m_known;
     CommittedTexts m_transcripts{VELMORATH_TRANSCRIPTS};
 };

@@ -104,30 +104,18 @@ TEST_F(VistaNoteViewControllerTest, ALongNoteIsEditedWhereItIsReadAndReadWhereIt
     EXPECT_FALSE(host.textInput().traits().tap) << "by a key";
 }
 
-TEST_F(VistaNoteViewControllerTest, OneLettersCaseIsAChangeAndSpacesAreText)
+TEST_F(VistaNoteViewControllerTest, OneLettersCaseIsAChangeSpacesAreTextAndNoTextIsChangedByBeingSaved)
 {
-    start({"one", "two"});
-    open(0);
-    edit("One");
-    tapSave();
-    host.advance(0.5);
-    open(1);
-    edit("   ");
-    tapSave();
-    host.advance(0.5);
-    EXPECT_EQ(saved(), (Lines{"One", "   "}));
-}
-
-TEST_F(VistaNoteViewControllerTest, ANoteWithoutTextIsChangedByBeingSaved)
-{
-    start({"One", "Two"});
-    list().arrayNote[0]->text.reset();
+    start({"one", "two", "three"});
+    list().arrayNote[2]->text.reset();
     table().reloadData();
-    open(0);
-    EXPECT_EQ(detail().testo.lock()->text(), "");
-    tapSave();
-    host.advance(0.5);
-    EXPECT_EQ(saved(), (Lines{"Two"}));
+    for (const auto& [place, text] : {std::pair<std::size_t, std::string>{0, "One"}, {1, "   "}, {2, ""}}) {
+        open(place);
+        edit(text);
+        tapSave();
+        host.advance(0.5);
+    }
+    EXPECT_EQ(saved(), (Lines{"One", "   "}));
 }
 
 using VistaNoteViewControllerDeathTest = VistaNoteViewControllerTest;

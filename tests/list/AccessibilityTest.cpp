@@ -121,9 +121,7 @@ TEST_F(AccessibilityTest, DoesWhatKeysAndFingersDo)
 
 TEST_F(AccessibilityTest, InsertsBelowARowEvenOutOfSight)
 {
-    Lines texts;
-    for (int i = 0; i < 20; ++i)
-        texts.push_back("note " + std::to_string(i));
+    Lines texts = numbers(20);
     start(texts);
     const auto insertBelow = [&](const std::string& note) {
         reader.perform(note, "Insert below");
@@ -132,11 +130,11 @@ TEST_F(AccessibilityTest, InsertsBelowARowEvenOutOfSight)
         host.advance(0.5);
         texts.insert(std::find(texts.begin(), texts.end(), note) + 1, "below " + note);
     };
-    insertBelow("note 0");
-    insertBelow("note 6");
+    insertBelow("0");
+    insertBelow("6");
     host.wheel({100, 100}, -10000);
     host.advance(0.1);
-    insertBelow("note 19");
+    insertBelow("19");
     EXPECT_EQ(saved(), texts);
 }
 
@@ -165,30 +163,26 @@ TEST_F(AccessibilityTest, WhileANoteIsTypedThereIsNothingElseToDo)
 
 TEST_F(AccessibilityTest, WhatWasToldOnceIsDoneToNothingElse)
 {
-    start(Lines(20, "note"));
-    for (std::size_t i = 0; i < 20; ++i)
-        list().arrayNote[i]->text = "note " + std::to_string(i);
-    table().reloadData();
-    host.advance(0.1);
-    const std::int64_t third = (reader.read(), reader.find("note 2").identifier);
+    start(numbers(20));
+    const std::int64_t third = (reader.read(), reader.find("2").identifier);
     host.wheel({100, 100}, -600);
     host.advance(0.1);
-    EXPECT_FALSE(reader.performKnown("note 2", "Delete")) << "its row shows another note now";
+    EXPECT_FALSE(reader.performKnown("2", "Delete")) << "its row shows another note now";
     EXPECT_EQ(notes().size(), 20u);
     host.wheel({100, 100}, 600);
     host.advance(0.1);
-    reader.perform("note 2", "Move down");
+    reader.perform("2", "Move down");
     reader.read();
-    EXPECT_EQ(reader.find("note 2").identifier, third) << "the note is the same at its new place";
-    EXPECT_EQ(reader.find("note 2").index, 3);
+    EXPECT_EQ(reader.find("2").identifier, third) << "the note is the same at its new place";
+    EXPECT_EQ(reader.find("2").index, 3);
 
-    EXPECT_TRUE(reader.performKnown("note 2", "Complete"));
+    EXPECT_TRUE(reader.performKnown("2", "Complete"));
     host.advance(0.5);
-    EXPECT_FALSE(reader.performKnown("note 2", "Complete")) << "it is completed already";
-    EXPECT_TRUE(reader.performKnown("note 2", "Delete"));
+    EXPECT_FALSE(reader.performKnown("2", "Complete")) << "it is completed already";
+    EXPECT_TRUE(reader.performKnown("2", "Delete"));
     host.advance(1);
     EXPECT_EQ(notes().size(), 19u);
-    EXPECT_FALSE(reader.performKnown("note 2", "Delete"));
+    EXPECT_FALSE(reader.performKnown("2", "Delete"));
     EXPECT_FALSE(host.client().pressElement(12345));
 }
 

@@ -4,17 +4,7 @@ namespace velmorath {
 namespace {
 
 /// What happens to the list while a finger or an editor holds one of its rows.
-class HeldTest : public ListTest {
-protected:
-    void expectAllInPlace() const
-    {
-        for (std::size_t place = 0; place < rows().size(); ++place) {
-            EXPECT_EQ(row(place).transform(), CGAffineTransform::identity());
-            EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
-            EXPECT_EQ(row(place).alpha(), 1);
-        }
-    }
-};
+using HeldTest = ListTest;
 
 TEST_F(HeldTest, ASwipedRowStaysWhereTheFingerHasItAndMakesUpForTheReloadThen)
 {
@@ -55,27 +45,6 @@ TEST_F(HeldTest, ADraggedRowStaysInTheFingersHandAndCostsNoFramesWhileItIsStill)
     }
     EXPECT_EQ(saved(), (Lines{"1", "2", "4"}));
     EXPECT_EQ(shown(), saved());
-}
-
-TEST_F(HeldTest, RowsThatComeIntoSightWhileANoteIsTypedLookLikeTheOthers)
-{
-    start(Lines(40, "note"));
-    tapWords(3);
-    host.advance(0.5);
-    for (const CGFloat way : {-300, 300}) {
-        host.wheel({100, 100}, way);
-        host.advance(0.5);
-        for (const auto& cell : rows()) {
-            EXPECT_EQ(cell->transform(), CGAffineTransform::translation(0, -180));
-            EXPECT_EQ(cell->alpha(), cell->label->isEditing() ? 1 : 0.3);
-        }
-    }
-    type("note");
-    host.advance(0.5);
-    host.wheel({100, 100}, -600);
-    host.wheel({100, 100}, 600);
-    host.advance(0.5);
-    expectAllInPlace();
 }
 
 TEST_F(HeldTest, ASwipeThatBeganWhileTypingComesToNothing)
@@ -127,38 +96,6 @@ TEST_F(HeldTest, OutOfSightAndBackARowStillGoesToItsPlace)
     const int frames = host.framesPrepared();
     host.advance(0.5);
     EXPECT_GT(host.framesPrepared(), frames + 5);
-}
-
-TEST_F(HeldTest, APullAfterACancelledPinchShowsItsOwnPlaceholder)
-{
-    start({"1", "2", "3", "4"});
-    TwoFingers fingers(host, {100, 30}, {100, 90});
-    fingers.spread(24, 24, 3);
-    fingers.cancel();
-    const TableViewCell& placeHolder = *list().placeHolderCell;
-    ASSERT_EQ(placeHolder.label->text(), "Pull apart to add item");
-    // Upwards: nothing is pulled out of the top.
-    Finger finger(host, {200, 400});
-    finger.moveBy({0, -60});
-    EXPECT_EQ(placeHolder.label->text(), "Pull to add item");
-    EXPECT_EQ(placeHolder.transform(), CGAffineTransform::identity());
-    EXPECT_EQ(placeHolder.frame(), CGRectMake(0, -60, 320, 60));
-    finger.lift();
-}
-
-TEST_F(HeldTest, ATableThatGoesTakesTheDragOfItsRowAlong)
-{
-    start(Lines(40, "note"));
-    tapReorder();
-    Finger finger(host, {295, 30});
-    finger.moveTo({295, 470});
-    const std::weak_ptr<UITableView> gone = list().tableView;
-    table().removeFromSuperview();
-    EXPECT_TRUE(gone.expired());
-    host.advance(0.5);
-    const int frames = host.framesPrepared();
-    host.advance(1);
-    EXPECT_EQ(host.framesPrepared(), frames);
 }
 
 } // namespace

@@ -162,15 +162,5 @@ TEST_F(KeysTest, NoKeyActsOnARowThatNobodySees)
     EXPECT_EQ(saved().at(37), "x note") << "of the row below only a third is in sight";
 }
 
-TEST_F(KeysTest, AnAlertIsAnsweredByKeys)
-{
-    launch();
-    host.advance(1);
-    ASSERT_TRUE(presented());
-    EXPECT_TRUE(press(HostKey::escape));
-    EXPECT_FALSE(presented());
-    EXPECT_EQ(countLines("YES"), 0u);
-}
-
 } // namespace
 } // namespace velmorath

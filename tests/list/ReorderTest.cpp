@@ -60,15 +60,12 @@ TEST_F(ReorderTest, ADragThatIsTakenAwayPutsTheRowBack)
     host.advance(1);
     EXPECT_EQ(countLines("moveRowAtIndexPath"), 0u);
     EXPECT_EQ(shown(), (Lines{"One", "Two", "Three"}));
-    for (std::size_t place = 0; place < 3; ++place)
-        EXPECT_EQ(row(place).frame(), CGRectMake(0, place * 60.0, 320, 60));
+    expectAllInPlace();
 }
 
 TEST_F(ReorderTest, ARowHeldAtTheEndScrollsTheList)
 {
-    Lines many;
-    for (int i = 0; i < 30; ++i)
-        many.push_back(std::to_string(i));
+    const Lines many = numbers(30);
     start(many);
     tapReorder();
     Finger finger = grip(0);

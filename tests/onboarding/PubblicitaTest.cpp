@@ -8,16 +8,7 @@ namespace velmorath {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-class PubblicitaTest : public ScreenTest {
-protected:
-    PubblicitaTest()
-    {
-        enterPubblicitaNib();
-        start();
-    }
-};
+using PubblicitaTest = ScreenTest;
 
 } // namespace
 

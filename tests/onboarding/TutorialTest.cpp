@@ -7,12 +7,8 @@ namespace velmorath {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class TutorialTest : public ScreenTest, public delegatoTutorialChiuso {
 protected:
-    TutorialTest() { start(); }
-
     void chiusoTutorial() override { ++timesClosed; }
 
     static std::vector<std::any> pictures(std::size_t count)
@@ -51,7 +47,6 @@ protected:
         Finger finger(host, {187 - way / 2, 280});
         finger.moveBy({way, 0}, 8);
         finger.lift();
-        host.advance(1.5);
     }
 
     int timesClosed = 0;
@@ -59,30 +54,33 @@ protected:
 
 } // namespace
 
-TEST_F(TutorialTest, TitleAndDotsFollowTheFinger)
+TEST_F(TutorialTest, TurnsAPageByButtonFingerWheelAndKeys)
 {
     present(3);
-    pressButton();
-    EXPECT_EQ(title(), "next");
-    EXPECT_EQ(dot(), 1);
-    swipe(-150);
-    EXPECT_EQ(title(), "close");
-    EXPECT_EQ(dot(), 2);
-    swipe(150);
-    EXPECT_EQ(title(), "next");
-    EXPECT_EQ(dot(), 1);
-
-    tutorial()._scrollview->setContentOffset({374.9, 0});
-    EXPECT_EQ(dot(), 1);
-    tutorial()._scrollview->setContentOffset({375, 0});
-    EXPECT_EQ(dot(), 2) << "half-way is the later page";
-    EXPECT_EQ(title(), "close");
-
-    for (const auto& [key, page] :
-        {std::pair{HostKey::right, 2}, {HostKey::left, 1}, {HostKey::left, 0}, {HostKey::right, 1}}) {
-        host.press(key);
-        host.advance(1.5);
-        EXPECT_EQ(dot(), page);
+    const auto drag = [this](CGFloat way) {
+        Finger finger(host, {187, 280});
+        finger.moveBy({way < 0 ? -10.0 : 10.0, 0}, 1);
+        finger.moveBy({way, 0});
+        finger.hold();
+        finger.lift();
+    };
+    const auto wheel = [this](CGFloat dx, CGFloat dy) { host.client().scrolled({187, 280}, {dx, dy}); };
+    using Deed = std::function<void()>;
+    for (const auto& [name, deed, page] :
+        {std::tuple<std::string, Deed, int>{"button", [&] { pressButton(); }, 1},
+            {"flick", [&] { swipe(-150); }, 2}, {"flick back", [&] { swipe(150); }, 1},
+            {"drag of less than half", [&] { drag(-115); }, 1},
+            {"half is the later page", [&] { drag(-125); }, 2}, {"beyond the end", [&] { drag(-150); }, 2},
+            {"upwards", [&] { wheel(0, 40), wheel(0, 40); }, 1}, {"sideways", [&] { wheel(30, 0); }, 0},
+            {"before the start", [&] { drag(150); }, 0}, {"key", [&] { host.press(HostKey::right); }, 1},
+            {"key", [&] { host.press(HostKey::right); }, 2},
+            {"no further", [&] { host.press(HostKey::right); }, 2},
+            {"key", [&] { host.press(HostKey::left); }, 1}}) {
+        deed();
+        host.advance(2);
+        EXPECT_EQ(dot(), page) << name;
+        EXPECT_EQ(tutorial()._scrollview->contentOffset(), (CGPoint{page * 250.0, 0})) << name;
+        EXPECT_EQ(title(), page == 2 ? "close" : "next") << name;
     }
     host.screen().setReducesMotion(true);
     host.press(HostKey::left);

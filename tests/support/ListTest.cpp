@@ -13,14 +13,6 @@ namespace {
 
 constexpr std::string_view completedMark = "x ";
 
-std::shared_ptr<ToDoItem2> noteFrom(const std::string& text)
-{
-    auto note = std::make_shared<ToDoItem2>();
-    note->completed = text.starts_with(completedMark);
-    note->text = note->completed ? text.substr(completedMark.size()) : text;
-    return note;
-}
-
 } // namespace
 
 ListTest::ListTest()
@@ -45,12 +37,29 @@ void ListTest::start(const Lines& texts, const std::string& theme)
     defaults.setObject("primoAvvioApp7", "No");
     defaults.setObject("nuovaNota", "No");
     defaults.synchronize();
-    std::vector<std::shared_ptr<ToDoItem2>> notes;
-    for (const std::string& text : texts)
-        notes.push_back(noteFrom(text));
-    KeyedArchiver::archiveRootObject(notes, archivePath(host), [](bool success) { EXPECT_TRUE(success); });
+    KeyedArchiver::archiveRootObject(
+        notesFrom(texts), archivePath(host), [](bool success) { EXPECT_TRUE(success); });
     launch();
     takeLines();
+}
+
+std::vector<std::shared_ptr<ToDoItem2>> ListTest::notesFrom(const Lines& texts)
+{
+    std::vector<std::shared_ptr<ToDoItem2>> notes;
+    for (const std::string& text : texts) {
+        notes.push_back(std::make_shared<ToDoItem2>());
+        notes.back()->completed = text.starts_with(completedMark);
+        notes.back()->text = text.substr(notes.back()->completed ? completedMark.size() : 0);
+    }
+    return notes;
+}
+
+Lines ListTest::numbers(int count)
+{
+    Lines texts;
+    for (int i = 0; i < count; ++i)
+        texts.push_back(std::to_string(i));
+    return texts;
 }
 
 void ListTest::launch()
@@ -109,6 +118,17 @@ Lines ListTest::saved()
     return notes ? textsOf(*notes) : Lines{"no list"};
 }
 
+void ListTest::expectAllInPlace()
+{
+    const CGFloat width = table().bounds().size.width;
+    for (const auto& cell : rows()) {
+        EXPECT_EQ(cell->transform(), CGAffineTransform::identity());
+        EXPECT_EQ(
+            cell->frame(), CGRectMake(0, 60.0 * static_cast<CGFloat>(*table().placeOf(*cell)), width, 60));
+        EXPECT_EQ(cell->layer().presented(host.clock().now()).opacity, 1);
+    }
+}
+
 Lines ListTest::filesInDocuments()
 {
     Lines names;
@@ -126,6 +146,13 @@ void ListTest::set(const std::string& key, const std::string& value)
     settings.insert_or_assign(key, value);
     defaults.setObject(settingsKey, settings);
     defaults.synchronize();
+}
+
+void ListTest::failOn(HeadlessFiles::Operation failing)
+{
+    host.files().setFault([failing](HeadlessFiles::Operation operation, const std::string&) {
+        return operation == failing ? std::optional(Error{"input/output error"}) : std::nullopt;
+    });
 }
 
 Lines ListTest::takeLines(const std::string& containing)

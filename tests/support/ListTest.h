@@ -32,6 +32,9 @@ protected:
     /// Starts as on any day but the first, with these notes in the file. A note that begins with "x " is
     /// completed.
     void start(const Lines& notes, const std::string& theme = "Blue");
+    /// As many notes, each of which is its place.
+    static Lines numbers(int count);
+    static std::vector<std::shared_ptr<ToDoItem2>> notesFrom(const Lines& texts);
     /// Starts with whatever is on the disk.
     void launch();
     /// Quits, forgets all that is only in memory, and starts again with what is on the disk.
@@ -48,9 +51,15 @@ protected:
     Lines saved();
     std::shared_ptr<UIViewController> presented() const { return list().presentedViewController(); }
 
+    /// No row in sight is moved, aside or pale.
+    void expectAllInPlace();
+
     Lines filesInDocuments();
     /// Puts a setting in the store, before the start or between two appearances of the list.
     void set(const std::string& key, const std::string& value);
+    /// From now on every operation of this kind fails, until all work again.
+    void failOn(HeadlessFiles::Operation);
+    void failOnNothing() { host.files().setFault({}); }
 
     /// The lines written since this was last asked; only those that contain the text, if one is given.
     Lines takeLines(const std::string& containing = {});

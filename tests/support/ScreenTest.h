@@ -1,25 +1,21 @@
 #pragma once
 
-#include "Finger.h"
-#include "HeadlessHost.h"
-#include "UIApplication.h"
-#include "UIViewController.h"
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include "ListTest.h"
 
 namespace velmorath {
 
-/// A program of one empty screen, 375 x 667 points, to put views on and to present screens from.
-class ScreenTest : public testing::Test {
+/// An empty screen over the program's list, 375 x 667 points, to put views on and to present screens from.
+class ScreenTest : public ListTest {
 protected:
-    ScreenTest();
-    ~ScreenTest() override;
+    ScreenTest()
+    {
+        host.screen().setSize({375, 667});
+        start({});
+        list().present(m_screen, false);
+        host.advance(0.1);
+    }
 
-    /// Starts the program; `finishLaunching` runs before there is a window.
-    void start(std::function<void()> finishLaunching = {});
-
-    UIViewController& root() const { return *UIApplication::shared().keyWindow()->rootViewController(); }
+    UIViewController& root() const { return *m_screen; }
     UIView& screen() const { return *root().view(); }
     /// Puts a new view on the screen.
     template <typename View> std::shared_ptr<View> add(const CGRect& frame) const
@@ -29,13 +25,8 @@ protected:
         return view;
     }
 
-    void tap(CGPoint);
-    /// The lines written since this was last asked.
-    std::vector<std::string> takeLines();
-    /// How many frames the program asks for in the next second.
-    int framesInASecond();
-
-    HeadlessHost host{VELMORATH_RESOURCES};
+private:
+    const std::shared_ptr<UIViewController> m_screen = std::make_shared<UIViewController>();
 };
 
 } // namespace velmorath

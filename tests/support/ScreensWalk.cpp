@@ -1,8 +1,8 @@
 #include "ScreensWalk.h"
 #include "EZLoadingActivity.h"
+#include "FilesOnDisk.h"
 #include "ProgramState.h"
 #include "PubblicitaView.h"
-#include "ReplaceFile.h"
 
 namespace velmorath {
 

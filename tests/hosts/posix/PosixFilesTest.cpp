@@ -1,5 +1,5 @@
 #include "PosixFiles.h"
-#include "ReplaceFile.h"
+#include "FilesOnDisk.h"
 #include "TemporaryFolder.h"
 #include <csignal>
 #include <cstdlib>

@@ -28,26 +28,6 @@ TEST_F(CARendererTest, NothingToDoAsksForNoFrames)
     EXPECT_EQ(host.framesPrepared(), whileTyping);
 }
 
-TEST_F(CARendererTest, EveryMotionComesToRest)
-{
-    start(Lines(40, "note"));
-    flick(-300);
-    host.advance(10);
-    swipe(2, -200);
-    tapReorder();
-    Finger finger(host, {295, 90});
-    finger.moveTo({295, 300});
-    finger.lift();
-    tapReorder();
-    tap({240, 200});
-    host.advance(1);
-    tap({28, 28});
-    host.advance(10);
-    const int frames = host.framesPrepared();
-    host.advance(60);
-    EXPECT_EQ(host.framesPrepared(), frames);
-}
-
 TEST_F(CARendererTest, ASwipeDrawsItsRowAndNothingElse)
 {
     start({"One", "Two", "Three"});

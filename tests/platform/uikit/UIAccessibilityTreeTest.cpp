@@ -5,17 +5,12 @@
 #include "UIAlertController.h"
 #include "UIImageView.h"
 #include "UIScrollView.h"
-#include "UITextField.h"
 
 namespace velmorath {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class UIAccessibilityTreeTest : public ScreenTest {
 protected:
-    UIAccessibilityTreeTest() { start(); }
-
     std::shared_ptr<UILabel> addLabel(const CGRect& frame, const std::string& text, UIView* around = nullptr)
     {
         auto label = std::make_shared<UILabel>(frame);
@@ -89,29 +84,6 @@ TEST_F(UIAccessibilityTreeTest, AnAlertIsAllThatCountsAndWhatLiesOverItIsToldToo
     EXPECT_TRUE(reader.press("Yes"));
     EXPECT_TRUE(isAnswered);
     EXPECT_EQ(reader.everything(), (Lines{"text below"}));
-}
-
-TEST_F(UIAccessibilityTreeTest, AFieldThatRefusesIsNotPressedAndTypingTakesTheKeysFromDialogs)
-{
-    struct Refusal : UITextFieldDelegate {
-        bool textFieldShouldBeginEditing(UITextField&) override { return mayBegin; }
-        bool mayBegin = false;
-    } delegate;
-    const auto alert = std::make_shared<UIAlertController>("Sure?", std::nullopt);
-    root().present(alert, false);
-    host.advance(0.5);
-    const auto field = std::make_shared<UITextField>(CGRectMake(0, 0, 100, 40));
-    field->setAccessibilityLabel("Name");
-    field->setDelegate(&delegate);
-    alert->view()->addSubview(field);
-    EXPECT_FALSE(reader.press("Name"));
-    delegate.mayBegin = true;
-    EXPECT_TRUE(reader.read().children.back().isFocused);
-    EXPECT_TRUE(reader.press("Name"));
-    ASSERT_TRUE(host.textInput().isEditing());
-    for (const AccessibilityElement& child : reader.read().children)
-        EXPECT_FALSE(child.isFocused) << child.label;
-    field->resignFirstResponder();
 }
 
 TEST_F(UIAccessibilityTreeTest, PressesFocusesAndForgets)

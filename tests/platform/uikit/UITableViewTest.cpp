@@ -6,13 +6,6 @@ namespace {
 
 class UITableViewTest : public ListTest {
 protected:
-    static Lines numbers(int count)
-    {
-        Lines texts;
-        for (int i = 0; i < count; ++i)
-            texts.push_back(std::to_string(i));
-        return texts;
-    }
     std::size_t rowViews() const
     {
         const auto& views = table().subviews();
@@ -36,20 +29,14 @@ TEST_F(UITableViewTest, AHundredThousandNotesNeedAHandfulOfRows)
     EXPECT_LE(most, 9u);
     EXPECT_LE(seen.size(), 18u);
     EXPECT_EQ(shown().back(), "99999");
-}
-
-TEST_F(UITableViewTest, AScrolledFrameCostsOnlyTheRowsThatComeIntoSight)
-{
-    start(numbers(100000));
-    host.wheel({100, 100}, -30);
+    host.wheel({100, 100}, 30);
     host.advance(0.1);
     takeLines();
-    host.wheel({100, 100}, -20);
-    host.advance(0.1);
-    EXPECT_EQ(takeLines(), Lines());
-    host.wheel({100, 100}, -120);
-    host.advance(0.1);
-    EXPECT_EQ(takeLines("tableView(tableView:").size(), 2u);
+    for (const auto& [way, newRows] : {std::pair{20.0, 0u}, {120.0, 2u}}) {
+        host.wheel({100, 100}, way);
+        host.advance(0.1);
+        EXPECT_EQ(takeLines("tableView(tableView:").size(), newRows) << way;
+    }
 }
 
 TEST_F(UITableViewTest, VisibleRowsAreNeverStale)
@@ -74,42 +61,11 @@ TEST_F(UITableViewTest, VisibleRowsAreNeverStale)
 TEST_F(UITableViewTest, ARowUsedAgainShowsNothingOfItsPast)
 {
     start(numbers(40));
-    tapWords(3);
-    host.advance(0.5);
-    host.wheel({100, 100}, -1200);
-    host.advance(0.1);
-    // What comes into sight while a note is typed gives way like the others, until the typing ends.
-    for (const auto& cell : rows()) {
-        EXPECT_EQ(cell->alpha(), cell->label->isEditing() ? 1 : 0.3);
-        EXPECT_EQ(cell->transform(), CGAffineTransform::translation(0, -180));
-    }
-    type("three");
-    host.wheel({100, 100}, 1200);
-    host.advance(1);
-    host.wheel({100, 100}, -1200);
-    host.advance(0.1);
-    for (const auto& cell : rows()) {
-        EXPECT_EQ(cell->alpha(), 1);
-        EXPECT_EQ(cell->transform(), CGAffineTransform::identity());
-    }
     beginSwipe(1, 100).cancel();
-    host.wheel({100, 100}, 600);
+    host.wheel({100, 100}, -600);
     host.advance(0.1);
     for (std::size_t place = 0; place < 8; ++place)
         EXPECT_EQ(row(place).frame(), CGRectMake(0, 600 + place * 60.0, 320, 60));
-}
-
-TEST_F(UITableViewTest, AReloadLeavesTheRowThatIsTypedInto)
-{
-    start({"One", "Two"});
-    tapWords(1);
-    host.textInput().replaceText("half a w");
-    table().reloadData();
-    host.advance(0.1);
-    EXPECT_TRUE(row(1).label->isEditing());
-    EXPECT_EQ(host.textInput().text(), "half a w");
-    type("half a word");
-    EXPECT_EQ(saved(), (Lines{"One", "half a word"}));
 }
 
 TEST_F(UITableViewTest, ANewSizeLaysTheRowsOutAtOnce)
@@ -118,16 +74,13 @@ TEST_F(UITableViewTest, ANewSizeLaysTheRowsOutAtOnce)
     scroll(-480);
     host.resize({500, 776});
     host.advance(1.0 / 30);
-    EXPECT_EQ(table().frame(), CGRectMake(0, 0, 500, 720));
     ASSERT_EQ(rows().size(), 12u);
     EXPECT_EQ(row(0).frame(), CGRectMake(0, 480, 500, 60));
     EXPECT_EQ(row(0).label->frame(), CGRectMake(15, 0, 485, 60));
-    EXPECT_EQ(row(0).labelData->frame(), CGRectMake(442.5, -17, 485, 60));
     host.resize({320, 2000});
     host.advance(1.0 / 30);
     EXPECT_EQ(table().contentOffset().y, 0);
     EXPECT_EQ(rows().size(), 20u);
-    EXPECT_EQ(row(19).frame(), CGRectMake(0, 1140, 320, 60));
 }
 
 using UITableViewDeathTest = UITableViewTest;
