@@ -28,7 +28,8 @@ public:
     /// For the first one: called for each that starts later. There must be a Qt loop.
     void setOnCall(std::function<void(const DesktopCall&)>);
 
-    /// A folder for the lock: the session's own one, else the one of the user's data. Empty where there is none.
+    /// A folder for the lock: the session's own one, else the one of the user's data. Empty where there is
+    /// none.
     static std::string usualFolder();
 
 private:
