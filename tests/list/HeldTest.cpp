@@ -1,25 +1,20 @@
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
 /// What happens to the list while a finger or an editor holds one of its rows.
-using HeldTest = ListTest;
+using HeldTest = Story;
 
 TEST_F(HeldTest, ASwipedRowStaysWhereTheFingerHasItAndMakesUpForTheReloadThen)
 {
     start({"1", "2", "3", "4"});
     swipe(0, -200);
     Finger finger = beginSwipe(1, -200);
-    host.advance(1);
-    EXPECT_EQ(row(1).frame(), CGRectMake(-200, 60, 320, 60));
+    then("the row before it is gone", [] {});
     EXPECT_EQ(row(1).crossLabel->textColor(), UIColor::red());
-    finger.moveBy({190, 0});
-    finger.lift();
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"2", "3", "4"}));
+    then("let go where it was", [&] { finger.moveBy({190, 0}), finger.lift(); });
     EXPECT_EQ(row(1).backgroundColor(), list().colorForIndex(1));
-    expectAllInPlace();
 }
 
 TEST_F(HeldTest, ADraggedRowStaysInTheFingersHandAndCostsNoFramesWhileItIsStill)
@@ -33,18 +28,12 @@ TEST_F(HeldTest, ADraggedRowStaysInTheFingersHandAndCostsNoFramesWhileItIsStill)
             other.lift();
         }
         Finger finger(host, {295, 30});
-        finger.moveTo({295, 90}, 6);
-        host.advance(1);
-        EXPECT_EQ(row(1).center().y, 90);
+        then("held", [&] { finger.moveTo({295, 90}, 6); });
         const int frames = host.framesPrepared();
         host.advance(1);
         EXPECT_EQ(host.framesPrepared(), frames);
-        finger.lift();
-        host.advance(1);
-        expectAllInPlace();
+        then("let go", [&] { finger.lift(); });
     }
-    EXPECT_EQ(saved(), (Lines{"1", "2", "4"}));
-    EXPECT_EQ(shown(), saved());
 }
 
 TEST_F(HeldTest, ASwipeThatBeganWhileTypingComesToNothing)
@@ -55,12 +44,8 @@ TEST_F(HeldTest, ASwipeThatBeganWhileTypingComesToNothing)
         tapWords(1);
         host.advance(0.5);
         Finger finger = beginSwipe(place, -200);
-        type("2");
-        finger.moveBy({-13, 0});
-        finger.lift();
-        host.advance(1);
-        EXPECT_EQ(saved(), (Lines{"1", "2", "3"}));
-        expectAllInPlace();
+        then("typed", [&] { type("2"); });
+        then("let go", [&] { finger.moveBy({-13, 0}), finger.lift(); });
     }
 }
 
@@ -73,17 +58,8 @@ TEST_F(HeldTest, TheRowOfADeletedNoteIsNotEditedAgain)
         tapWords(0);
         type("with a date");
         host.advance(0.5);
-        tap(emptied);
-        ASSERT_TRUE(host.textInput().isEditing());
-        host.advance(0.5);
-        host.textInput().replaceText("");
-        const long long before = badge();
-        tap(tapped);
-        EXPECT_FALSE(host.textInput().isEditing());
-        EXPECT_FALSE(presented());
-        host.textInput().pressReturn();
-        EXPECT_EQ(badge(), before - 1);
-        EXPECT_EQ(saved(), (Lines{"2"}));
+        then("emptied", [&] { tap(emptied), host.textInput().replaceText(""); });
+        then("tapped beside it", [&] { tap(tapped); });
     }
 }
 

@@ -1,47 +1,42 @@
 #include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
-#include "ListTest.h"
 #include "ProgramState.h"
-#include "UIApplication.h"
+#include "Story.h"
 #include <filesystem>
 
 namespace velmorath {
 namespace {
 
 /// Another machine and a synchroniser, which writes beside the notes' file and renames over it.
-class NewsTest : public ListTest {
+class NewsTest : public Story {
 protected:
     NewsTest() { host.files().setShared(true); }
 
-    std::string archiveOf(const Lines& texts) { return KeyedArchiver::archivedData(notesFrom(texts)); }
-    void putList(const Lines& texts) { replaceFromOutside(archivePath(host), archiveOf(texts)); }
+    static std::string archiveOf(const Lines& texts) { return KeyedArchiver::archivedData(notesFrom(texts)); }
+    void put(const std::string& bytes) { replaceFromOutside(archivePath(host), bytes); }
+    void putList(const Lines& texts) { put(archiveOf(texts)); }
     void putCopy(const std::string& name, const std::string& bytes)
     {
         replaceFromOutside(*host.files().documentDirectory() + "/" + name, bytes);
     }
-    /// A list from "aa" to "zz" that is scrolled down, with the keys in it.
-    Lines startFarDown()
+    /// Does it, and the program hears that something was done.
+    void news(const std::string& what, const std::function<void()>& deed)
     {
-        Lines texts;
-        for (char letter = 'a'; letter <= 'z'; ++letter)
-            texts.emplace_back(2, letter);
-        start(texts);
-        table().setContentOffset({0, 615});
-        host.press(HostKey::down);
-        return texts;
+        then(what, [&] {
+            deed();
+            host.client().documentsChanged();
+        });
     }
-    void hear()
+    void newList(const std::string& what, const Lines& texts)
     {
-        host.client().documentsChanged();
-        host.advance(1);
+        news(what, [&] { putList(texts); });
     }
-    /// The one whose row the keys are on.
-    static std::shared_ptr<ToDoItem2> focusedNote()
+    void press(const std::string& what, HostKey key)
     {
-        const auto row =
-            std::dynamic_pointer_cast<TableViewCell>(UIApplication::shared().focusSystem().focusedView());
-        return row ? row->toDoItem() : nullptr;
+        then(
+            what, [&] { host.press(key); }, 2);
     }
+    bool isTold() { return host.draw().text("The list of another device cannot be read."); }
 };
 
 TEST_F(NewsTest, AReplacedListIsShownAndSaysNothing)
@@ -49,244 +44,154 @@ TEST_F(NewsTest, AReplacedListIsShownAndSaysNothing)
     set("appIconBadge", "true");
     start({"One", "Two", "Three"});
     const auto two = list().arrayNote[1];
-    takeLines();
-    putList({"Zero", "x Two", "Three and a half"});
-    EXPECT_EQ(notes(), (Lines{"One", "Two", "Three"})) << "nobody has said so";
-    hear();
-    EXPECT_EQ(shown(), (Lines{"Zero", "x Two", "Three and a half"}));
+    then("nobody has said so", [&] { putList({"Zero", "x Two", "Three and a half"}); });
+    news("it is said", [] {});
     EXPECT_EQ(list().arrayNote[1], two);
-    EXPECT_EQ(badge(), 2);
     EXPECT_EQ(countLines("ArchiveResults"), 0u);
-    EXPECT_EQ(host.effects().announced().back(), "The list was changed on another device.");
-}
-
-TEST_F(NewsTest, AListThatIsOnlyWrittenAgainIsNone)
-{
-    start({"One", "Two"});
-    const auto told = host.effects().announced();
-    putList({"One", "Two"});
-    hear();
-    EXPECT_EQ(host.effects().announced(), told);
+    newList("only written again", {"Zero", "x Two", "Three and a half"});
 }
 
 TEST_F(NewsTest, WhatIsUnderTheEyesAndTheKeysStaysThere)
 {
-    Lines texts = startFarDown();
-    host.advance(1);
-    const auto note = focusedNote();
-    ASSERT_TRUE(note);
-    const CGFloat offset = table().contentOffset().y;
-    const Lines before = shown();
+    Lines texts = numbers(26);
+    start(texts);
+    then("far down", [&] {
+        table().setContentOffset({0, 615});
+        host.press(HostKey::down);
+    });
     texts.erase(texts.begin() + 2);
     texts.insert(texts.begin(), {"one", "two", "three"});
-    putList(texts);
-    hear();
-    EXPECT_EQ(shown(), before);
-    EXPECT_EQ(table().contentOffset().y, offset + 120);
-    EXPECT_EQ(focusedNote(), note);
+    newList("others on top", texts);
+    news("a copy", [&] { putCopy("noteSalvate.sync-conflict-1.archive", archiveOf({"four", "five"})); });
 }
 
 TEST_F(NewsTest, TypingAGestureAndAScreenAreFinishedFirst)
 {
     start({"One", "Two"});
     tapWords(0);
-    host.textInput().replaceText("Uno");
-    putList({"One", "x Two"});
-    hear();
-    EXPECT_TRUE(host.textInput().isEditing());
-    type("Uno");
-    EXPECT_EQ(saved(), (Lines{"Uno", "x Two"}));
-    host.advance(1);
-    EXPECT_EQ(notes(), (Lines{"Uno", "x Two"}));
-
+    newList("typing", {"One", "x Two"});
+    then("typed", [&] { type("Uno"); });
     Finger finger = beginSwipe(0, 40);
-    putList({"Uno", "x Two", "Three"});
-    hear();
-    EXPECT_EQ(notes().size(), 2u);
-    finger.lift();
-    host.advance(1);
-    EXPECT_EQ(notes().size(), 3u);
-
+    newList("a finger", {"Uno", "x Two", "Three"});
+    then("let go", [&] { finger.lift(); });
     tapBesideWords(0);
     host.advance(1);
-    putList({"Uno", "x Two", "Three", "Four"});
-    hear();
-    EXPECT_EQ(notes().size(), 3u);
-    leavePresented();
-    host.advance(1);
-    EXPECT_EQ(notes().size(), 4u);
+    newList("a screen", {"Uno", "x Two", "Three", "Four"});
+    then("closed", [&] { leavePresented(); });
+    then(
+        "a list that is thrown",
+        [&] {
+            host.resize({320, 176});
+            host.advance(0.1);
+            Finger thrown(host, {200, 100});
+            thrown.moveBy({0, -60}, 5);
+            thrown.lift();
+            putList({"Uno"});
+            host.client().documentsChanged();
+        },
+        0);
+    then(
+        "at rest", [] {}, 4);
 }
 
 TEST_F(NewsTest, ASaveKeepsWhatItHasNotRead)
 {
     start({"One", "Two", "Three"});
     putList({"Zero", "One", "Two", "x Three"});
-    swipe(0, -200);
-    EXPECT_EQ(saved(), (Lines{"Zero", "Two", "x Three"}));
-    EXPECT_EQ(notes(), (Lines{"Two", "Three"})) << "nothing comes into the list in the middle of a gesture";
-    host.advance(2);
-    EXPECT_EQ(notes(), (Lines{"Zero", "Two", "x Three"}));
-    host.press(HostKey::undo);
-    host.advance(2);
-    EXPECT_EQ(saved(), notes());
-    EXPECT_EQ(notes().size(), 4u);
-    relaunch();
-    EXPECT_EQ(notes().size(), 4u);
+    then(
+        "nothing comes into the list in the middle of a gesture", [&] { swipe(0, -200); }, 0);
+    then(
+        "later", [] {}, 2);
+    press("undo", HostKey::undo);
+    then("another start", [&] { relaunch(); });
 }
 
 TEST_F(NewsTest, WhatCannotBeReadIsToldOnceAndPutAside)
 {
     start({"One", "Two"});
-    replaceFromOutside(archivePath(host), "half a fi");
-    hear();
-    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
-    EXPECT_EQ(notes(), (Lines{"One", "Two"}));
-    host.press(HostKey::escape);
-    host.advance(1);
-    hear();
-    EXPECT_FALSE(presented());
-    swipe(0, 200);
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"x One", "Two"}));
+    news("half a file", [&] { put("half a fi"); });
+    EXPECT_TRUE(isTold());
+    press("read", HostKey::escape);
+    news("it is the same", [] {});
+    then("saved", [&] { swipe(0, 200); });
     EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", "noteSalvate.archive.unreadable"}));
-    // One that goes away is no list to take.
-    std::filesystem::remove(archivePath(host));
-    hear();
-    EXPECT_EQ(notes(), (Lines{"x One", "Two"}));
-    putList({"x One", "Two", "Three"});
-    hear();
-    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
-    EXPECT_EQ(filesInDocuments().size(), 2u);
-    // One that a save puts aside before anybody has looked is told as well.
+    news("one that goes away is no list to take", [&] { std::filesystem::remove(archivePath(host)); });
+    newList("one that can be read", {"x One", "Two", "Three"});
     tapWords(1);
-    replaceFromOutside(archivePath(host), "half a fi");
-    hear();
-    type("Due");
-    host.advance(2);
-    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
+    news("half a file while typing", [&] { put("half a fi"); });
+    then(
+        "a save puts it aside before anybody has looked", [&] { type("Due"); }, 2);
+    EXPECT_TRUE(isTold());
     EXPECT_EQ(filesInDocuments().size(), 3u);
-    host.press(HostKey::escape);
-    host.advance(2);
-    EXPECT_FALSE(presented());
+    press("read", HostKey::escape);
 }
 
 TEST_F(NewsTest, CopiesOfConflictsComeOnTopAsOneStep)
 {
     start({"One", "Two"});
-    putCopy("noteSalvate.sync-conflict-20261123-110000-ABCDEFG.archive", archiveOf({"One", "Uno"}));
-    putCopy("noteSalvate (conflicted copy).archive", archiveOf({"Due", "Two", "Uno"}));
-    putCopy("noteSalvate.archive.tmp", "unfinished");
-    hear();
-    EXPECT_EQ(saved(), (Lines{"Due", "Uno", "One", "Two"}));
+    news("two copies", [&] {
+        putCopy("noteSalvate.sync-conflict-20261123-110000-ABCDEFG.archive", archiveOf({"One", "Uno"}));
+        putCopy("noteSalvate (conflicted copy).archive", archiveOf({"Due", "Two", "Uno"}));
+        putCopy("noteSalvate.archive.tmp", "unfinished");
+    });
     EXPECT_EQ(filesInDocuments(),
         (Lines{"noteSalvate (conflicted copy).archive.merged", "noteSalvate.archive",
             "noteSalvate.archive.tmp", "noteSalvate.sync-conflict-20261123-110000-ABCDEFG.archive.merged"}));
-    host.press(HostKey::undo);
-    host.advance(1);
-    hear();
-    EXPECT_EQ(saved(), (Lines{"One", "Two"}));
-
-    // One that cannot be moved is not taken again and again.
+    press("undo", HostKey::undo);
     failOn(HeadlessFiles::Operation::setAside);
-    putCopy("noteSalvate.sync-conflict-2.archive", archiveOf({"Tre"}));
-    hear();
-    host.press(HostKey::undo);
-    host.advance(1);
-    hear();
-    EXPECT_EQ(saved(), (Lines{"One", "Two"}));
+    news("one that cannot be moved",
+        [&] { putCopy("noteSalvate.sync-conflict-2.archive", archiveOf({"Tre"})); });
+    press("undo", HostKey::undo);
+    news("it is not taken again and again", [] {});
 }
 
 TEST_F(NewsTest, TheTutorialIsOfferedFirst)
 {
     putCopy("noteSalvate.sync-conflict.archive", "half a fi");
     launch();
-    hear();
-    EXPECT_TRUE(host.draw().text("Watch tutorial"));
-    host.press(HostKey::escape);
-    host.advance(2);
-    EXPECT_TRUE(host.draw().text("The list of another device cannot be read."));
+    news("a copy", [] {});
+    EXPECT_FALSE(isTold());
+    press("no tutorial", HostKey::escape);
+    EXPECT_TRUE(isTold());
 }
 
-TEST_F(NewsTest, ASaveThatFailsKeepsWhatBothSidesDid)
-{
-    start({"One", "Two"});
-    failOn(HeadlessFiles::Operation::replace);
-    swipe(0, 200);
-    host.advance(1);
-    failOnNothing();
-    putList({"One", "Two", "Three"});
-    hear();
-    EXPECT_EQ(notes(), (Lines{"x One", "Two", "Three"}));
-    EXPECT_EQ(saved(), notes()) << "nothing else may come that would save it";
-    swipe(1, 200);
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"x One", "x Two", "Three"}));
-}
-
-TEST_F(NewsTest, ACopyStaysUntilItsNotesAreSaved)
+TEST_F(NewsTest, AFullDiskLosesNothingOfBothSides)
 {
     const std::string name = "noteSalvate.sync-conflict-1.archive";
     start({"One", "Two"});
     failOn(HeadlessFiles::Operation::replace);
-    putCopy(name, archiveOf({"Three"}));
-    hear();
-    EXPECT_EQ(notes(), (Lines{"Three", "One", "Two"}));
-    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name}));
+    then("a save that fails", [&] { swipe(0, 200); });
     failOnNothing();
-    relaunch();
-    hear();
-    EXPECT_EQ(saved(), (Lines{"Three", "One", "Two"}));
+    newList("it is saved with what others did", {"One", "Two", "Three"});
+    failOn(HeadlessFiles::Operation::replace);
+    news("a copy", [&] { putCopy(name, archiveOf({"Four"})); });
+    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name})) << "until its notes are saved";
+    failOnNothing();
+    news("another start", [&] { relaunch(); });
     EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", name + ".merged"}));
-}
-
-TEST_F(NewsTest, CopiesOfConflictsLeaveTheEyesAndTheKeysWhereTheyAre)
-{
-    startFarDown();
-    host.press(HostKey::down);
-    host.advance(1);
-    const Lines before = shown();
-    const auto note = focusedNote();
-    putCopy("noteSalvate.sync-conflict-1.archive", archiveOf({"one", "two"}));
-    hear();
-    EXPECT_EQ(notes().size(), 28u);
-    EXPECT_EQ(shown(), before);
-    EXPECT_EQ(table().contentOffset().y, 615 + 120);
-    EXPECT_EQ(focusedNote(), note);
 }
 
 TEST_F(NewsTest, TheKeysDoNothingToANoteThatTookAnotherOnesPlace)
 {
     start({"One", "Two", "Three"});
-    host.press(HostKey::down);
-    host.press(HostKey::down);
-    host.advance(1);
-    ASSERT_EQ(focusedNote()->text, "Two");
-    putList({"One", "Three"});
-    host.client().documentsChanged();
-    host.press(HostKey::remove);
-    host.advance(1);
-    EXPECT_EQ(notes(), (Lines{"One", "Three"}));
+    press("down", HostKey::down);
+    press("down", HostKey::down);
+    then("delete", [&] {
+        putList({"One", "Three"});
+        host.client().documentsChanged();
+        host.press(HostKey::remove);
+    });
 }
 
 TEST_F(NewsTest, AStepTakesBackNothingThatOthersDid)
 {
     start({"One", "Two", "Three"});
-    swipe(1, 200);
-    host.advance(1);
-    putList({"Zero", "One", "x Two and a half", "Three"});
-    hear();
-    host.press(HostKey::undo);
-    host.advance(1);
-    EXPECT_EQ(notes(), (Lines{"Zero", "One", "Two and a half", "Three"}));
-    host.press(HostKey::redo);
-    host.advance(1);
-    EXPECT_EQ(notes(), (Lines{"Zero", "One", "x Two and a half", "Three"}));
-    // A note that others have deleted comes back with the step.
-    putList({"Zero", "One", "Three"});
-    hear();
-    host.press(HostKey::undo);
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"Zero", "One", "Two and a half", "Three"}));
+    then("complete", [&] { swipe(1, 200); });
+    newList("others", {"Zero", "One", "x Two and a half", "Three"});
+    press("undo", HostKey::undo);
+    press("redo", HostKey::redo);
+    newList("deleted by others", {"Zero", "One", "Three"});
+    press("it comes back with the step", HostKey::undo);
 }
 
 TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
@@ -295,15 +200,11 @@ TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
         failOn(HeadlessFiles::Operation::replace);
         launch();
         host.advance(1);
-        host.press(HostKey::escape);
-        host.advance(1);
-        ASSERT_EQ(notes(), (Lines{"Hello!"}));
+        press("no tutorial", HostKey::escape);
         if (isTheUsers)
-            swipe(0, 200);
+            then("completed", [&] { swipe(0, 200); });
         failOnNothing();
-        putList({"One"});
-        hear();
-        EXPECT_EQ(notes(), isTheUsers ? (Lines{"One", "x Hello!"}) : (Lines{"One"}));
+        newList("another machine's", {"One"});
         host.quit();
         std::filesystem::remove(archivePath(host));
         std::filesystem::remove(*host.files().defaultsFile());

@@ -1,10 +1,10 @@
 #include "KeyedArchiver.h"
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
-class SharingTest : public ListTest {
+class SharingTest : public Story {
 protected:
     void choose(const std::string& choice)
     {
@@ -15,14 +15,13 @@ protected:
         const DrawingCommand* const button = drawn.text(choice);
         ASSERT_TRUE(button) << choice;
         tap(button->rect.center());
-        host.advance(0.5);
     }
-    bool isTold(const std::string& what)
+    /// Chooses it, and looks away from what it tells.
+    void thenChoose(const std::string& what, const std::string& choice)
     {
-        const bool isThere = host.draw().text(what);
+        then(what, [&] { choose(choice); });
         host.press(HostKey::escape);
         host.advance(0.5);
-        return isThere && !presented();
     }
     void put(const std::string& file) { host.documents().setFile(std::optional(file)); }
 };
@@ -30,79 +29,57 @@ protected:
 TEST_F(SharingTest, SharesTheListAsATextAndSavesItAsItIs)
 {
     start({"One", "x Two"});
-    choose("Share list");
+    thenChoose("to a program", "Share list");
     EXPECT_EQ(host.documents().shared(), "- [ ] One\n- [x] Two\n");
-    EXPECT_FALSE(presented());
     host.documents().setHowShared(Documents::Shared::copied);
-    choose("Share list");
-    EXPECT_TRUE(isTold("The list is on the clipboard."));
-
-    choose("Save a copy");
+    thenChoose("to the clipboard", "Share list");
+    thenChoose("saved", "Save a copy");
     EXPECT_EQ(host.documents().saved(), KeyedArchiver::archivedData(list().arrayNote));
     EXPECT_TRUE(host.documents().savedName().starts_with("velmorath-2"));
     EXPECT_TRUE(host.documents().savedName().ends_with(".archive"));
     host.documents().setSaveError(Error{"the disk is full"});
-    choose("Save a copy");
-    EXPECT_TRUE(isTold("The copy could not be saved."));
-    choose("Cancel");
-    EXPECT_FALSE(presented());
+    thenChoose("on a full disk", "Save a copy");
+    thenChoose("nothing", "Cancel");
 }
 
 TEST_F(SharingTest, WhatTheListDoesNotHaveComesOnTopAsOneStep)
 {
     start({"One", "x Two"});
+    host.press(HostKey::down);
     put("- [ ] New\n- [x] Two\n- [ ] Newer\n");
-    takeLines();
-    choose("Open a copy");
-    EXPECT_EQ(saved(), (Lines{"New", "Newer", "One", "x Two"}));
-    EXPECT_EQ(badge(), 3);
-    EXPECT_EQ(shown(), (Lines{"New", "Newer", "One", "x Two"}));
-    host.press(HostKey::undo);
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"One", "x Two"}));
-    EXPECT_EQ(badge(), 1);
-    host.press(HostKey::redo);
-    host.advance(1);
-    EXPECT_EQ(saved(), (Lines{"New", "Newer", "One", "x Two"}));
-    choose("Open a copy");
-    EXPECT_TRUE(isTold("The list has all of its notes already."));
-    EXPECT_EQ(countLines("error : "), 0u);
+    thenChoose("opened", "Open a copy");
+    then("undone", [&] { host.press(HostKey::undo); });
+    then("redone", [&] { host.press(HostKey::redo); });
+    thenChoose("opened again", "Open a copy");
+    host.documents().setFile(std::optional<std::string>());
+    thenChoose("nothing was chosen", "Open a copy");
+    for (const std::string& file : {std::string("bplist00 broken"), std::string("\xFF")}) {
+        put(file);
+        thenChoose("what cannot be read", "Open a copy");
+    }
+    host.documents().setFile(Error{"no permission"});
+    thenChoose("what may not be read", "Open a copy");
+    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive"}));
+    EXPECT_EQ(takeLines("error : "), Lines());
 }
 
 TEST_F(SharingTest, AFileThatIsHandedOverIsACopyAndEndsTypingButNoScreen)
 {
+    const auto open = [this](const std::string& text) { return host.client().documentOpened(text); };
+    launch();
+    EXPECT_FALSE(open("Three")) << "the offer of the tutorial is coming";
+    host.quit();
     start({"One"});
-    tapWords(0);
-    host.textInput().replaceText("Uno");
-    EXPECT_TRUE(host.client().documentOpened(std::string("Two\nUno\n")));
-    host.advance(1);
-    EXPECT_FALSE(host.textInput().isEditing());
-    EXPECT_EQ(saved(), (Lines{"Two", "Uno"}));
+    then("while a note is typed", [&] {
+        tapWords(0);
+        host.textInput().replaceText("Uno");
+        EXPECT_TRUE(open("Two\nUno\n"));
+    });
     tapBesideWords(0);
-    EXPECT_FALSE(host.client().documentOpened(std::string("Three"))) << "a screen is coming";
+    EXPECT_FALSE(open("Three")) << "a screen is coming";
     host.advance(1);
-    EXPECT_FALSE(host.client().documentOpened(std::string("Three")))
-        << "it would hand back the list that it was given";
-    EXPECT_EQ(saved(), (Lines{"Two", "Uno"}));
-}
-
-TEST_F(SharingTest, WhatCannotBeReadIsToldAndChangesNothing)
-{
-    start({"One"});
-    for (const std::string& file : {std::string("bplist00 broken"), std::string("\xFF")}) {
-        put(file);
-        takeLines();
-        choose("Open a copy");
-        EXPECT_TRUE(isTold("The file cannot be read."));
-        EXPECT_EQ(saved(), (Lines{"One"}));
-    }
-    host.documents().setFile(Error{"no permission"});
-    choose("Open a copy");
-    EXPECT_TRUE(isTold("The file cannot be read."));
-    host.documents().setFile(std::optional<std::string>());
-    choose("Open a copy");
-    EXPECT_FALSE(presented()) << "nothing was chosen";
-    EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive"}));
+    EXPECT_FALSE(open("Three")) << "it would hand back the list that it was given";
+    then("nothing more", [] {});
 }
 
 } // namespace

@@ -1,11 +1,11 @@
-#include "ListTest.h"
 #include "ScreenReader.h"
+#include "Story.h"
 #include "UndoManager.h"
 
 namespace velmorath {
 namespace {
 
-class UndoTest : public ListTest {
+class UndoTest : public Story {
 protected:
     bool press(HostKey key)
     {
@@ -88,79 +88,72 @@ TEST_F(UndoTest, EachChangeIsTakenBackAndDoneAgain)
 TEST_F(UndoTest, TheButtonIsThereForWhatThereIs)
 {
     start({"One", "Two"});
-    const auto button = [this] {
-        for (const Lines shown = reader.everything(); const std::string& line : shown) {
+    const auto see = [this](const std::string& what, const std::function<void()>& deed) {
+        then(what, deed);
+        for (const std::string& line : reader.everything()) {
             if (line.find("do: ") != std::string::npos)
-                return line;
+                then(
+                    line, [] {}, 0);
         }
-        return std::string();
     };
-    EXPECT_EQ(button(), "");
-    tapUndo();
-    swipe(0, 200);
-    host.advance(1);
-    swipe(1, -200);
-    host.advance(1);
-    EXPECT_EQ(button(), "  button Undo: Delete Two");
-    tapUndo();
-    host.advance(1);
-    EXPECT_EQ(button(), "  button Undo: Complete One (Redo: Delete Two)");
+    see("there is none", [&] { tapUndo(); });
+    see("complete", [&] { swipe(0, 200); });
+    see("delete", [&] { swipe(1, -200); });
+    see("undo", [&] { tapUndo(); });
     Finger finger(host, {84, host.screen().size().height - 28});
-    host.advance(0.6);
-    EXPECT_EQ(saved(), (Lines{"x One"})) << "held";
-    finger.lift();
-    EXPECT_EQ(saved(), (Lines{"x One"}));
-    tapUndo();
-    tapUndo();
-    EXPECT_EQ(saved(), (Lines{"One", "Two"}));
-    EXPECT_EQ(button(), "  button Redo: Complete One");
-    EXPECT_TRUE(reader.press("Redo: Complete One"));
-    EXPECT_EQ(saved(), (Lines{"x One", "Two"}));
-    tapUndo();
-    tapUndo();
-    EXPECT_EQ(saved(), (Lines{"x One", "Two"})) << "there is only something to be done again";
-    tapUndo();
-    host.advance(1);
-    swipe(0, -200);
-    host.advance(1);
-    EXPECT_EQ(button(), "  button Undo: Delete One") << "what was taken back is over";
+    see("held", [] {});
+    see("let go", [&] { finger.lift(); });
+    see("undo twice", [&] { tapUndo(), tapUndo(); });
+    see("what the button tells is done", [&] { EXPECT_TRUE(reader.press("Redo: Complete One")); });
+    see("back", [&] { tapUndo(); });
+    see("there is only something to be done again", [&] { tapUndo(); });
+    see("back", [&] { tapUndo(); });
+    see("what was taken back is over", [&] { swipe(0, -200); });
+    Finger moved(host, {84, host.screen().size().height - 28});
+    see("a finger that moves does not hold", [&] { moved.moveBy({12, 0}); });
+    moved.cancel();
+    {
+        Finger first(host, {84, host.screen().size().height - 28});
+        host.advance(0.3);
+        first.lift();
+        Finger second(host, {84, host.screen().size().height - 28});
+        then(
+            "nor do two that are short", [] {}, 0.3);
+        second.cancel();
+    }
 }
 
 TEST_F(UndoTest, NotWhileATextIsTypedOrFingersAreDown)
 {
     start({"One", "Two", "Three"});
-    swipe(0, -200);
-    host.advance(1);
+    then("delete", [&] { swipe(0, -200); });
     {
         Finger resting(host, {20, 30});
-        EXPECT_FALSE(press(HostKey::undo));
+        EXPECT_FALSE(press(HostKey::undo) && press(HostKey::redo));
         Finger onButton(host, {84, host.screen().size().height - 28}, 2);
-        onButton.lift();
+        then("with two fingers", [&] { onButton.lift(); });
         resting.cancel();
     }
     tapWords(0);
     EXPECT_FALSE(press(HostKey::undo)) << "it is the editor's";
-    tapUndo();
-    EXPECT_EQ(saved(), (Lines{"Two", "Three"}));
-    host.textInput().pressReturn();
-    host.advance(1);
+    then("while typing", [&] { tapUndo(); });
 }
 
 TEST_F(UndoTest, WhatComesBackIsInSightAndSoIsTheBadgeAfterACount)
 {
-    start(Lines(30, "note"));
-    swipe(0, -200);
-    host.advance(1);
-    scroll(-330);
+    start(numbers(30));
+    then("delete", [&] { swipe(0, -200); });
+    then("complete", [&] { swipe(0, 200); });
+    then("scrolled", [&] { scroll(-330); });
+    host.effects().setBadge(17);
     list().Info();
     host.advance(1);
-    host.press(HostKey::escape);
-    host.advance(1);
-    EXPECT_EQ(badge(), 29);
-    press(HostKey::undo);
-    EXPECT_EQ(badge(), 30);
-    EXPECT_EQ(table().contentOffset().y, 0);
-    EXPECT_EQ(row(0).alpha(), 1);
+    then("counted anew", [&] { host.press(HostKey::escape); });
+    then(
+        "undo", [&] { host.press(HostKey::undo); }, 0.1);
+    then(
+        "undo", [&] { host.press(HostKey::undo); }, 0.1);
+    then("in its place", [] {});
 }
 
 TEST_F(UndoTest, AHundredStepsAndWhatOneTurnOfTheLoopDoesIsOne)

@@ -3,7 +3,6 @@
 #include "Configuration.h"
 #include "FilesOnDisk.h"
 #include "ProgramState.h"
-#include "UIStoryboard.h"
 
 namespace velmorath {
 namespace {
@@ -39,61 +38,23 @@ TEST_F(SettingsTest, WithoutAStoreItsPageIsOpenedOnTheWeb)
     EXPECT_TRUE(isOnTop<Info>());
 }
 
-TEST_F(SettingsTest, WritesToTheMakers)
+TEST_F(SettingsTest, WritesToTheMakersWithTheProgramsName)
 {
     start({"One"});
     openInformation();
-    takeLines();
-    tapRow(0);
-    tap({48, 28});
-    host.advance(0.5);
-    EXPECT_TRUE(isOnTop<Info>());
-    EXPECT_EQ(host.effects().openedAddresses(), Lines{});
-
     Bundle::main().setInfoDictionary({{"CFBundleDisplayName", 1}, {"CFBundleName", "Other"}});
     takeLines();
     tapRow(0);
     EXPECT_EQ(takeLines("Nome dell'app"), (Lines{"Nome dell'app: Other"}));
-    EXPECT_TRUE(host.draw().text("Phone,Test phone,Headless,1.0   Other  Free"));
     tap({272, 28});
     host.advance(0.5);
     EXPECT_TRUE(isOnTop<Info>());
     EXPECT_EQ(host.effects().openedAddresses(),
         (Lines{"mailto:hello@velmorath.example?body="
                "Phone%2CTest%20phone%2CHeadless%2C1.0%20%20%20Other%20%20Free"}));
-
     Bundle::main().setInfoDictionary({});
-    takeLines();
     tapRow(0);
-    EXPECT_EQ(takeLines("Nome dell'app"), Lines{});
     EXPECT_TRUE(host.draw().text("Phone,Test phone,Headless,1.0     Free"));
-}
-
-TEST_F(SettingsTest, ATransitionFromItGoesOnToItsDestinationsOwn)
-{
-    class Destination : public UIViewController {
-    public:
-        void prepareForSegue(UIStoryboardSegue& segue, const std::any& value) override
-        {
-            identifier = segue.identifier;
-            sender = std::any_cast<std::shared_ptr<UIViewController>>(value).get();
-        }
-        std::string identifier;
-        UIViewController* sender = nullptr;
-    };
-    UIStoryboard::enter("Transitions",
-        {{"Destination", [] { return std::make_shared<Destination>(); }, [](UIViewController&, UIView&) {},
-            {{"info2", "Destination"}}}});
-    start({"One"});
-    openInformation();
-    const auto made = UIStoryboard::named("Transitions").instantiateInitialViewController();
-    auto& destination = static_cast<Destination&>(*made);
-    UIStoryboardSegue segue{"any", destination};
-    top().prepareForSegue(segue, {});
-    EXPECT_EQ(destination.identifier, "info2");
-    EXPECT_EQ(destination.sender, &top());
-    UIStoryboardSegue deadEnd{"any", list()};
-    EXPECT_DEATH(top().prepareForSegue(deadEnd, {}), "no transition named info2");
 }
 
 TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFileAndTheListCountsAnew)

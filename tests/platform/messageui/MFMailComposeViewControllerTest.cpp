@@ -45,15 +45,11 @@ TEST_F(MailTest, SendsWhatWasTypedInAddressForm)
     EXPECT_FALSE(host.textInput().isEditing());
 }
 
-TEST_F(MailTest, AnEmptyBodyIsLeftOut)
+TEST_F(MailTest, LeavesOutAnEmptyBodyAndTellsWhenNoMailProgramTookIt)
 {
     compose({"a@b.example"}, "");
     tapSend();
     EXPECT_EQ(opened(), (Lines{"mailto:a@b.example"}));
-}
-
-TEST_F(MailTest, TellsWhenNoMailProgramTookIt)
-{
     host.effects().refuseScheme("mailto");
     compose({"a@b.example"}, "Body");
     tapSend();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ListTest.h"
+#include <map>
+
+namespace velmorath {
+
+/// A test that does one thing after the other and compares what there is to be seen, felt, heard and read in
+/// the file after each with what is committed of it, under the test's name, in tests/list/stories.
+class Story : public ListTest {
+protected:
+    void TearDown() override;
+
+    /// Does it, lets time pass, and tells what is another than before.
+    void then(const std::string& what, const std::function<void()>& deed, double seconds = 1);
+
+private:
+    std::string rowsInSight();
+    void tell(const std::string& what, const std::string& now);
+
+    Lines m_lines;
+    std::map<std::string, std::string> m_known;
+    std::size_t m_heard = 0;
+};
+
+} // namespace velmorath
