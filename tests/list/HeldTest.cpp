@@ -53,7 +53,8 @@ TEST_F(HeldTest, TheRowOfADeletedNoteIsNotEditedAgain)
 {
     constexpr CGPoint words{20, 30};
     constexpr CGPoint date{270, 13};
-    for (const auto& [emptied, tapped] : {std::pair(words, date), std::pair(date, words)}) {
+    for (const CGPoint emptied : {words, date}) {
+        const CGPoint tapped = emptied == words ? date : words;
         start({"1", "2"});
         tapWords(0);
         type("with a date");
