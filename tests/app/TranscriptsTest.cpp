@@ -1,4 +1,3 @@
-#include "CommittedTexts.h"
 #include "EZLoadingActivity.h"
 #include "PubblicitaView.h"
 #include "SettingsTest.h"
@@ -6,35 +5,18 @@
 namespace velmorath {
 namespace {
 
-/// Does everything once, and compares what the program says, plays, shows on its icon, opens and saves with
-/// what is committed of it.
+/// Does everything once, and looks at the lines that the program writes as well.
 class TranscriptsTest : public SettingsTest {
 protected:
-    void begin(const std::string& name)
-    {
-        m_name = name;
-        m_lines.clear();
-        tell();
-        m_lines.clear();
-    }
-    void end() { m_transcripts.compare(m_name, m_lines); }
-    void compareNames() const { m_transcripts.compareNames(); }
+    TranscriptsTest() { tellLines(); }
 
-    void then(const std::string& deed, const std::function<void()>& doIt, double seconds = 1)
-    {
-        m_lines.push_back("== " + deed);
-        doIt();
-        tell();
-        host.advance(seconds);
-        m_lines.push_back("-- later");
-        tell();
-    }
     /// On a fresh list.
     void open(const Lines& texts, const SettingsDictionary& settings = defaultSettings("Red"))
     {
         host.quit();
         UserDefaults::standard().setObject(settingsKey, settings);
         start(texts);
+        takeFelt();
     }
     static SettingsDictionary settingsBut(const std::string& key, const std::string& value)
     {
@@ -42,46 +24,10 @@ protected:
         settings.insert_or_assign(key, value);
         return settings;
     }
-
-private:
-    void tell()
-    {
-        for (const std::string& line : takeLines()) {
-            if (line != "layoutSubviews")
-                m_lines.push_back(line.starts_with("error : ") ? "error" : line);
-        }
-        for (const std::string& felt : takeFelt())
-            m_lines.push_back("-> " + felt);
-        for (const Lines& announced = host.effects().announced(); m_heard < announced.size(); ++m_heard)
-            m_lines.push_back("-> says " + announced[m_heard]);
-        tellChange("badge", std::to_string(badge()));
-        std::string notesInFile;
-        for (const std::string& note : saved())
-            notesInFile += " [" + note + "]";
-        tellChange("file", notesInFile);
-        std::string addresses;
-        for (const std::string& address : host.effects().openedAddresses())
-            addresses += " " + address;
-        tellChange("opened", addresses);
-    }
-    void tellChange(const std::string& what, const std::string& now)
-    {
-        std::string& before = m_known[what];
-        if (before != now)
-            m_lines.push_back("-> " + what + " " + now);
-        before = now;
-    }
-
-    std::string m_name;
-    Lines m_lines;
-    std::size_t m_heard = 0;
-    std::map<std::string, std::string> m_known;
-    CommittedTexts m_transcripts{VELMORATH_TRANSCRIPTS};
 };
 
-TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
+TEST_F(TranscriptsTest, TheFirstDay)
 {
-    begin("first-day");
     then("the first start", [&] { launch(); });
     then("yes, show the tutorial", [&] { tap(host.draw().text("Yes")->rect.center()); });
     then("next", [&] { tap(host.draw().text("next")->rect.center()); });
@@ -90,10 +36,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
     UserDefaults::standard().removeObject(settingsKey);
     UserDefaults::standard().synchronize();
     then("a start without settings", [&] { relaunch(); });
-    end();
+}
 
+TEST_F(TranscriptsTest, Swipes)
+{
     open({"One", "Two", "x Three"});
-    begin("swipes");
     then("complete", [&] { swipe(1, 200); });
     then("reopen", [&] { swipe(2, 200); });
     then("not far enough", [&] { swipe(0, 160); });
@@ -105,10 +52,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
         then("delete without " + option, [&] { swipe(1, -200); });
         then("type without " + option, [&] { tapWords(0), tapWords(1), type("Uno"); });
     }
-    end();
+}
 
+TEST_F(TranscriptsTest, Typing)
+{
     open({"One", "Two"});
-    begin("typing");
     then("edit", [&] { tapWords(0); });
     then("tap beside other words", [&] { tapBesideWords(1); });
     then("pull while typing", [&] { beginPull(80).lift(); });
@@ -121,10 +69,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
     then("type it", [&] { type("New"); });
     then("open a note", [&] { tapBesideWords(0); });
     then("close it: the badge counts again", [&] { tap({28, 28}); });
-    end();
+}
 
+TEST_F(TranscriptsTest, PinchingAndMoving)
+{
     open({"One", "Two", "Three"});
-    begin("pinching-and-moving");
     TwoFingers fingers(host, {100, 30}, {100, 90});
     then("pinch", [&] { fingers.spread(4, 4, 1); });
     then("spread", [&] { fingers.spread(40, 40, 1); });
@@ -137,10 +86,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
         finger.lift();
     });
     then("hold a row", [&] { Finger(host, {295, 30}).lift(); });
-    end();
+}
 
+TEST_F(TranscriptsTest, Reading)
+{
     open({"One", "Two"});
-    begin("reading");
     const auto edit = [&](const std::string& text) {
         tap({100, 300});
         host.textInput().replaceText(text);
@@ -155,10 +105,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
     then("save it changed", [&] { edit("Uno\nwith lines"), save(); });
     then("open it", openNote);
     then("save it empty", [&] { edit(""), save(); });
-    end();
+}
 
+TEST_F(TranscriptsTest, Settings)
+{
     open({"One", "x Two", "Three"});
-    begin("settings");
     then("open the information", [&] { openInformation(); });
     for (const int place : {1, 4, 0})
         then("row " + std::to_string(place), [&] { tapRow(static_cast<std::size_t>(place)); });
@@ -169,10 +120,11 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
     then("the theme Mixed", [&] { tapRow(5); });
     for (int screens = 0; screens < 3; ++screens)
         then("close", [&] { close(); });
-    end();
+}
 
+TEST_F(TranscriptsTest, Overlays)
+{
     open({"One"});
-    begin("overlays");
     then("show the box", [&] { EZLoadingActivity::show("Loading", false); });
     then("show another", [&] { EZLoadingActivity::show("Second", false); });
     then(
@@ -182,8 +134,6 @@ TEST_F(TranscriptsTest, WhatIsDoneIsSaidFeltAndSaved)
     list().view()->addSubview(banner);
     for (const auto& icon : {banner->iconaApp1, banner->iconaApp2})
         then("an icon", [&] { tap(banner->convertToWindow(icon.lock()->center())); });
-    end();
-    compareNames();
 }
 
 } // namespace

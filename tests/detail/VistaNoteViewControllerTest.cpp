@@ -1,10 +1,10 @@
-#include "ListTest.h"
+#include "Story.h"
 #include "UIApplication.h"
 
 namespace velmorath {
 namespace {
 
-class VistaNoteViewControllerTest : public ListTest {
+class VistaNoteViewControllerTest : public Story {
 protected:
     void open(std::size_t place)
     {
@@ -32,28 +32,22 @@ TEST_F(VistaNoteViewControllerTest, ARowWithoutAColourHandsOverBlue)
 TEST_F(VistaNoteViewControllerTest, ItSlidesInAndOutAndIsDeafMeanwhile)
 {
     start({"One", "Two"});
-    tapBesideWords(0);
+    then(
+        "opened", [&] { tapBesideWords(0); }, 0.1);
     const auto first = presented();
-    host.advance(0.1);
     const CALayerState shown = first->view()->layer().presented(host.clock().now());
     EXPECT_GT(shown.position.y, 268);
     EXPECT_LT(shown.position.y, 268 + 536);
-    tapSave();
-    tapWords(1);
+    then(
+        "it is still coming", [&] { tapSave(), tapWords(1); }, 0.5);
     EXPECT_EQ(countLines("chiudo e salvo la modifica :"), 0u);
-    EXPECT_FALSE(host.textInput().isEditing());
-    host.advance(0.5);
     EXPECT_TRUE(list().view()->isHidden());
-
-    takeLines();
-    tapClose();
+    then(
+        "closed", [&] { tapClose(); }, 0.1);
     EXPECT_FALSE(list().view()->isHidden());
-    EXPECT_EQ(countLines("cè qualcosa"), 1u);
-    tapBesideWords(1);
-    EXPECT_EQ(presented(), first);
-    host.advance(0.5);
-    EXPECT_FALSE(presented());
-    open(1);
+    then(
+        "it is still going", [&] { tapBesideWords(1); }, 0.5);
+    then("opened", [&] { open(1); });
     EXPECT_EQ(detail().indirizzoNotaDaVisualizzare, 1);
 }
 
@@ -61,18 +55,11 @@ TEST_F(VistaNoteViewControllerTest, EscapeClosesOnlyWhenNothingThatWasTypedIsLos
 {
     start({"One"});
     open(0);
-    edit("One and more");
-    host.textInput().pressReturn();
-    EXPECT_FALSE(host.textInput().isEditing());
-    EXPECT_TRUE(host.press(HostKey::escape));
-    host.advance(0.5);
-    ASSERT_TRUE(presented());
-    EXPECT_EQ(detail().testo.lock()->text(), "One and more");
-    edit("One");
-    host.textInput().pressReturn();
-    host.press(HostKey::escape);
-    host.advance(0.5);
-    EXPECT_FALSE(presented());
+    for (const std::string text : {"One and more", "One"}) {
+        edit(text);
+        then(text, [&] { host.textInput().pressReturn(); });
+        then("escape", [&] { EXPECT_TRUE(host.press(HostKey::escape)); });
+    }
 }
 
 TEST_F(VistaNoteViewControllerTest, ALongNoteIsEditedWhereItIsReadAndReadWhereItWasEdited)

@@ -131,23 +131,6 @@ TEST_F(LoadingActivityTest, GoesToTheScreenOnTopOrWhereItIsTold)
     expectIn(*UIApplication::shared().keyWindow());
 }
 
-TEST_F(LoadingActivityTest, DarkensTheBackgroundBehindABox)
-{
-    Settings::DarkensBackground() = true;
-    EZLoadingActivity::show("Loading", false);
-    host.advance(0.3);
-    ASSERT_EQ(screen().subviews().size(), 2u);
-    const std::shared_ptr<UIView> dimmer = screen().subviews()[0];
-    EZLoadingActivity::hide({}, false);
-    host.advance(0.1);
-    EXPECT_EQ(dimmer->superview(), &screen()) << "it fades";
-    host.advance(0.3);
-    EXPECT_FALSE(dimmer->superview());
-    EZLoadingActivity::showOnController("Loading", false, root().shared_from_this());
-    host.advance(0.3);
-    EXPECT_FALSE(dimmer->superview()) << "never for a box in a given screen";
-}
-
 /// Does it before there is a window.
 class EarlyCaller : public AppDelegate {
 public:

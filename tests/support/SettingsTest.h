@@ -3,12 +3,12 @@
 #include "Info.h"
 #include "Info2.h"
 #include "Info3.h"
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 
 /// The whole program, with ways to and on the information, options and theme screens.
-class SettingsTest : public ListTest {
+class SettingsTest : public Story {
 protected:
     void openInformation()
     {

@@ -37,7 +37,9 @@ void Story::then(const std::string& what, const std::function<void()>& deed, dou
 {
     m_lines.push_back("== " + what);
     deed();
+    addLines();
     host.advance(seconds);
+    addLines();
     tell("notes", joined(notes()));
     tell("file", saved() == notes() ? "the same" : joined(saved()));
     tell("rows", rowsInSight());
@@ -46,6 +48,7 @@ void Story::then(const std::string& what, const std::function<void()>& deed, dou
     tell(
         "editor", input.isEditing() ? "\"" + input.text() + "\" at " + number(input.frame().midY()) : "none");
     tell("over the list", presented() ? host.client().accessibilityTree().children.back().label : "nothing");
+    tell("opened", joined(host.effects().openedAddresses()));
     tell("badge", std::to_string(badge()));
     const auto view = UIApplication::shared().focusSystem().focusedView();
     const auto focused = std::dynamic_pointer_cast<TableViewCell>(view);
@@ -57,6 +60,23 @@ void Story::then(const std::string& what, const std::function<void()>& deed, dou
         joined({announced.begin() + static_cast<std::ptrdiff_t>(std::min(m_heard, announced.size())),
             announced.end()}));
     m_heard = announced.size();
+}
+
+void Story::tellLines()
+{
+    takeLines();
+    m_tellsLines = true;
+}
+
+void Story::addLines()
+{
+    if (!m_tellsLines)
+        return;
+    for (const std::string& line : takeLines()) {
+        if (line != "layoutSubviews")
+            m_lines.push_back("  " + (line.starts_with("error : ") ? "error" : line));
+    }
+    m_lines.push_back("  --");
 }
 
 /// Those that are not as they should be with what they are: how far aside or below, how pale, of another

@@ -6,7 +6,7 @@
 namespace velmorath {
 
 /// A test that does one thing after the other and compares what there is to be seen, felt, heard and read in
-/// the file after each with what is committed of it, under the test's name, in tests/list/stories.
+/// the file after each with what is committed of it, under the test's name, in tests/app/stories.
 class Story : public ListTest {
 protected:
     void TearDown() override;
@@ -14,13 +14,18 @@ protected:
     /// Does it, lets time pass, and tells what is another than before.
     void then(const std::string& what, const std::function<void()>& deed, double seconds = 1);
 
+    /// From now on the lines that the program writes are told, too: at once, and those that come later.
+    void tellLines();
+
 private:
     std::string rowsInSight();
+    void addLines();
     void tell(const std::string& what, const std::string& now);
 
     Lines m_lines;
     std::map<std::string, std::string> m_known;
     std::size_t m_heard = 0;
+    bool m_tellsLines = false;
 };
 
 } // namespace velmorath

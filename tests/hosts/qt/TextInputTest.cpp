@@ -7,6 +7,8 @@ namespace velmorath {
 
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class Editing : public HostFixture, public TextInputClient {
 protected:
     void textInputDidChange(const std::string& utf8) override
@@ -149,12 +151,10 @@ TEST_F(Editing, TypingIsReportedAndKeysEndOneLine)
 {
     begin("buy");
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral(" x"));
-    EXPECT_EQ(changes, (std::vector<std::string>{"buy ", "buy x"})) << "the caret starts at the end";
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(changes, (Texts{"buy ", "buy x"})) << "the caret starts at the end";
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        QTest::keyClick(QApplication::focusWidget(), key);
     EXPECT_EQ(returns, 3);
-    EXPECT_EQ(changes.size(), 2u);
     host.textInput().end();
     host.textInput().end();
     EXPECT_EQ(changes.size(), 2u);
@@ -165,13 +165,12 @@ TEST_F(Editing, ReturnIsANewLineInManyLines)
 {
     begin("a\u00a0b\nc", {.multiline = true});
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
-    EXPECT_EQ(changes.back(), "a\u00a0b\nc\nd");
+    EXPECT_EQ(changes.back(), "a\u00a0b\nc\n");
     EXPECT_EQ(returns, 0);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(returns, 1);
     compose(u"xyz");
-    EXPECT_EQ(changes.back(), "a\u00a0b\nc\ndxyz");
+    EXPECT_EQ(changes.back(), "a\u00a0b\nc\nxyz");
     host.textInput().end();
 }
 
@@ -180,15 +179,12 @@ TEST_F(Editing, UnfinishedInputIsPartOfTheText)
     begin("ab");
     editor<QLineEdit>()->setCursorPosition(1);
     compose(u"\u306b");
-    EXPECT_EQ(changes.back(), "a\u306bb");
     compose(u"\u307b", u"\u65e5");
-    EXPECT_EQ(changes.back(), "a\u65e5\u307bb");
     compose(u"", u"\u672c");
-    EXPECT_EQ(changes.back(), "a\u65e5\u672cb");
     compose(u"x");
     host.textInput().end();
-    EXPECT_EQ(changes.back(), "a\u65e5\u672cxb") << "the end takes it over";
-    EXPECT_EQ(changes.size(), 4u) << "each text once";
+    EXPECT_EQ(changes, (Texts{"a\u306bb", "a\u65e5\u307bb", "a\u65e5\u672cb", "a\u65e5\u672cxb"}))
+        << "each text once, and the end takes it over";
 }
 
 TEST_F(Editing, TheClientMayEndAndStartAgainFromInside)
@@ -202,7 +198,7 @@ TEST_F(Editing, TheClientMayEndAndStartAgainFromInside)
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("b"));
     QTest::qWait(1);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("c"));
-    EXPECT_EQ(changes, (std::vector<std::string>{"ab", "secondc"}));
+    EXPECT_EQ(changes, (Texts{"ab", "secondc"}));
     host.textInput().end();
 }
 
@@ -288,7 +284,7 @@ TEST_F(Editing, ALogOutFindsItSaved)
     // What it is about is told to nobody.
     char nobody = 0;
     Q_EMIT qApp->commitDataRequest(reinterpret_cast<QSessionManager&>(nobody));
-    EXPECT_EQ(changes, (std::vector<std::string>{"ax"}));
+    EXPECT_EQ(changes, (Texts{"ax"}));
     EXPECT_EQ(returns, 1);
     host.textInput().end();
 }
