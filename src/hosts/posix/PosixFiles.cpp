@@ -140,9 +140,9 @@ std::optional<Error> PosixFiles::replaceNow(const std::string& givenPath, std::s
         && writeAll(beside.get(), bytes) && fsync(beside.get()) == 0 && fstat(beside.get(), &status) == 0;
     if (written) {
         // What somebody else put there, and nobody here has seen, is kept.
-        const auto known = m_knownVersions.find(givenPath);
+        const auto known = knownVersion(givenPath);
         const auto found = version(givenPath);
-        if (known != m_knownVersions.end() && found && found != known->second)
+        if (known && found && found != known)
             written = keep(*path);
         written = written && rename(besidePath.c_str(), path->c_str()) == 0;
     }
@@ -234,6 +234,12 @@ std::optional<std::string> PosixFiles::version(const std::string& path)
 {
     struct stat status;
     return stat(path.c_str(), &status) == 0 ? std::optional(versionOf(status)) : std::nullopt;
+}
+
+std::optional<std::string> PosixFiles::knownVersion(const std::string& path) const
+{
+    const auto known = m_knownVersions.find(path);
+    return known == m_knownVersions.end() ? std::nullopt : std::optional(known->second);
 }
 
 std::vector<std::string> PosixFiles::copiesBeside(const std::string& path)

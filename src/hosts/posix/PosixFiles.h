@@ -32,13 +32,16 @@ public:
     std::optional<std::string> version(const std::string& path) override;
     std::vector<std::string> copiesBeside(const std::string& path) override;
 
+protected:
+    /// The version of what was read or replaced here last.
+    std::optional<std::string> knownVersion(const std::string& path) const;
+
 private:
     std::optional<Error> replaceNow(const std::string& path, std::string_view bytes);
 
     std::optional<std::string> m_documentDirectory;
     std::optional<std::string> m_defaultsFile;
     std::string m_resourceDirectory;
-    /// The version of each file that was read or replaced here last.
     std::map<std::string, std::string> m_knownVersions;
 };
 

@@ -76,8 +76,7 @@ QtHost::QtHost(const ProgramFolders& folders)
     , m_calls([this](const DesktopCall& call) { answer(call); })
     , m_screen(m_widget, m_motion)
     , m_textInput(m_widget, m_widget.texts())
-    , m_files(PosixFiles::forUser(folders.resources))
-    , m_retryingFiles(m_files, pauseBetweenSaves,
+    , m_files(PosixFiles::forUser(folders.resources), pauseBetweenSaves,
           [this](bool isUnsaved) {
               if (isUnsaved)
                   m_unsavedNotice.show();
@@ -141,7 +140,7 @@ void QtHost::detach()
     // Its client may be gone before this host is.
     m_textInput.end();
     m_client->willTerminate();
-    m_retryingFiles.tryLast();
+    m_files.tryLast();
     m_client = nullptr;
     m_widget.setClient(nullptr);
     m_console.flush();

@@ -3,7 +3,6 @@
 #include "DesktopCalls.h"
 #include "FolderWatch.h"
 #include "Host.h"
-#include "PosixFiles.h"
 #include "ProgramFolders.h"
 #include "QtClock.h"
 #include "QtConsole.h"
@@ -26,7 +25,7 @@ public:
     Screen& screen() override { return m_screen; }
     TextInput& textInput() override { return m_textInput; }
     Clock& clock() override { return m_clock; }
-    Files& files() override { return m_retryingFiles; }
+    Files& files() override { return m_files; }
     Locale& locale() override { return m_locale; }
     Effects& effects() override { return m_effects; }
     Console& console() override { return m_console; }
@@ -54,9 +53,8 @@ private:
     DesktopCalls m_calls;
     QtScreen m_screen;
     QtTextInput m_textInput;
-    PosixFiles m_files;
     UnsavedNotice m_unsavedNotice;
-    RetryingFiles m_retryingFiles;
+    RetryingFiles m_files;
     FolderWatch m_documentsWatch;
     QtLocale m_locale;
     QtEffects m_effects;

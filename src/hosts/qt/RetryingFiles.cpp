@@ -3,40 +3,42 @@
 
 namespace velmorath {
 
-RetryingFiles::RetryingFiles(Files& files, std::chrono::milliseconds pause, std::function<void(bool)> changed)
-    : m_files(files)
+RetryingFiles::RetryingFiles(
+    PosixFiles files, std::chrono::milliseconds pause, std::function<void(bool)> changed)
+    : PosixFiles(std::move(files))
     , m_changed(std::move(changed))
 {
     m_timer.setInterval(pause);
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tryAgain(); });
 }
 
-Result<std::string> RetryingFiles::read(const std::string& path)
-{
-    const Version found = m_files.version(path);
-    Result<std::string> bytes = m_files.read(path);
-    if (bytes)
-        m_knownVersions[path] = found;
-    return bytes;
-}
-
 void RetryingFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
 {
-    m_files.replace(path, bytes, [&](const std::optional<Error>& error) {
-        if (error) {
-            m_unsaved[path] = {std::string(bytes), m_knownVersions[path]};
-        } else {
-            m_knownVersions[path] = m_files.version(path);
+    PosixFiles::replace(path, bytes, [&](const std::optional<Error>& error) {
+        if (error)
+            m_unsaved[path] = {std::string(bytes), knownVersion(path)};
+        else
             m_unsaved.erase(path);
-        }
         updateTimer();
+        completion(error);
+    });
+}
+
+void RetryingFiles::replaceUnreadable(
+    const std::string& path, std::string_view bytes, const Completion& completion)
+{
+    PosixFiles::replaceUnreadable(path, bytes, [&](const std::optional<Error>& error) {
+        if (error) {
+            m_unsaved[path] = {std::string(bytes), version(path), true};
+            updateTimer();
+        }
         completion(error);
     });
 }
 
 bool RetryingFiles::wasReplacedByOthers(const std::string& path, const Unsaved& unsaved)
 {
-    const Version found = m_files.version(path);
+    const auto found = version(path);
     return found && found != unsaved.version;
 }
 
@@ -46,7 +48,11 @@ void RetryingFiles::tryAgain()
     for (const auto& [path, unsaved] : all) {
         // The program has read what others wrote, or is about to: its next save has both, these bytes have
         // not.
-        if (!wasReplacedByOthers(path, unsaved))
+        if (wasReplacedByOthers(path, unsaved))
+            continue;
+        if (unsaved.isUnreadable)
+            replaceUnreadable(path, unsaved.bytes, [](const auto&) {});
+        else
             replace(path, unsaved.bytes, [](const auto&) {});
     }
 }
@@ -62,7 +68,7 @@ void RetryingFiles::tryLast()
         const std::filesystem::path place(path);
         const std::string beside =
             (place.parent_path() / place.stem()).string() + ".unsaved" + place.extension().string();
-        m_files.replace(beside, unsaved.bytes, [](const auto&) {});
+        PosixFiles::replace(beside, unsaved.bytes, [](const auto&) {});
     }
 }
 

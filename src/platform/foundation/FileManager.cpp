@@ -32,20 +32,19 @@ void FileManager::replace(
     const std::string& path, std::string_view bytes, const std::function<void(bool)>& completion)
 {
     auto& files = Host::current().files();
-    const bool isUnreadable = m_unreadable.contains(path);
-    if (isUnreadable && files.exists(path) && files.setAside(path, "unreadable")) {
-        completion(false);
-        return;
-    }
     // What is in the file's place from here on is ours, unless we hear that it did not get there.
-    m_unreadable.erase(path);
-    files.replace(path, bytes, [this, path, isUnreadable, completion](const std::optional<Error>& error) {
+    const bool isUnreadable = m_unreadable.erase(path) > 0;
+    const auto told = [this, path, isUnreadable, completion](const std::optional<Error>& error) {
         if (!error)
             m_unreadable.erase(path);
         else if (isUnreadable)
             m_unreadable.insert(path);
         completion(!error);
-    });
+    };
+    if (isUnreadable)
+        files.replaceUnreadable(path, bytes, told);
+    else
+        files.replace(path, bytes, told);
 }
 
 } // namespace velmorath

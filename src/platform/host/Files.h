@@ -40,6 +40,18 @@ public:
     /// file.
     virtual void replace(const std::string& path, std::string_view bytes, Completion) = 0;
 
+    /// As replace(), where the file that is there could not be read: that is set aside first. When it cannot
+    /// be, it stays, and that is the error.
+    virtual void replaceUnreadable(
+        const std::string& path, std::string_view bytes, const Completion& completion)
+    {
+        const auto error = exists(path) ? setAside(path, "unreadable") : std::nullopt;
+        if (error)
+            completion(error);
+        else
+            replace(path, bytes, completion);
+    }
+
     /// Moves a file out of the way, beside its old place, under a name that says why and that no other file
     /// has. Nothing when it worked. Where replacements end later this is part of the next one: should that
     /// one fail, the file is in its old place again.

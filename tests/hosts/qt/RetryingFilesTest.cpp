@@ -76,6 +76,19 @@ TEST_F(RetryingFilesTest, WhatOthersPutThereMeanwhileIsNotOverwritten)
     EXPECT_EQ(changes, (std::vector{true, false}));
 }
 
+TEST_F(RetryingFilesTest, WhatCannotBeSavedBesideAnUnreadableFileIsSavedLater)
+{
+    const auto link = QString::fromStdString(path);
+    EXPECT_TRUE(QFile::link(link, link));
+    std::optional<Error> told;
+    files.replaceUnreadable(path, "ours", [&](const std::optional<Error>& error) { told = error; });
+    EXPECT_TRUE(told);
+    EXPECT_EQ(changes, (std::vector{true}));
+    EXPECT_TRUE(QFile::remove(link));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return saved(path) == "ours"; }));
+    EXPECT_EQ(changes, (std::vector{true, false}));
+}
+
 } // namespace
 
 } // namespace velmorath

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""A change that could not be saved is told by the desktop, once, and saved when the program ends at the latest.
+"""A change that could not be saved is told by the desktop, once, and saved when the program ends at the latest; also
+where a file that cannot be read stands in its place and cannot be put out of the way.
 
 usage: unsaved.py PROGRAM
 """
 
 import os
 
-from window import Program, run_on_own_bus, serve, wait_for
+from window import Program, archive_path, run_on_own_bus, serve, wait_for
 
 NAME = "org.freedesktop.Notifications"
 INTERFACE = f"""<node><interface name="{NAME}">
@@ -45,6 +46,17 @@ def use(executable, home):
         return GLib.Variant("(u)", (len(told),))
 
     serve(NAME, "/org/freedesktop/Notifications", INTERFACE, notify)
+    place = archive_path(home)
+    os.makedirs(os.path.dirname(place))
+    os.symlink(place, place)
+    with Program(executable, home, bus=os.environ["DBUS_SESSION_BUS_ADDRESS"]) as program:
+        program.decline_tutorial()
+        program.until_line("Unable to write to file!", lambda: program.add("Beside"))
+        wait_for(lambda: shown, "a notice")
+        os.remove(place)
+        program.add("Saved")
+        wait_for(lambda: not shown, "the notice goes")
+        assert program.texts() == ["Saved", "Beside", "Hello!"]
     for bus in (os.environ["DBUS_SESSION_BUS_ADDRESS"], None):
         with Program(executable, home, bus=bus) as program:
             program.decline_tutorial()

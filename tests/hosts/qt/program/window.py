@@ -137,7 +137,7 @@ class Program:
     # What is on the disk, as another program reads it.
 
     def archive_path(self):
-        return os.path.join(self.home, ".local/share/velmorath/Documents/noteSalvate.archive")
+        return archive_path(self.home)
 
     def notes(self):
         return notes_of(self.archive_path())
@@ -148,6 +148,10 @@ class Program:
     def marked_texts(self):
         """With "x " before those of completed notes."""
         return [("x " if completed else "") + text for text, _, completed in self.notes()]
+
+
+def archive_path(home):
+    return os.path.join(home, ".local/share/velmorath/Documents/noteSalvate.archive")
 
 
 def notes_of(path):
