@@ -128,7 +128,7 @@ TEST_F(TranscriptsTest, Overlays)
     then("show the box", [&] { EZLoadingActivity::show("Loading", false); });
     then("show another", [&] { EZLoadingActivity::show("Second", false); });
     then(
-        "end it twice", [&] { EZLoadingActivity::hide(true, true), EZLoadingActivity::hide(true, true); }, 2);
+        "end it twice", 2, [&] { EZLoadingActivity::hide(true, true), EZLoadingActivity::hide(true, true); });
     then("end none", [&] { EZLoadingActivity::hide(false, true); });
     const auto banner = std::make_shared<PubblicitaView>(CGRectMake(0, 100, 320, 128));
     list().view()->addSubview(banner);

@@ -32,21 +32,17 @@ TEST_F(VistaNoteViewControllerTest, ARowWithoutAColourHandsOverBlue)
 TEST_F(VistaNoteViewControllerTest, ItSlidesInAndOutAndIsDeafMeanwhile)
 {
     start({"One", "Two"});
-    then(
-        "opened", [&] { tapBesideWords(0); }, 0.1);
+    then("opened", 0.1, [&] { tapBesideWords(0); });
     const auto first = presented();
     const CALayerState shown = first->view()->layer().presented(host.clock().now());
     EXPECT_GT(shown.position.y, 268);
     EXPECT_LT(shown.position.y, 268 + 536);
-    then(
-        "it is still coming", [&] { tapSave(), tapWords(1); }, 0.5);
+    then("it is still coming", 0.5, [&] { tapSave(), tapWords(1); });
     EXPECT_EQ(countLines("chiudo e salvo la modifica :"), 0u);
     EXPECT_TRUE(list().view()->isHidden());
-    then(
-        "closed", [&] { tapClose(); }, 0.1);
+    then("closed", 0.1, [&] { tapClose(); });
     EXPECT_FALSE(list().view()->isHidden());
-    then(
-        "it is still going", [&] { tapBesideWords(1); }, 0.5);
+    then("it is still going", 0.5, [&] { tapBesideWords(1); });
     then("opened", [&] { open(1); });
     EXPECT_EQ(detail().indirizzoNotaDaVisualizzare, 1);
 }

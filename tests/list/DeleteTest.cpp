@@ -10,12 +10,10 @@ TEST_F(DeleteTest, TheRowsBelowCloseTheGapOneAfterAnother)
     start({"1", "2", "3", "4", "5"});
     swipe(1, -200);
     for (const double seconds : {0.02, 0.03, 0.30})
-        then(
-            "later", [] {}, seconds);
+        then("later", seconds);
     // The last one starts after 0.06 s and takes 0.3 s; the table reloads when it is there.
     EXPECT_EQ(takeLines("tableView(tableView:"), Lines());
-    then(
-        "there", [] {}, 0.05);
+    then("there", 0.05);
     EXPECT_EQ(takeLines("tableView(tableView:").size(), 4u);
     EXPECT_EQ(row(3).backgroundColor(), (CGColor{0, 0.6, 1, 1}));
 }

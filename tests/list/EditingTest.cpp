@@ -8,14 +8,10 @@ using EditingTest = Story;
 TEST_F(EditingTest, TheRowGoesToTheTopAndTheOthersFade)
 {
     start({"1", "2", "3", "4"});
-    then(
-        "it goes", [&] { tapWords(2); }, 0.15);
-    then(
-        "it is there", [] {}, 0.16);
-    then(
-        "it comes back", [&] { type("three"); }, 0.15);
-    then(
-        "it is back", [] {}, 0.16);
+    then("it goes", 0.15, [&] { tapWords(2); });
+    then("it is there", 0.16);
+    then("it comes back", 0.15, [&] { type("three"); });
+    then("it is back", 0.16);
     then("the end of the program keeps what was typed", [&] {
         tapWords(0);
         host.textInput().replaceText("Uno");

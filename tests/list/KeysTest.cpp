@@ -7,11 +7,8 @@ class KeysTest : public Story {
 protected:
     void press(const std::string& what, HostKeyPress key, double seconds = 0.7)
     {
-        then(
-            what, [&] { m_isUsed = host.client().keyPressed(key); }, seconds);
-        then(
-            m_isUsed ? "used; the ring is around " + ring() : "not used; the ring is around " + ring(), [] {},
-            0);
+        then(what, seconds, [&] { m_isUsed = host.client().keyPressed(key); });
+        then(m_isUsed ? "used; the ring is around " + ring() : "not used; the ring is around " + ring(), 0);
     }
 
 private:
@@ -101,12 +98,7 @@ TEST_F(KeysTest, NoKeyActsOnARowThatNobodySees)
     });
     press("down", {HostKey::down});
     press("complete", {HostKey::space});
-    then(
-        "of the row below only a third is in sight",
-        [&] {
-            host.wheel({100, 100}, 60.0 * 20 - 20);
-        },
-        0.1);
+    then("of the row below only a third is in sight", 0.1, [&] { host.wheel({100, 100}, 60.0 * 20 - 20); });
     press("complete", {HostKey::space});
 }
 

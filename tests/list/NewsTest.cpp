@@ -33,8 +33,7 @@ protected:
     }
     void press(const std::string& what, HostKey key)
     {
-        then(
-            what, [&] { host.press(key); }, 2);
+        then(what, 2, [&] { host.press(key); });
     }
     bool isTold() { return host.draw().text("The list of another device cannot be read."); }
 };
@@ -78,30 +77,24 @@ TEST_F(NewsTest, TypingAGestureAndAScreenAreFinishedFirst)
     host.advance(1);
     newList("a screen", {"Uno", "x Two", "Three", "Four"});
     then("closed", [&] { leavePresented(); });
-    then(
-        "a list that is thrown",
-        [&] {
-            host.resize({320, 176});
-            host.advance(0.1);
-            Finger thrown(host, {200, 100});
-            thrown.moveBy({0, -60}, 5);
-            thrown.lift();
-            putList({"Uno"});
-            host.client().documentsChanged();
-        },
-        0);
-    then(
-        "at rest", [] {}, 4);
+    then("a list that is thrown", 0, [&] {
+        host.resize({320, 176});
+        host.advance(0.1);
+        Finger thrown(host, {200, 100});
+        thrown.moveBy({0, -60}, 5);
+        thrown.lift();
+        putList({"Uno"});
+        host.client().documentsChanged();
+    });
+    then("at rest", 4);
 }
 
 TEST_F(NewsTest, ASaveKeepsWhatItHasNotRead)
 {
     start({"One", "Two", "Three"});
     putList({"Zero", "One", "Two", "x Three"});
-    then(
-        "nothing comes into the list in the middle of a gesture", [&] { swipe(0, -200); }, 0);
-    then(
-        "later", [] {}, 2);
+    then("nothing comes into the list in the middle of a gesture", 0, [&] { swipe(0, -200); });
+    then("later", 2);
     press("undo", HostKey::undo);
     then("another start", [&] { relaunch(); });
 }
@@ -119,8 +112,7 @@ TEST_F(NewsTest, WhatCannotBeReadIsToldOnceAndPutAside)
     newList("one that can be read", {"x One", "Two", "Three"});
     tapWords(1);
     news("half a file while typing", [&] { put("half a fi"); });
-    then(
-        "a save puts it aside before anybody has looked", [&] { type("Due"); }, 2);
+    then("a save puts it aside before anybody has looked", 2, [&] { type("Due"); });
     EXPECT_TRUE(isTold());
     EXPECT_EQ(filesInDocuments().size(), 3u);
     press("read", HostKey::escape);

@@ -27,8 +27,7 @@ TEST_F(PinchTest, ReleasedWiderThanARowAddsANoteBetween)
     start(numbers(30));
     then("scrolled", [&] { scroll(-180); });
     TwoFingers wide = pinch(2, 3);
-    then(
-        "wide", [&] { wide.spread(35, 35, 2); }, 0);
+    then("wide", 0, [&] { wide.spread(35, 35, 2); });
     then("let go", [&] { wide.lift(); });
     then("typed", [&] { type("between"); });
     then("the gap before is forgotten", [&] { pinchElsewhere(); });
@@ -38,22 +37,17 @@ TEST_F(PinchTest, AGapNotHigherThanARowSlidesBack)
 {
     start(numbers(6));
     TwoFingers fingers = pinch(1, 2);
-    then(
-        "as high as a row", [&] { fingers.spread(30, 30, 1); }, 0);
-    then(
-        "it slides back", [&] { fingers.lift(); }, 0.1);
-    then(
-        "and is there", [] {}, 0.15);
+    then("as high as a row", 0, [&] { fingers.spread(30, 30, 1); });
+    then("it slides back", 0.1, [&] { fingers.lift(); });
+    then("and is there", 0.15);
 }
 
 TEST_F(PinchTest, TheFingerThatWentFartherCounts)
 {
     start(numbers(6));
     TwoFingers fingers = pinch(2, 3);
-    then(
-        "only the lower one", [&] { fingers.spread(0, 40, 4); }, 0);
-    then(
-        "back and towards each other", [&] { fingers.spread(-10, -60, 4); }, 0);
+    then("only the lower one", 0, [&] { fingers.spread(0, 40, 4); });
+    then("back and towards each other", 0, [&] { fingers.spread(-10, -60, 4); });
     then("let go", [&] { fingers.lift(); });
 }
 
@@ -62,8 +56,7 @@ TEST_F(PinchTest, OnlyNeighbouringRowsAreSpread)
     start(numbers(4));
     for (const auto& [upper, lower] : {std::pair<std::size_t, std::size_t>{0, 2}, {3, 5}, {5, 6}, {1, 1}}) {
         TwoFingers fingers(host, {100, upper * 60.0 + 20}, {100, lower * 60.0 + 40});
-        then(
-            std::to_string(upper) + " and " + std::to_string(lower), [&] { fingers.spread(50, 50); }, 0);
+        then(std::to_string(upper) + " and " + std::to_string(lower), 0, [&] { fingers.spread(50, 50); });
         then("let go", [&] { fingers.lift(); });
     }
     then("while a note is typed", [&] {

@@ -22,21 +22,11 @@ TEST_F(ReorderTest, RowsMoveInTheModeAloneWhenTheyAreLetGo)
     EXPECT_EQ(takeLines("settaggi"), (Lines{"settaggi"}));
     then("nothing is opened meanwhile", [&] { tapBesideWords(1); });
     Finger finger = grip(2);
-    then(
-        "dragged",
-        [&] {
-            finger.moveTo({295, 30});
-        },
-        0);
+    then("dragged", 0, [&] { finger.moveTo({295, 30}); });
     then("let go", [&] { finger.lift(); });
     EXPECT_FALSE(row(0).layer().model().shadow);
     Finger cancelled = grip(0);
-    then(
-        "dragged",
-        [&] {
-            cancelled.moveTo({295, 150});
-        },
-        0);
+    then("dragged", 0, [&] { cancelled.moveTo({295, 150}); });
     then("taken away", [&] { cancelled.cancel(); });
     tapReorder();
     then("no more", move);
@@ -49,16 +39,10 @@ TEST_F(ReorderTest, ARowHeldAtTheEndScrollsTheList)
     tapReorder();
     Finger down = grip(0);
     then("held at the lower edge", [&] { down.moveTo({295, 470}); });
-    then(
-        "for long", [] {}, 10);
+    then("for long", 10);
     then("let go", [&] { down.moveTo({295, 479}), down.lift(); });
     Finger up = grip(7);
-    then(
-        "held at the upper edge",
-        [&] {
-            up.moveTo({295, 5});
-        },
-        10);
+    then("held at the upper edge", 10, [&] { up.moveTo({295, 5}); });
     then("let go", [&] { up.lift(); });
     EXPECT_EQ(saved(), numbers(30));
 }

@@ -9,20 +9,12 @@ TEST_F(SwipeTest, MoreThanHalfToTheRightCompletesAndReopensAndToTheLeftDeletes)
 {
     start({"One", "Two"});
     for (const std::string what : {"completes", "reopens"}) {
-        then(
-            "half", [&] { swipe(0, 160); }, 0.1);
+        then("half", 0.1, [&] { swipe(0, 160); });
         host.advance(0.3);
         Finger finger = beginSwipe(0, 80);
-        then(
-            "more, and sideways only",
-            [&] {
-                finger.moveBy({81, 40});
-            },
-            0);
-        then(
-            what, [&] { finger.lift(); }, 0.1);
-        then(
-            "back in its place", [] {}, 0.1);
+        then("more, and sideways only", 0, [&] { finger.moveBy({81, 40}); });
+        then(what, 0.1, [&] { finger.lift(); });
+        then("back in its place", 0.1);
         EXPECT_EQ(row(0).label->strikeThrough(), what == "completes");
         EXPECT_EQ(row(0).itemCompleteLayer->isHidden(), what == "reopens");
     }
@@ -42,12 +34,7 @@ TEST_F(SwipeTest, DiagonalAndSteepStartsAreTheTables)
     start(numbers(20));
     for (const CGVector way : {CGVector{-40, -40}, CGVector{40, -41}, CGVector{41, -40}}) {
         Finger finger(host, {100, 300});
-        then(
-            "another start",
-            [&] {
-                finger.moveBy(way, 4), finger.moveBy({-50, -200});
-            },
-            0);
+        then("another start", 0, [&] { finger.moveBy(way, 4), finger.moveBy({-50, -200}); });
         then("let go", [&] { finger.hold(), finger.lift(); });
     }
     EXPECT_EQ(takeLines("gestureRecognizerShouldBegin").size(), 3u);

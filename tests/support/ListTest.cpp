@@ -118,17 +118,6 @@ Lines ListTest::saved()
     return notes ? textsOf(*notes) : Lines{"no list"};
 }
 
-void ListTest::expectAllInPlace()
-{
-    const CGFloat width = table().bounds().size.width;
-    for (const auto& cell : rows()) {
-        EXPECT_EQ(cell->transform(), CGAffineTransform::identity());
-        EXPECT_EQ(
-            cell->frame(), CGRectMake(0, 60.0 * static_cast<CGFloat>(*table().placeOf(*cell)), width, 60));
-        EXPECT_EQ(cell->layer().presented(host.clock().now()).opacity, 1);
-    }
-}
-
 Lines ListTest::filesInDocuments()
 {
     Lines names;
@@ -230,13 +219,6 @@ void ListTest::scroll(CGFloat points)
     finger.hold();
     finger.lift();
     host.advance(0.05);
-}
-
-void ListTest::flick(CGFloat points)
-{
-    Finger finger(host, {200, points < 0 ? 460.0 : 20.0});
-    finger.moveBy({0, points}, 5);
-    finger.lift();
 }
 
 void ListTest::type(const std::string& text)

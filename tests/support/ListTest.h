@@ -51,9 +51,6 @@ protected:
     Lines saved();
     std::shared_ptr<UIViewController> presented() const { return list().presentedViewController(); }
 
-    /// No row in sight is moved, aside or pale.
-    void expectAllInPlace();
-
     Lines filesInDocuments();
     /// Puts a setting in the store, before the start or between two appearances of the list.
     void set(const std::string& key, const std::string& value);
@@ -84,8 +81,6 @@ protected:
     void movePull(Finger&, CGFloat depth);
     /// Drags the list by so many points and lets go when it stands; upwards is negative.
     void scroll(CGFloat points);
-    /// Throws the list upwards (negative) or downwards.
-    void flick(CGFloat points);
     /// Types over the whole text that is being edited, and presses return.
     void type(const std::string& text);
 

@@ -33,7 +33,7 @@ void Story::TearDown()
         .compare(std::string(test.test_suite_name()) + "." + test.name(), m_lines);
 }
 
-void Story::then(const std::string& what, const std::function<void()>& deed, double seconds)
+void Story::then(const std::string& what, double seconds, const std::function<void()>& deed)
 {
     m_lines.push_back("== " + what);
     deed();

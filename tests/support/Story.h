@@ -12,7 +12,9 @@ protected:
     void TearDown() override;
 
     /// Does it, lets time pass, and tells what is another than before.
-    void then(const std::string& what, const std::function<void()>& deed, double seconds = 1);
+    void then(
+        const std::string& what, double seconds, const std::function<void()>& deed = [] {});
+    void then(const std::string& what, const std::function<void()>& deed) { then(what, 1, deed); }
 
     /// From now on the lines that the program writes are told, too: at once, and those that come later.
     void tellLines();

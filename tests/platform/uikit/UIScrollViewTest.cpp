@@ -10,6 +10,13 @@ protected:
     UIScrollViewTest() { start(Lines(40, "note")); }
 
     CGFloat offset() const { return table().contentOffset().y; }
+    /// Throws the list upwards (negative) or downwards.
+    void flick(CGFloat points)
+    {
+        Finger finger(host, {200, points < 0 ? 460.0 : 20.0});
+        finger.moveBy({0, points}, 5);
+        finger.lift();
+    }
 };
 
 TEST_F(UIScrollViewTest, TheContentFollowsTheFingerAndGivesLessAndLessPastItsEnd)
@@ -51,6 +58,13 @@ TEST_F(UIScrollViewTest, AFlickRunsOnSlowerAndSlowerAndBouncesAtTheEnd)
     EXPECT_GT(first, 100);
     EXPECT_GT(second, 10);
     EXPECT_LT(second, first);
+
+    Finger slow(host, {200, 400});
+    slow.moveBy({0, -60});
+    slow.lift();
+    const CGFloat letGo = offset();
+    host.advance(1);
+    EXPECT_GT(offset(), letGo + 10);
 
     CGFloat farthest = 0;
     for (int i = 0; i < 6; ++i) {
@@ -119,7 +133,10 @@ TEST_F(UIScrollViewTest, TheWheelStopsAtTheEndsAndAShortListIsOnlyPulled)
     EXPECT_EQ(offset(), 0);
     Finger finger(host, {200, 300});
     finger.moveBy({0, -150});
-    EXPECT_GT(offset(), 0);
+    const CGFloat pulled = offset();
+    EXPECT_GT(pulled, 0);
+    host.wheel({100, 100}, 10);
+    EXPECT_EQ(offset(), pulled) << "a finger has it";
     finger.lift();
     host.advance(2);
     EXPECT_EQ(offset(), 0);

@@ -39,6 +39,17 @@ TEST_F(UITouchDispatcherTest, ASlipOfTheFingerIsStillATapAndMoreIsNot)
     EXPECT_FALSE(host.textInput().isEditing());
 }
 
+TEST_F(UITouchDispatcherTest, AFingerThatComesDuringAGestureIsNotListenedTo)
+{
+    Finger swiping = beginSwipe(0, 100);
+    Finger other(host, {20, 90}, 2);
+    other.lift();
+    EXPECT_FALSE(host.textInput().isEditing());
+    swiping.moveBy({100, 0});
+    swiping.lift();
+    EXPECT_EQ(saved(), (Lines{"x One", "Two", "Three"}));
+}
+
 TEST_F(UITouchDispatcherTest, AButtonIsPressedWhereTheFingerLeavesIt)
 {
     Finger finger(host, {28, 508});
