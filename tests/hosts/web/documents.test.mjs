@@ -36,20 +36,25 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
     await list.tapOn("OK");
     await list.untilKept("New", "One", "x Two");
 
-    const dataTransfer = await list.page.evaluateHandle(() => {
-        const dragged = new DataTransfer();
-        dragged.items.add(new File(["Dropped\n"], "list.txt"));
-        return dragged;
-    });
-    await list.page.dispatchEvent("body", "drop", { dataTransfer });
-    await list.untilKept("Dropped", "New", "One", "x Two");
+    const drop = async (...texts) => {
+        const dataTransfer = await list.page.evaluateHandle((contents) => {
+            const dragged = new DataTransfer();
+            contents.forEach((text) => dragged.items.add(new File([text], "list.txt")));
+            return dragged;
+        }, texts);
+        await list.page.dispatchEvent("body", "drop", { dataTransfer });
+    };
+    await list.tapOn("Information");
+    await drop("First\n", "Second\n");
+    await list.tapOn("Close");
+    await list.untilKept("Second", "First", "New", "One", "x Two");
     await list.page.evaluate(() => {
         File.prototype.arrayBuffer = () => Promise.reject(new DOMException("gone", "NotReadableError"));
     });
-    await list.page.dispatchEvent("body", "drop", { dataTransfer });
+    await drop("Third\n");
     await list.tab.until("it is told", () => document.body.textContent.includes("The file cannot be read."));
     await list.tapOn("OK");
-    await list.untilKept("Dropped", "New", "One", "x Two");
+    await list.untilKept("Second", "First", "New", "One", "x Two");
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {

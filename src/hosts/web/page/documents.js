@@ -65,19 +65,18 @@ export class Documents {
 }
 
 /**
- * A file that is dropped on the page goes to the program: left to the browser, it would take the place of the page.
+ * Files that are dropped on the page go to the program: left to the browser, one would take the place of the page.
  * Text that is dragged inside an editor is the editor's affair.
- * `use` gets what is in it, or undefined when it cannot be read.
- * @param {(bytes: Uint8Array | undefined) => void} use
+ * `use` gets what is in each, or undefined when it cannot be read.
+ * @param {(files: Promise<Uint8Array | undefined>[]) => void} use
  */
 export function listenToFiles(use) {
     const hasFiles = (/** @type {DragEvent} */ event) => event.dataTransfer?.types.includes("Files") === true;
     addEventListener("dragover", (event) => hasFiles(event) && event.preventDefault());
-    addEventListener("drop", async (event) => {
-        const file = hasFiles(event) && event.dataTransfer?.files[0];
-        if (file) {
+    addEventListener("drop", (event) => {
+        if (hasFiles(event)) {
             event.preventDefault();
-            use(await contents(file));
+            use(Array.from(event.dataTransfer?.files ?? [], contents));
         }
     });
 }

@@ -38,6 +38,15 @@ export class Launches {
         }
     }
 
+    /** Opens these one after the other. @param {Promise<Uint8Array | undefined>[]} files */
+    async open(files) {
+        for (const file of files) {
+            const bytes = await file;
+            this.#waiting.push(() => this.#open(bytes));
+        }
+        this.#goOn();
+    }
+
     /** To be called when the list is on the screen. */
     listen() {
         const opened = location.href;
@@ -49,11 +58,7 @@ export class Launches {
                 this.#take(targetURL, () => {});
             }
             isFirst = false;
-            for (const handle of files ?? []) {
-                const bytes = await handle.getFile().then(contents, () => undefined);
-                this.#waiting.push(() => this.#open(bytes));
-            }
-            this.#goOn();
+            await this.open((files ?? []).map((handle) => handle.getFile().then(contents, () => undefined)));
         });
         this.#goOn();
     }

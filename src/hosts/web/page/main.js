@@ -114,8 +114,8 @@ function connect(program, { screen, editor, mirror, menu }) {
         pointer.cancelMouse();
         tellState();
     });
-    listenToFiles(open);
     const launches = new Launches(() => Boolean(press(insertKey, false, false, false)), open);
+    listenToFiles((files) => launches.open(files));
     screen.painted.then(() => launches.listen());
     const leave = () => {
         pointer.cancel();
