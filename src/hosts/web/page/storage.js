@@ -3,30 +3,13 @@
  * task goes to the database in one transaction, so that it gets there whole or not at all, and goes there
  * without waiting for any answer, so that it gets there even when the page is closed in the next moment.
  *
- * A page that opens the files takes the next number as their owner. Each transaction ends by saying in a probe
- * that the number after the page's own is free: where another page has it, the database refuses this, and with it
- * the whole transaction. So a page that was replaced, however long it was frozen, writes nothing. It is the last
- * thing that a transaction does, as Firefox, once it was told to commit, overlooks what fails before that.
- *
  * What the database refuses, or is too slow to take, is kept and tried again: alone after some time, and together
  * with what is written next.
  */
 
+import { asOwner, claim, inTime, isUsed, openDatabase } from "./database.js";
+import { claimWithFormerFiles } from "./former.js";
 import { ownName } from "./memory.js";
-import { formerName, whileFormerListRests } from "./tab.js";
-
-const databaseVersion = 2;
-/** Of the database that all folders of a site had. */
-const formerVersion = 1;
-
-// Where the probe stands among the owners.
-const probe = 0;
-
-// A number may be forgotten when nobody can be left whom it would stop.
-const keptOwners = 1000;
-
-// How many milliseconds the browser may take to open the database, or for a transaction.
-const patience = 15000;
 
 // How many milliseconds a write may take until it counts as failed. It may come to its end later.
 const writePatience = 3000;
@@ -319,158 +302,9 @@ export class Storage {
     }
 }
 
-// Rejects when this takes too long: a frozen page, or a disk that hangs, may stand in the way for good.
-/** @template T @param {Promise<T>} promise @param {number} time @param {() => void} [onTooLate] @returns {Promise<T>} */
-function inTime(promise, time, onTooLate) {
-    let timer = 0;
-    /** @type {Promise<never>} */
-    const tooLate = new Promise((_, reject) => {
-        timer = setTimeout(() => {
-            onTooLate?.();
-            reject(new Error("the browser does not answer"));
-        }, time);
-    });
-    return Promise.race([promise, tooLate]).finally(() => clearTimeout(timer));
-}
-
 /** @param {Map<string, Uint8Array>} one @param {Map<string, Uint8Array>} other */
 function isSame(one, other) {
     return one.size === other.size && Array.from(one).every(([path, bytes]) => other.get(path) === bytes);
-}
-
-/** Rejects with an AbortError where there is none that is to be there already. @param {string} name @param {boolean} mustExist */
-function openDatabase(name, mustExist) {
-    /** @type {Promise<IDBDatabase>} */
-    const opening = new Promise((resolve, reject) => {
-        const request = indexedDB.open(name, mustExist ? formerVersion : databaseVersion);
-        request.onupgradeneeded = ({ oldVersion }) => {
-            const transaction = /** @type {IDBTransaction} */ (request.transaction);
-            if (mustExist) {
-                transaction.abort();
-                return;
-            }
-            if (oldVersion === 0) {
-                request.result.createObjectStore("files");
-                request.result.createObjectStore("owners");
-            }
-            transaction.objectStore("owners").createIndex("number", "number", { unique: true });
-        };
-        request.onsuccess = () => {
-            // Whoever deletes the database, or makes it anew for a later version, waits for this.
-            request.result.onversionchange = () => request.result.close();
-            resolve(request.result);
-        };
-        request.onerror = () => reject(request.error);
-    });
-    return inTime(opening, patience, () => opening.then((database) => database.close(), () => {}));
-}
-
-/** Whether some page has had its files in it. @param {IDBDatabase} database */
-async function isUsed(database) {
-    let count = 0;
-    await inTransaction(database, "readonly", (transaction) => {
-        const counting = transaction.objectStore("owners").count();
-        counting.onsuccess = () => {
-            count = counting.result;
-        };
-    });
-    return count > 0;
-}
-
-// Once all folders of a site had one list. The first of them that is opened since takes it along: a copy is in its own
-// database before the other one is emptied, and nobody else can write there any more.
-/** @param {IDBDatabase} database */
-async function claimWithFormerFiles(database) {
-    const former = await openDatabase(formerName, true).catch((error) => {
-        if (error.name === "AbortError") {
-            return null;
-        }
-        throw error;
-    });
-    if (!former) {
-        return claim(database, 0);
-    }
-    return whileFormerListRests(async () => {
-        const { owner, files } = await claim(former, 0);
-        const claimed = await claim(database, 0, files);
-        await asOwner(former, owner, (store) => store.clear());
-        former.close();
-        return claimed;
-    });
-}
-
-// Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
-// become it since.
-// Files that are brought along are put where no page has had any.
-/** @param {IDBDatabase} database @param {number} formerOwner @param {Map<string, Uint8Array>} [brought] */
-async function claim(database, formerOwner, brought = new Map()) {
-    /** @type {Map<string, Uint8Array>} */
-    const files = new Map();
-    const claimed = { isOwned: true, owner: formerOwner, files };
-    await inTransaction(database, "readwrite", (transaction) => {
-        const owners = transaction.objectStore("owners");
-        const store = transaction.objectStore("files");
-        const search = owners.openKeyCursor(null, "prev");
-        search.onsuccess = () => {
-            const newest = Number(search.result?.key ?? formerOwner);
-            if (formerOwner > 0 && newest !== formerOwner) {
-                claimed.isOwned = false;
-                return;
-            }
-            claimed.owner = formerOwner > 0 ? formerOwner : newest + 1;
-            owners.delete(probe);
-            owners.put({ number: claimed.owner }, claimed.owner);
-            owners.delete(IDBKeyRange.upperBound(claimed.owner - keptOwners));
-            if (claimed.owner === 1) {
-                brought.forEach((bytes, path) => store.put(bytes, path));
-            }
-            const paths = store.getAllKeys();
-            const contents = store.getAll();
-            contents.onsuccess = () => {
-                paths.result.forEach((path, place) => files.set(String(path), contents.result[place]));
-            };
-        };
-    });
-    return claimed;
-}
-
-// False when another page has become the files' owner: nothing is changed then.
-/** @param {IDBDatabase} database @param {number} owner @param {(files: IDBObjectStore) => void} change */
-async function asOwner(database, owner, change) {
-    const successor = owner + 1;
-    let isRefused = false;
-    try {
-        await inTransaction(database, "readwrite", (transaction) => {
-            change(transaction.objectStore("files"));
-            const probing = transaction.objectStore("owners").put({ number: successor }, probe);
-            probing.onerror = () => {
-                isRefused = probing.error?.name === "ConstraintError";
-            };
-            transaction.commit();
-        });
-    } catch (error) {
-        if (!isRefused) {
-            throw error;
-        }
-    }
-    return !isRefused;
-}
-
-/** @param {IDBDatabase} database @param {IDBTransactionMode} mode @param {(transaction: IDBTransaction) => void} body */
-function inTransaction(database, mode, body) {
-    const transaction = database.transaction(["files", "owners"], mode, { durability: "strict" });
-    /** @type {Promise<void>} */
-    const ending = new Promise((resolve, reject) => {
-        transaction.oncomplete = () => resolve();
-        transaction.onabort = () => reject(transaction.error ?? new Error("the browser gave it up"));
-        try {
-            body(transaction);
-        } catch (error) {
-            reject(error);
-            transaction.abort();
-        }
-    });
-    return inTime(ending, patience, () => ending.catch(() => {}));
 }
 
 /** @param {Error} error */
