@@ -194,13 +194,13 @@ TEST_F(Accessibility, ShortMotionsAreWaitedForAndLongOnesNot)
             host.screen().requestFrame();
     };
     host.screen().requestFrame();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= 9; }, 2000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return frames >= 9; }));
     EXPECT_EQ(client.readings, 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.readings == 1; }, 500));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.readings == 1; }));
 
     client.onFrame = [&] { host.screen().requestFrame(); };
     host.screen().requestFrame();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return client.readings >= 3; }, 5000)) << "it never comes to rest";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return client.readings >= 3; })) << "it never comes to rest";
 }
 
 TEST_F(Accessibility, TheEditorIsThereWithItsName)

@@ -12,12 +12,12 @@ TEST_F(Frames, OneFrameForManyRequestsAndOnlyTheDamageIsDrawn)
     host.screen().requestFrame();
     host.screen().requestFrame();
     EXPECT_EQ(client.frames, 0);
-    QTest::qWait(100);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !client.drawn.empty(); }));
     EXPECT_EQ(client.frames, 1);
-    ASSERT_EQ(client.drawn.size(), 1u);
     EXPECT_EQ(client.drawn[0], CGRectMake(10, 20, 31, 40));
 
     host.screen().requestFrame();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return client.frames == 2; }));
     QTest::qWait(100);
     EXPECT_EQ(client.frames, 2);
     EXPECT_EQ(client.drawn.size(), 1u) << "nothing has changed";
@@ -29,8 +29,8 @@ TEST_F(Frames, KeepTheDisplaysPaceAlsoWhereNothingIsPainted)
     host.screen().requestFrame();
     const double start = host.clock().now();
     QTest::qWait(300);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return client.frames > 2; }));
     const double fastestDisplay = 240;
-    EXPECT_GT(client.frames, 2);
     EXPECT_LE(client.frames, 2 + fastestDisplay * (host.clock().now() - start));
 }
 
@@ -53,8 +53,8 @@ TEST_F(Frames, FramesWaitUntilTheWindowIsSeen)
     QTest::qWait(60);
     EXPECT_EQ(client.frames, 0);
     host.widget().show();
-    EXPECT_TRUE(QTest::qWaitFor(
-        [this] { return client.frames > 0 && client.states.back() == HostState::active; }, 1000));
+    EXPECT_TRUE(
+        QTest::qWaitFor([this] { return client.frames > 0 && client.states.back() == HostState::active; }));
     EXPECT_EQ(client.states.front(), HostState::background);
 }
 
@@ -63,7 +63,7 @@ TEST_F(Frames, WakesOnceAtTheLastMomentAskedFor)
     const double start = host.clock().now();
     host.clock().wakeAt(start + 3600 * 24 * 365.0);
     host.clock().wakeAt(start + 0.03);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return client.wakes > 0; }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return client.wakes > 0; }));
     EXPECT_GE(host.clock().now(), start + 0.03);
     host.clock().wakeAt(host.clock().now() + 0.01);
     host.clock().wakeAt(std::numeric_limits<double>::infinity());

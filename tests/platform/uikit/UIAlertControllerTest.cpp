@@ -6,12 +6,13 @@ namespace {
 
 class UIAlertControllerTest : public ListTest {
 protected:
-    std::shared_ptr<UIAlertController> ask(std::optional<std::string> message, const Lines& buttons)
+    std::shared_ptr<UIAlertController> ask(const Lines& buttons)
     {
-        auto alert = std::make_shared<UIAlertController>("Question", std::move(message));
+        auto alert = std::make_shared<UIAlertController>("Question", std::nullopt);
         for (const std::string& button : buttons)
             alert->addAction(
-                {button, UIAlertActionStyle::standard, [this, button] { m_answers.push_back(button); }});
+                {button, button == "No" ? UIAlertActionStyle::destructive : UIAlertActionStyle::standard,
+                    [this, button] { m_answers.push_back(button); }});
         list().present(alert, true);
         return alert;
     }
@@ -28,7 +29,7 @@ protected:
 TEST_F(UIAlertControllerTest, TwoButtonsStandSideBySide)
 {
     start({"One"});
-    ask({}, {"No", "Yes"});
+    ask({"No", "Yes"});
     host.advance(0.05);
     EXPECT_EQ(middleOf("Yes").y, middleOf("No").y);
     EXPECT_LT(middleOf("No").x, middleOf("Yes").x);
@@ -52,10 +53,7 @@ TEST_F(UIAlertControllerTest, EnterAndSpacePressTheStandardButtonUnlessTheyArePo
     start({"One"});
     for (const bool tabs : {false, true}) {
         for (const HostKey key : {HostKey::enter, HostKey::space}) {
-            const auto alert = std::make_shared<UIAlertController>("Question", std::nullopt);
-            alert->addAction({"No", UIAlertActionStyle::destructive, [this] { m_answers.push_back("No"); }});
-            alert->addAction({"Yes", UIAlertActionStyle::standard, [this] { m_answers.push_back("Yes"); }});
-            list().present(alert, true);
+            ask({"No", "Yes"});
             host.advance(0.5);
             if (tabs)
                 host.press(HostKey::tab);
@@ -98,10 +96,10 @@ TEST_F(UIAlertControllerTest, OneAtATimeAndTypingEndsBefore)
     start({"One"});
     tapWords(0);
     host.textInput().replaceText("Uno");
-    const auto first = ask({}, {"OK"});
+    const auto first = ask({"OK"});
     EXPECT_FALSE(host.textInput().isEditing());
     EXPECT_EQ(saved(), (Lines{"Uno"}));
-    ask({}, {"Second"});
+    ask({"Second"});
     EXPECT_EQ(presented(), first);
 }
 
