@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""What a Wayland compositor does to a window: its scale, its size, a screen that goes away and comes back.
+"""What a Wayland compositor does to a window: its scale, its size, a screen that goes away and comes back, and who is in
+front.
 
 usage: compositor.py PROGRAM [FOLDER FOR PICTURES]
 """
 
 import os
+import subprocess
 import sys
 import tempfile
 import time
@@ -21,6 +23,18 @@ def delete_and_take_back(program, size):
     program.tap(84, size[1] - 28)
     wait_for(lambda: program.texts() == before, f"taken back at {size}")
     time.sleep(0.6)
+
+
+def call_to_front(program):
+    """By a second start, where another window is in front."""
+    SCREEN.sway("focus_on_window_activation", "focus")
+    executable = program.process.args[0]
+    with tempfile.TemporaryDirectory() as home, Program(executable, home):
+        assert not SCREEN.is_in_front(program.window)
+        environment = dict(os.environ, HOME=program.home, XDG_RUNTIME_DIR=program.home,
+                           XDG_ACTIVATION_TOKEN=SCREEN.permission())
+        subprocess.run([executable], env=environment, check=True, timeout=10)
+        wait_for(lambda: SCREEN.is_in_front(program.window), "the first window is in front")
 
 
 def use(program):
@@ -41,6 +55,7 @@ def use(program):
         SCREEN.sway("output", "*", state)
         time.sleep(0.5)
     program.add_by_pulling("Another screen")
+    call_to_front(program)
     program.quit()
 
 

@@ -41,7 +41,7 @@ class Connection:
         self.socket = socket.socket(socket.AF_UNIX)
         self.socket.connect(os.environ["WAYLAND_DISPLAY"])
         self.last = self.REGISTRY
-        self.unread = b""
+        self.unread = self.body = b""
         self.globals = {}
         self.request(self.DISPLAY, 1, self.REGISTRY)
         self.settle()
@@ -87,12 +87,16 @@ class Connection:
             assert received, "the compositor is gone"
             self.unread += received
         sender, number, size = struct.unpack_from("=IHH", self.unread)
-        body, self.unread = self.unread[8:size], self.unread[size:]
-        assert (sender, number) != (self.DISPLAY, 0), f"the compositor refuses: {body}"
+        self.body, self.unread = self.unread[8:size], self.unread[size:]
+        assert (sender, number) != (self.DISPLAY, 0), f"the compositor refuses: {self.body}"
         if (sender, number) == (self.REGISTRY, 0):
-            name, length = struct.unpack_from("=II", body)
-            self.globals[body[8:8 + length - 1].decode()] = name
+            self.globals[self.text(4)] = struct.unpack_from("=I", self.body)[0]
         return sender
+
+    def text(self, place):
+        """What is written at this place of the last event."""
+        length, = struct.unpack_from("=I", self.body, place)
+        return self.body[place + 4:place + 4 + length - 1].decode()
 
 
 class Screen:
@@ -136,6 +140,19 @@ class Screen:
 
     def window_of(self, process):
         return next((window["id"] for window in self.windows() if window["pid"] == process), None)
+
+    def is_in_front(self, window):
+        return any(found["focused"] for found in self.windows() if found["id"] == window)
+
+    def permission(self):
+        """To bring a window to the front, as a desktop gives it to what it starts."""
+        connection = self.connection
+        manager, token = connection.bind("xdg_activation_v1"), connection.new()
+        connection.request(manager, 1, token)
+        connection.request(token, 3)
+        while connection.event() != token:
+            pass
+        return connection.text(0)
 
     def resize(self, window, width, height):
         # About its middle, so that it must be brought into sight again.
