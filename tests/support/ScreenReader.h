@@ -76,7 +76,7 @@ private:
         if (around.label == label)
             return around;
         for (const AccessibilityElement& child : around.children) {
-            const AccessibilityElement inside = found(child, label);
+            AccessibilityElement inside = found(child, label);
             if (inside.identifier != 0)
                 return inside;
         }
