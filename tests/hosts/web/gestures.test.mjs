@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { only } from "./harness/phone.mjs";
+import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -14,7 +14,7 @@ async function begin(...notes) {
 
 const isGreen = ([red, green, blue]) => green > 1.5 * red && green > 1.5 * blue;
 
-test("the first launch asks once, shows the tutorial, and has a note to try things on", async () => {
+test("the first launch asks once, shows the tutorial, and has a note to try things on", sameEverywhere, async () => {
     list = await List.first(site);
     await list.appears("Yes");
     await list.atRest();

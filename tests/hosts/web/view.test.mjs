@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { only } from "./harness/phone.mjs";
+import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -63,7 +63,7 @@ for (const scale of [1, 2, 2.625]) {
     });
 }
 
-test("nothing is drawn while nothing changes", async () => {
+test("nothing is drawn while nothing changes", sameEverywhere, async () => {
     const list = await List.with(site, ["One", "Two"]);
     const assertIdle = async () => {
         await list.atRest();
