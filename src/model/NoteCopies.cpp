@@ -79,15 +79,15 @@ Notes notesOfText(std::string_view text)
 
 } // namespace
 
-Result<Notes> notesIn(const ArchivedValue& root)
+Result<Notes> notesIn(const std::shared_ptr<Object>& root)
 {
-    const ArchivedValue::Array* const array = root.array();
+    const auto* const array = dynamic_cast<const KeyedUnarchiver::Array*>(root.get());
     if (!array)
         return Error{"The archive's root is not a list of notes"};
     Notes notes;
-    notes.reserve(array->size());
-    for (const ArchivedValue& element : *array) {
-        auto note = std::dynamic_pointer_cast<ToDoItem2>(element.object());
+    notes.reserve(array->elements.size());
+    for (const auto& element : array->elements) {
+        auto note = std::dynamic_pointer_cast<ToDoItem2>(element);
         if (!note)
             return Error{"The archive's list holds something that is not a note"};
         notes.push_back(std::move(note));
@@ -112,7 +112,7 @@ std::string textOfNotes(const Notes& notes)
 
 Result<Notes> archivedNotes(std::string_view bytes)
 {
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
+    const auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
     return root ? notesIn(*root) : Result<Notes>(root.error());
 }
 

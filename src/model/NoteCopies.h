@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ArchivedValue.h"
+#include "Object.h"
 #include "Result.h"
 #include "ToDoItem2.h"
 #include <memory>
@@ -13,7 +13,7 @@ namespace velmorath {
 using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
 
 /// The notes of an archive's root; an error when it is anything else than a list of notes.
-Result<Notes> notesIn(const ArchivedValue& root);
+Result<Notes> notesIn(const std::shared_ptr<Object>& root);
 
 /// A list for people and other programs to read: a line for each note, "- [ ] " or "- [x] " before it, and
 /// the further lines of a note indented.

@@ -36,7 +36,7 @@ std::vector<std::shared_ptr<ToDoItem2>> SalvoEPrelevoDatiDaFile::UnarchiveResult
         print("error : " + bytes.error().description);
         return {};
     }
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+    const auto root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
     if (!root) {
         FileManager::standard().markUnreadable(path);
         print("error : " + root.error().description);

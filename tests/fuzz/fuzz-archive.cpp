@@ -1,6 +1,6 @@
 #include "KeyedArchiver.h"
-#include "KeyedUnarchiver.h"
 #include "ManyNotes.h"
+#include "NoteCopies.h"
 #include <cstdint>
 #include <cstdlib>
 
@@ -11,20 +11,13 @@ namespace {
 // Nothing where the program would not take what was read for its list.
 std::optional<Notes> read(std::string_view bytes)
 {
-    auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
+    auto notes = archivedNotes(bytes);
+    if (notes)
+        return *notes;
     // An error says on one line what is wrong.
-    if (!root
-        && (root.error().description.empty() || root.error().description.find('\n') != std::string::npos))
+    if (notes.error().description.empty() || notes.error().description.find('\n') != std::string::npos)
         std::abort();
-    if (!root || !root->array())
-        return {};
-    Notes notes;
-    for (auto& element : *root->array()) {
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-        if (!notes.back())
-            return {};
-    }
-    return notes;
+    return {};
 }
 
 } // namespace

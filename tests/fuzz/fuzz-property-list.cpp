@@ -1,4 +1,4 @@
-#include "PropertyListSerialization.h"
+#include "PropertyList.h"
 #include <cstdint>
 #include <cstdlib>
 
@@ -6,13 +6,13 @@ using namespace velmorath;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    auto value = parseBinaryPropertyList({reinterpret_cast<const char*>(data), size});
+    auto value = PropertyList::parse({reinterpret_cast<const char*>(data), size});
     if (!value)
         return 0;
     // What could be read is written, and read again, and the same. As bytes, for a number may be none.
-    auto written = binaryPropertyList(*value);
-    auto again = parseBinaryPropertyList(written);
-    if (!again || binaryPropertyList(*again) != written)
+    auto written = value->binary();
+    auto again = PropertyList::parse(written);
+    if (!again || again->binary() != written)
         std::abort();
     return 0;
 }

@@ -1,7 +1,7 @@
 #include "ProgramState.h"
 #include "Bundle.h"
 #include "CATimeline.h"
-#include "KeyedUnarchiver.h"
+#include "NoteCopies.h"
 #include "UserDefaults.h"
 
 namespace velmorath {
@@ -23,13 +23,8 @@ std::optional<std::vector<std::shared_ptr<ToDoItem2>>> savedNotes(HeadlessHost& 
     const Result<std::string> bytes = host.files().read(archivePath(host));
     if (!bytes)
         return {};
-    const Result<ArchivedValue> root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
-    if (!root || !root->array())
-        return {};
-    std::vector<std::shared_ptr<ToDoItem2>> notes;
-    for (const ArchivedValue& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-    return notes;
+    const Result<Notes> notes = archivedNotes(*bytes);
+    return notes ? std::optional(*notes) : std::nullopt;
 }
 
 } // namespace velmorath

@@ -1,9 +1,6 @@
 #include "BinaryPropertyListReader.h"
-#include "BitCast.h"
 #include "Unicode.h"
-#include <algorithm>
 #include <optional>
-#include <utility>
 
 namespace velmorath {
 namespace {
@@ -35,47 +32,6 @@ std::string_view take(std::string_view& bytes, std::size_t count)
     return taken;
 }
 
-Object integer(std::string_view bytes)
-{
-    Object object;
-    object.kind = Kind::integer;
-    object.integer = static_cast<std::int64_t>(number(bytes.data(), std::min<std::size_t>(bytes.size(), 8)));
-    if (bytes.size() == 16) {
-        auto high = std::exchange(object.integer, static_cast<std::int64_t>(number(bytes.data() + 8, 8)));
-        if (high != (object.integer < 0 ? -1 : 0))
-            object.kind = Kind::wideInteger;
-    }
-    return object;
-}
-
-Object real(std::string_view bytes)
-{
-    Object object;
-    object.kind = Kind::real;
-    auto bits = number(bytes.data(), bytes.size());
-    object.real = bytes.size() == 8 ? bitCast<double>(bits)
-                                    : static_cast<double>(bitCast<float>(static_cast<std::uint32_t>(bits)));
-    return object;
-}
-
-Object uid(std::string_view bytes)
-{
-    Object object;
-    object.kind = Kind::uid;
-    constexpr std::int64_t nowhere = -1;
-    object.integer =
-        bytes.size() > 8 ? nowhere : static_cast<std::int64_t>(number(bytes.data(), bytes.size()));
-    return object;
-}
-
-Object singleton(unsigned low)
-{
-    Object object;
-    object.kind = low == 0 ? Kind::null : low == 8 || low == 9 ? Kind::boolean : Kind::invalid;
-    object.boolean = low == 9;
-    return object;
-}
-
 // A number or something else without a count. Its size is in the marker.
 Object scalar(std::string_view bytes)
 {
@@ -84,29 +40,36 @@ Object scalar(std::string_view bytes)
     std::size_t size = marker >> 4 == 0 ? 0 : marker >> 4 == 8 ? low + 1 : std::size_t(1) << low;
     if (size >= bytes.size())
         return {};
-    auto payload = bytes.substr(1, size);
+    const char* payload = bytes.data() + 1;
+    // Of what is wider, the part that counts.
+    auto value = size > 8 ? number(payload + size - 8, 8) : number(payload, size);
     Object object;
+    object.bytes = bytes.substr(0, 1 + size);
+    object.integer = static_cast<std::int64_t>(value);
     switch (marker >> 4) {
     case 0x0:
-        object = singleton(low);
+        object.kind = low == 0 ? Kind::null : low == 8 || low == 9 ? Kind::boolean : Kind::invalid;
+        object.boolean = low == 9;
         break;
-    case 0x1:
-        if (size <= 16)
-            object = integer(payload);
-        break;
-    case 0x2:
-        if (size == 4 || size == 8)
-            object = real(payload);
-        break;
-    case 0x3:
-        if (size == 8)
-            object.kind = Kind::date;
-        break;
-    case 0x8:
-        object = uid(payload);
+    case 0x1: {
+        bool isWide = size == 16 && number(payload, 8) != (object.integer < 0 ? ~std::uint64_t{0} : 0);
+        object.kind = size > 16 ? Kind::invalid : isWide ? Kind::wideInteger : Kind::integer;
         break;
     }
-    object.bytes = bytes.substr(0, 1 + size);
+    case 0x2:
+        object.kind = size == 4 || size == 8 ? Kind::real : Kind::invalid;
+        object.real = size == 8
+            ? __builtin_bit_cast(double, value)
+            : static_cast<double>(__builtin_bit_cast(float, static_cast<std::uint32_t>(value)));
+        break;
+    case 0x3:
+        object.kind = size == 8 ? Kind::date : Kind::invalid;
+        break;
+    case 0x8:
+        object.kind = Kind::uid;
+        object.integer = size > 8 ? -1 : object.integer;
+        break;
+    }
     return object;
 }
 

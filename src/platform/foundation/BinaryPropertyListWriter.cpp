@@ -1,5 +1,4 @@
 #include "BinaryPropertyListWriter.h"
-#include "BitCast.h"
 #include "Unicode.h"
 #include <limits>
 
@@ -47,29 +46,6 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addString(std::str
     return reference;
 }
 
-BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addInteger(std::int64_t integer)
-{
-    auto reference = beginObject();
-    m_bytes += '\x13';
-    put<8>(grow(8), static_cast<std::uint64_t>(integer));
-    return reference;
-}
-
-BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addReal(double real)
-{
-    auto reference = beginObject();
-    m_bytes += '\x23';
-    put<8>(grow(8), bitCast<std::uint64_t>(real));
-    return reference;
-}
-
-BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addBoolean(bool boolean)
-{
-    auto reference = beginObject();
-    m_bytes += boolean ? '\x09' : '\x08';
-    return reference;
-}
-
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addData(std::string_view data)
 {
     auto reference = beginObject();
@@ -78,12 +54,28 @@ BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addData(std::strin
     return reference;
 }
 
-BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addUID(std::uint32_t uid)
+template <std::size_t size>
+BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addNumber(char marker, std::uint64_t number)
 {
     auto reference = beginObject();
-    m_bytes += '\x83';
-    put<4>(grow(4), uid);
+    m_bytes += marker;
+    put<size>(grow(size), number);
     return reference;
+}
+
+BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addInteger(std::int64_t integer)
+{
+    return addNumber<8>('\x13', static_cast<std::uint64_t>(integer));
+}
+
+BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addReal(double real)
+{
+    return addNumber<8>('\x23', __builtin_bit_cast(std::uint64_t, real));
+}
+
+BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addUID(std::uint32_t uid)
+{
+    return addNumber<4>('\x83', uid);
 }
 
 BinaryPropertyListWriter::Reference BinaryPropertyListWriter::addStored(std::string_view bytes)

@@ -24,7 +24,7 @@ public:
     Reference addString(std::string_view utf8);
     Reference addInteger(std::int64_t);
     Reference addReal(double);
-    Reference addBoolean(bool);
+    Reference addBoolean(bool boolean) { return addStored(boolean ? "\x09" : "\x08"); }
     Reference addData(std::string_view);
     Reference addUID(std::uint32_t);
     /// An object as it is stored: the `bytes` of one that the reader met.
@@ -37,6 +37,7 @@ public:
     std::string finish(Reference root);
 
 private:
+    template <std::size_t size> Reference addNumber(char marker, std::uint64_t number);
     Reference beginObject();
     void appendMarker(unsigned kind, std::size_t count);
     void appendReferences(std::span<const Reference>);

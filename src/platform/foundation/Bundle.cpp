@@ -18,8 +18,6 @@ std::optional<StringsTable> readTable(const std::string& language)
 {
     auto& files = Host::current().files();
     auto path = files.resourceDirectory() + "/strings/" + language + ".strings";
-    if (!files.exists(path))
-        return {};
     auto bytes = files.read(path);
     return bytes ? std::optional(parseStringsTable(*bytes)) : std::nullopt;
 }
@@ -49,6 +47,24 @@ StringsTable tableOfTheUser()
 
 } // namespace
 
+StringsTable parseStringsTable(std::string_view utf8)
+{
+    constexpr std::string_view between = "\" = \"";
+    constexpr std::string_view end = "\";";
+    StringsTable table;
+    while (!utf8.empty()) {
+        const std::string_view line = utf8.substr(0, utf8.find('\n'));
+        utf8.remove_prefix(std::min(line.size() + 1, utf8.size()));
+        const std::size_t middle = line.find(between, 1);
+        if (middle == std::string_view::npos || line.front() != '"')
+            continue;
+        const std::string_view value = line.substr(middle + between.size());
+        if (value.ends_with(end))
+            table.emplace(line.substr(1, middle - 1), value.substr(0, value.size() - end.size()));
+    }
+    return table;
+}
+
 Bundle& Bundle::main()
 {
     static Bundle bundle;
@@ -59,10 +75,7 @@ std::optional<std::string> Bundle::path(std::string_view forResource, std::strin
 {
     auto& files = Host::current().files();
     for (auto folder : {"/sounds/", "/pictures/"}) {
-        auto path = files.resourceDirectory() + folder;
-        path += forResource;
-        path += '.';
-        path += ofType;
+        auto path = files.resourceDirectory() + folder + std::string(forResource) + "." + std::string(ofType);
         if (files.exists(path))
             return path;
     }

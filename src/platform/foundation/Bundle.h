@@ -1,11 +1,18 @@
 #pragma once
 
 #include "PropertyList.h"
-#include "StringsTable.h"
+#include <map>
 #include <optional>
 #include <vector>
 
 namespace velmorath {
+
+/// From the English texts to those of another language.
+using StringsTable = std::map<std::string, std::string, std::less<>>;
+
+/// Reads lines such as `"key" = "value";`, in which everything stands for itself. A line that looks otherwise
+/// is left out.
+StringsTable parseStringsTable(std::string_view utf8);
 
 /// The program's own resources: sounds/, pictures/ and strings/ in the host's resource folder.
 class Bundle {

@@ -18,16 +18,6 @@ Result<std::string> FileManager::read(const std::string& path)
     return bytes;
 }
 
-void FileManager::markUnreadable(const std::string& path)
-{
-    m_unreadable.insert(path);
-}
-
-void FileManager::markRead(const std::string& path)
-{
-    m_unreadable.erase(path);
-}
-
 void FileManager::replace(
     const std::string& path, std::string_view bytes, const std::function<void(bool)>& completion)
 {

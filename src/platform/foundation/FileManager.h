@@ -18,9 +18,9 @@ public:
     Result<std::string> read(const std::string& path);
 
     /// To be said by whoever could read a file's bytes but could make nothing of them.
-    void markUnreadable(const std::string& path);
+    void markUnreadable(const std::string& path) { m_unreadable.insert(path); }
     /// By whoever could read it after all, and has everything that is in it.
-    void markRead(const std::string& path);
+    void markRead(const std::string& path) { m_unreadable.erase(path); }
 
     /// The completion gets false when the bytes could not be written, or when an unreadable file could not
     /// be put aside. The old file is kept then. It is called once, now or before the next frame.

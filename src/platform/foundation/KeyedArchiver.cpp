@@ -1,5 +1,4 @@
 #include "KeyedArchiver.h"
-#include "FileManager.h"
 #include <algorithm>
 
 namespace velmorath {
@@ -49,12 +48,6 @@ void KeyedArchiver::encodeBool(bool value, std::string_view name)
 {
     m_recordKeys.push_back(keyNamed(name).reference);
     m_recordValues.push_back(m_booleans[value ? 1 : 0]);
-}
-
-void KeyedArchiver::write(
-    const std::string& bytes, const std::string& path, const std::function<void(bool)>& completion)
-{
-    FileManager::standard().replace(path, bytes, completion);
 }
 
 void KeyedArchiver::append(const Coding& record, bool mayStandTwice)

@@ -2,6 +2,7 @@
 
 #include "BinaryPropertyListWriter.h"
 #include "Coding.h"
+#include "FileManager.h"
 #include <functional>
 #include <memory>
 #include <optional>
@@ -30,7 +31,7 @@ public:
     static void archiveRootObject(const std::vector<std::shared_ptr<Record>>& list, const std::string& path,
         const std::function<void(bool)>& completion)
     {
-        write(archivedData(list), path, completion);
+        FileManager::standard().replace(path, archivedData(list), completion);
     }
 
     /// Both are called by a record that encodes itself, once for each of its keys.
@@ -55,9 +56,6 @@ private:
     };
 
     explicit KeyedArchiver(std::size_t recordCount);
-
-    static void write(
-        const std::string& bytes, const std::string& path, const std::function<void(bool)>& completion);
 
     void append(const Coding&, bool mayStandTwice);
     std::string finish();

@@ -12,8 +12,8 @@ constexpr std::int64_t nullUID = 0;
 
 // A record as it is in memory, and the value that refers to it from then on.
 constexpr std::uint64_t costPerObject = 152;
-// A value in an array, and a pointer in the list that is made of it.
-constexpr std::uint64_t costPerElement = sizeof(ArchivedValue) + sizeof(std::shared_ptr<Object>);
+// A pointer in an array, one in the list that is made of it, and what those waste.
+constexpr std::uint64_t costPerElement = 40;
 // Takes no memory, but time.
 constexpr std::uint64_t costPerKey = 8;
 
@@ -58,7 +58,7 @@ void KeyedUnarchiver::setClass(std::string className, Decoder decoder)
     decoders().insert_or_assign(std::move(className), std::move(decoder));
 }
 
-Result<ArchivedValue> KeyedUnarchiver::unarchiveTopLevelObject(std::string_view bytes)
+Result<std::shared_ptr<Object>> KeyedUnarchiver::unarchiveTopLevelObject(std::string_view bytes)
 {
     auto plist = Plist::open(bytes);
     if (!plist)
@@ -127,7 +127,7 @@ bool KeyedUnarchiver::decodeBool(std::string_view key)
     }
 }
 
-ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
+std::shared_ptr<Object> KeyedUnarchiver::decodeReference(const Plist::Object& uid)
 {
     constexpr int deepest = 100;
     if (m_error)
@@ -155,7 +155,7 @@ ArchivedValue KeyedUnarchiver::decodeReference(const Plist::Object& uid)
     return value;
 }
 
-ArchivedValue KeyedUnarchiver::decodeObject(const Plist::Object& object)
+std::shared_ptr<Object> KeyedUnarchiver::decodeObject(const Plist::Object& object)
 {
     switch (object.kind) {
     case Kind::dictionary:
@@ -166,11 +166,11 @@ ArchivedValue KeyedUnarchiver::decodeObject(const Plist::Object& object)
     case Kind::array:
         return fail("The archive holds an object that cannot be read");
     default:
-        return ArchivedValue::Other{};
+        return std::make_shared<Object>();
     }
 }
 
-ArchivedValue KeyedUnarchiver::decodeInstance(const Plist::Object& record)
+std::shared_ptr<Object> KeyedUnarchiver::decodeInstance(const Plist::Object& record)
 {
     auto name = className(record);
     if (name.kind != Kind::string)
@@ -183,36 +183,31 @@ ArchivedValue KeyedUnarchiver::decodeInstance(const Plist::Object& record)
     }
     if (isOneOf(name, {"NSArray", "NSMutableArray"}))
         return decodeElements(record, "NS.objects");
-    if (isStringClass(name)
-        || isOneOf(name,
+    if (!isStringClass(name)
+        && !isOneOf(name,
             {"NSDictionary", "NSMutableDictionary", "NSSet", "NSMutableSet", "NSDate", "NSData",
                 "NSMutableData", "NSNull"}))
-        return decodeOther(record);
-    return fail("The archive holds an object of the unknown class " + onOneLine(Plist::string(name)));
+        return fail("The archive holds an object of the unknown class " + onOneLine(Plist::string(name)));
+    // The contents are of no use, but an unknown class among them counts as anywhere else.
+    for (auto key : {"NS.keys", "NS.objects"}) {
+        if (entry(record, key).kind != Kind::invalid)
+            decodeElements(record, key);
+    }
+    return std::make_shared<Object>();
 }
 
-ArchivedValue KeyedUnarchiver::decodeElements(const Plist::Object& record, std::string_view key)
+std::shared_ptr<Object> KeyedUnarchiver::decodeElements(const Plist::Object& record, std::string_view key)
 {
     auto elements = entry(record, key);
     if (elements.kind != Kind::array)
         return fail("The archive holds an array without elements");
     if (!spend(elements.count * costPerElement))
         return {};
-    ArchivedValue::Array values;
-    values.reserve(elements.count);
+    auto array = std::make_shared<Array>();
+    array->elements.reserve(elements.count);
     for (std::size_t index = 0; index < elements.count && !m_error; ++index)
-        values.push_back(decodeReference(m_plist.object(m_plist.reference(elements, index))));
-    return values;
-}
-
-ArchivedValue KeyedUnarchiver::decodeOther(const Plist::Object& record)
-{
-    // The contents are of no use, but an unknown class among them counts as anywhere else.
-    for (auto key : {"NS.keys", "NS.objects"}) {
-        if (entry(record, key).kind != Kind::invalid)
-            decodeElements(record, key);
-    }
-    return ArchivedValue::Other{};
+        array->elements.push_back(decodeReference(m_plist.object(m_plist.reference(elements, index))));
+    return array;
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::className(const Plist::Object& record)
@@ -269,11 +264,11 @@ bool KeyedUnarchiver::spend(std::uint64_t cost)
     return isAffordable;
 }
 
-ArchivedValue KeyedUnarchiver::fail(std::string description)
+std::nullptr_t KeyedUnarchiver::fail(std::string description)
 {
     if (!m_error)
         m_error = Error{std::move(description)};
-    return {};
+    return nullptr;
 }
 
 } // namespace velmorath

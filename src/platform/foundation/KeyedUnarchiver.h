@@ -1,11 +1,13 @@
 #pragma once
 
-#include "ArchivedValue.h"
 #include "BinaryPropertyListReader.h"
+#include "Object.h"
 #include "ReadingBudget.h"
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace velmorath {
 
@@ -13,6 +15,12 @@ namespace velmorath {
 /// memory stay within a small multiple of their length.
 class KeyedUnarchiver {
 public:
+    /// What an array of an archive becomes. Null is null, and what can be decoded but has no use here (a
+    /// text, a number, a dictionary) is an object and nothing more.
+    struct Array : Object {
+        std::vector<std::shared_ptr<Object>> elements;
+    };
+
     /// Makes an object from an archived record, whose entries it asks for with the decode operations.
     using Decoder = std::function<std::shared_ptr<Object>(KeyedUnarchiver&)>;
 
@@ -21,7 +29,7 @@ public:
 
     /// The root of an archive. An object that is referred to twice is decoded once and shared. An error
     /// when the bytes are no keyed archive, are damaged, or lead to an object of an unknown class.
-    static Result<ArchivedValue> unarchiveTopLevelObject(std::string_view bytes);
+    static Result<std::shared_ptr<Object>> unarchiveTopLevelObject(std::string_view bytes);
 
     /// Nothing when the record being decoded has no such key, or null or something else under it: an
     /// object of whatever class is not looked into.
@@ -43,17 +51,16 @@ private:
 
     KeyedUnarchiver(const Plist&, const Plist::Object& objects);
 
-    ArchivedValue decodeReference(const Plist::Object& uid);
-    ArchivedValue decodeObject(const Plist::Object&);
-    ArchivedValue decodeInstance(const Plist::Object& record);
-    ArchivedValue decodeElements(const Plist::Object& record, std::string_view key);
-    ArchivedValue decodeOther(const Plist::Object& record);
+    std::shared_ptr<Object> decodeReference(const Plist::Object& uid);
+    std::shared_ptr<Object> decodeObject(const Plist::Object&);
+    std::shared_ptr<Object> decodeInstance(const Plist::Object& record);
+    std::shared_ptr<Object> decodeElements(const Plist::Object& record, std::string_view key);
 
     Plist::Object className(const Plist::Object& record);
     Plist::Object entry(const Plist::Object& record, std::string_view name);
     Plist::Object objectAt(const Plist::Object& uid);
     bool spend(std::uint64_t cost);
-    ArchivedValue fail(std::string description);
+    std::nullptr_t fail(std::string description);
 
     const Plist& m_plist;
     Plist::Object m_objects;
@@ -63,7 +70,7 @@ private:
     Plist::Object m_className;
     /// For each archived object: not met yet, being decoded, or where its value is.
     std::vector<std::uint32_t> m_places;
-    std::deque<ArchivedValue> m_values;
+    std::deque<std::shared_ptr<Object>> m_values;
     ReadingBudget m_budget;
     int m_depth = 0;
     std::optional<Error> m_error;

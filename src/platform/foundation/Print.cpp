@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <vector>
+#include <utility>
 
 namespace velmorath {
 
@@ -14,23 +14,18 @@ namespace {
 /// up a fifteenth of the page.)
 std::string digitsOf(std::uint64_t number, unsigned base, int power)
 {
-    constexpr std::uint64_t limbSize = 1'000'000'000;
-    std::vector<std::uint64_t> limbs{
-        number % limbSize, number / limbSize % limbSize, number / limbSize / limbSize};
-    for (int i = 0; i < power; ++i) {
+    std::string digits = std::to_string(number);
+    while (power > 0) {
+        std::uint64_t factor = 1;
+        for (int i = 0; i < 20 && power > 0; ++i, --power)
+            factor *= base;
         std::uint64_t carry = 0;
-        for (std::uint64_t& limb : limbs) {
-            carry += limb * base;
-            limb = carry % limbSize;
-            carry /= limbSize;
+        for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, carry /= 10) {
+            carry += static_cast<std::uint64_t>(*digit - '0') * factor;
+            *digit = static_cast<char>('0' + carry % 10);
         }
-        if (carry > 0)
-            limbs.push_back(carry);
-    }
-    std::string digits;
-    for (std::uint64_t limb : limbs) {
-        for (int i = 0; i < 9; ++i, limb /= 10)
-            digits.insert(digits.begin(), static_cast<char>('0' + limb % 10));
+        for (; carry > 0; carry /= 10)
+            digits.insert(digits.begin(), static_cast<char>('0' + carry % 10));
     }
     return digits;
 }
@@ -49,14 +44,9 @@ std::string rounded(const std::string& digits, std::size_t count)
     return result + std::string(digits.size() - count, '0');
 }
 
-struct Decimal {
-    std::string digits;
-    /// Of the first digit.
-    int exponent = 0;
-};
-
-/// As few digits as are nearer to this number, which is above zero, than to any other.
-Decimal shortestDecimal(double value)
+/// As few digits as are nearer to this number, which is above zero, than to any other, and the exponent of
+/// the first of them.
+std::pair<std::string, int> shortestDecimal(double value)
 {
     int exponent = 0;
     const auto mantissa = static_cast<std::uint64_t>(std::ldexp(std::frexp(value, &exponent), 53));
@@ -80,10 +70,9 @@ Decimal shortestDecimal(double value)
     const auto isNear = [&](const std::string& digits) {
         return includesEnds ? lowest <= digits && digits <= highest : lowest < digits && digits < highest;
     };
-    std::size_t count = first + 1;
-    while (count < size && !isNear(rounded(exact, count)))
-        ++count;
-    std::string digits = count < size ? rounded(exact, count) : exact;
+    std::string digits;
+    for (std::size_t count = first + 1; !isNear(digits); ++count)
+        digits = rounded(exact, count);
     const std::size_t begin = digits.find_first_not_of('0');
     const auto places = static_cast<int>(size - begin) - 1;
     digits = digits.substr(begin, digits.find_last_not_of('0') - begin + 1);
@@ -94,17 +83,18 @@ std::string valueDescription(const PropertyList& value)
 {
     if (const std::string* string = value.string())
         return *string;
-    if (const auto integer = value.integer())
+    if (const auto* integer = value.as<std::int64_t>())
         return std::to_string(*integer);
-    if (const auto real = value.real())
+    if (const auto* real = value.as<double>())
         return description(*real);
-    if (const auto boolean = value.boolean())
+    if (const auto* boolean = value.as<bool>())
         return *boolean ? "1" : "0";
     if (const PropertyList::Dictionary* dictionary = value.dictionary())
         return description(*dictionary);
-    if (const PropertyList::Array* array = value.array())
+    if (const auto* array = value.as<PropertyList::Array>())
         return "(" + std::to_string(array->size()) + " values)";
-    const std::string& bytes = value.data() ? *value.data() : *value.stored();
+    const auto* data = value.as<PropertyList::Data>();
+    const std::string& bytes = data ? data->bytes : value.as<PropertyList::Stored>()->bytes;
     return "<" + std::to_string(bytes.size()) + " bytes>";
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "Result.h"
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -15,52 +16,40 @@ class PropertyList {
 public:
     using Array = std::vector<PropertyList>;
     using Dictionary = std::map<std::string, PropertyList, std::less<>>;
+
     struct Data {
         std::string bytes;
         bool operator==(const Data&) const = default;
     };
+
     /// A value that is only kept: the bytes of its object in the file.
     struct Stored {
         std::string bytes;
         bool operator==(const Stored&) const = default;
     };
 
-    PropertyList(std::string);
-    PropertyList(const char*);
-    PropertyList(std::int64_t);
-    PropertyList(int);
-    PropertyList(double);
-    PropertyList(bool);
-    PropertyList(Data);
-    PropertyList(Stored);
-    PropertyList(Array);
-    PropertyList(Dictionary);
-    PropertyList(const PropertyList&);
-    PropertyList(PropertyList&&) noexcept;
-    ~PropertyList();
-    PropertyList& operator=(const PropertyList&);
-    PropertyList& operator=(PropertyList&&) noexcept;
-
-    /// Nothing when the value is of another kind.
-    const std::string* string() const { return std::get_if<std::string>(&m_value); }
-    std::optional<std::int64_t> integer() const { return get<std::int64_t>(); }
-    std::optional<double> real() const { return get<double>(); }
-    std::optional<bool> boolean() const { return get<bool>(); }
-    const std::string* data() const;
-    const std::string* stored() const;
-    const Array* array() const { return std::get_if<Array>(&m_value); }
-    const Dictionary* dictionary() const { return std::get_if<Dictionary>(&m_value); }
-    Dictionary* dictionary() { return std::get_if<Dictionary>(&m_value); }
-
-    bool operator==(const PropertyList&) const;
-
-private:
-    template <typename T> std::optional<T> get() const
+    /// From any of these kinds, and from what becomes one of them without loss.
+    template <typename T>
+    PropertyList(T value)
+        : m_value(std::move(value))
     {
-        auto* value = std::get_if<T>(&m_value);
-        return value ? std::optional<T>(*value) : std::nullopt;
     }
 
+    /// Takes the bytes of a file, whatever they are. An error when they are damaged, nested too deep, refer
+    /// to themselves, or would become much larger in memory than they are.
+    static Result<PropertyList> parse(std::string_view bytes);
+
+    /// The bytes of a file that holds this.
+    std::string binary() const;
+
+    /// Null when the value is of another kind.
+    template <typename T> const T* as() const { return std::get_if<T>(&m_value); }
+    const std::string* string() const { return as<std::string>(); }
+    const Dictionary* dictionary() const { return as<Dictionary>(); }
+
+    bool operator==(const PropertyList&) const = default;
+
+private:
     std::variant<std::string, std::int64_t, double, bool, Data, Stored, Array, Dictionary> m_value;
 };
 

@@ -18,16 +18,6 @@ void UndoManager::registerUndo(std::string name, Action action)
     groups.back().actions.push_back(std::move(action));
 }
 
-void UndoManager::undo()
-{
-    perform(m_undo, m_redo);
-}
-
-void UndoManager::redo()
-{
-    perform(m_redo, m_undo);
-}
-
 void UndoManager::perform(Groups& from, Groups& to)
 {
     if (from.empty() || m_target)

@@ -27,8 +27,8 @@ public:
     const std::string& redoActionName() const { return m_redo.back().name; }
 
     /// Nothing happens where there is nothing to take back or to do again.
-    void undo();
-    void redo();
+    void undo() { perform(m_undo, m_redo); }
+    void redo() { perform(m_redo, m_undo); }
 
 private:
     struct Group {

@@ -14,27 +14,12 @@ constexpr std::size_t longestCharacter = 4;
 // Returns how many bytes it has written.
 std::size_t putUTF8(char* bytes, char32_t character)
 {
-    auto continuation = [](char32_t bits) { return static_cast<char>(0x80 | (bits & 0x3F)); };
-    if (character < 0x80) {
-        bytes[0] = static_cast<char>(character);
-        return 1;
-    }
-    if (character < 0x800) {
-        bytes[0] = static_cast<char>(0xC0 | (character >> 6));
-        bytes[1] = continuation(character);
-        return 2;
-    }
-    if (character < 0x10000) {
-        bytes[0] = static_cast<char>(0xE0 | (character >> 12));
-        bytes[1] = continuation(character >> 6);
-        bytes[2] = continuation(character);
-        return 3;
-    }
-    bytes[0] = static_cast<char>(0xF0 | (character >> 18));
-    bytes[1] = continuation(character >> 12);
-    bytes[2] = continuation(character >> 6);
-    bytes[3] = continuation(character);
-    return 4;
+    const std::size_t length = character < 0x80 ? 1 : character < 0x800 ? 2 : character < 0x10000 ? 3 : 4;
+    constexpr char32_t marks[] = {0, 0, 0xC0, 0xE0, 0xF0};
+    for (std::size_t index = length - 1; index > 0; --index, character >>= 6)
+        bytes[index] = static_cast<char>(0x80 | (character & 0x3F));
+    bytes[0] = static_cast<char>(marks[length] | character);
+    return length;
 }
 
 char* putUnit(char* bytes, char32_t unit)

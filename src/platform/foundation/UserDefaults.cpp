@@ -1,7 +1,6 @@
 #include "UserDefaults.h"
 #include "FileManager.h"
 #include "Host.h"
-#include "PropertyListSerialization.h"
 #include <algorithm>
 
 namespace velmorath {
@@ -13,9 +12,9 @@ PropertyList::Dictionary load(const std::string& path)
     auto bytes = fileManager.read(path);
     if (!bytes)
         return {};
-    auto values = parseBinaryPropertyList(*bytes);
+    auto values = PropertyList::parse(*bytes);
     if (values && values->dictionary())
-        return std::move(*values->dictionary());
+        return *values->dictionary();
     fileManager.markUnreadable(path);
     return {};
 }
@@ -31,7 +30,7 @@ UserDefaults& UserDefaults::standard()
 const PropertyList* UserDefaults::object(std::string_view key)
 {
     auto place = values().find(key);
-    return place == m_values.end() ? nullptr : &place->second;
+    return place == m_values->end() ? nullptr : &place->second;
 }
 
 bool UserDefaults::boolForKey(std::string_view key)
@@ -43,8 +42,11 @@ bool UserDefaults::boolForKey(std::string_view key)
         auto start = text->find_first_not_of(" +-0");
         return text->find_first_of("YyTt123456789", start) == start && start != std::string::npos;
     }
-    return value->boolean().value_or(false) || value->integer().value_or(0) != 0
-        || value->real().value_or(0) != 0;
+    const auto isYes = [value](auto no) {
+        const auto* known = value->as<decltype(no)>();
+        return known && *known != no;
+    };
+    return isYes(false) || isYes(std::int64_t{0}) || isYes(0.0);
 }
 
 const PropertyList::Dictionary* UserDefaults::dictionary(std::string_view key)
@@ -58,7 +60,7 @@ void UserDefaults::setObject(std::string_view key, PropertyList value)
     auto* old = object(key);
     if (old && *old == value)
         return;
-    m_values.insert_or_assign(std::string(key), std::move(value));
+    m_values->insert_or_assign(std::string(key), std::move(value));
     ++m_changes;
 }
 
@@ -76,7 +78,7 @@ void UserDefaults::synchronize(const std::function<void(bool)>& completion)
         return;
     }
     FileManager::standard().replace(
-        *path, binaryPropertyList(values()), [this, changes = m_changes, completion](bool isWritten) {
+        *path, PropertyList(values()).binary(), [this, changes = m_changes, completion](bool isWritten) {
             if (isWritten)
                 m_writtenChanges = std::max(m_writtenChanges, changes);
             completion(isWritten);
@@ -85,19 +87,17 @@ void UserDefaults::synchronize(const std::function<void(bool)>& completion)
 
 void UserDefaults::reset()
 {
-    m_values.clear();
-    m_isLoaded = false;
+    m_values.reset();
     m_writtenChanges = m_changes;
 }
 
 PropertyList::Dictionary& UserDefaults::values()
 {
-    if (!m_isLoaded) {
-        m_isLoaded = true;
-        if (auto path = Host::current().files().defaultsFile())
-            m_values = load(*path);
+    if (!m_values) {
+        auto path = Host::current().files().defaultsFile();
+        m_values = path ? load(*path) : PropertyList::Dictionary();
     }
-    return m_values;
+    return *m_values;
 }
 
 } // namespace velmorath

@@ -2,6 +2,7 @@
 
 #include "PropertyList.h"
 #include <functional>
+#include <optional>
 #include <string_view>
 
 namespace velmorath {
@@ -37,8 +38,8 @@ private:
 
     PropertyList::Dictionary& values();
 
-    PropertyList::Dictionary m_values;
-    bool m_isLoaded = false;
+    /// Nothing until they are read.
+    std::optional<PropertyList::Dictionary> m_values;
     /// How many changes there were, and how many of them are known to be in the file.
     std::uint64_t m_changes = 0;
     std::uint64_t m_writtenChanges = 0;

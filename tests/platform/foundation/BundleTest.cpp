@@ -7,6 +7,14 @@
 namespace velmorath {
 namespace {
 
+TEST(StringsTableTest, LeavesOutBrokenLinesOnly)
+{
+    const auto table =
+        parseStringsTable("\n\"Done\" = \"Fatto\";\n\"a\" = \"unclosed\nnonsense\n\"\n\";\n\" = \";\n"
+                          "\"c\" \"2\";\n\"d\" = ;\n\"f\" = \";\n\"pi\u00F9\" = \"\u597D\";");
+    EXPECT_EQ(table, (StringsTable{{"Done", "Fatto"}, {"pi\u00F9", "\u597D"}}));
+}
+
 class BundleTest : public testing::Test {
 protected:
     void add(const std::string& name, std::string_view contents)

@@ -3,6 +3,7 @@
 #include "HeadlessHost.h"
 #include "KeyedUnarchiver.h"
 #include "ManyNotes.h"
+#include "NoteCopies.h"
 #include "TemporaryFolder.h"
 #include <gtest/gtest.h>
 
@@ -43,15 +44,9 @@ void save(const std::string& path, const std::string& bytes)
 
 Notes unarchive(const std::string& bytes)
 {
-    Notes notes;
-    auto root = KeyedUnarchiver::unarchiveTopLevelObject(bytes);
-    if (!root || !root->array()) {
-        ADD_FAILURE() << root.error().description;
-        return notes;
-    }
-    for (auto& element : *root->array())
-        notes.push_back(std::dynamic_pointer_cast<ToDoItem2>(element.object()));
-    return notes;
+    auto notes = archivedNotes(bytes);
+    EXPECT_TRUE(notes) << notes.error().description;
+    return notes ? *notes : Notes();
 }
 
 Notes difficultNotes()

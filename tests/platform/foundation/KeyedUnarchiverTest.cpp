@@ -1,6 +1,6 @@
 #include "KeyedUnarchiver.h"
 #include "BinaryPropertyListWriter.h"
-#include "PropertyListSerialization.h"
+#include "PropertyList.h"
 #include "ToDoItem2.h"
 #include <gtest/gtest.h>
 
@@ -88,15 +88,15 @@ TEST(PropertyListTest, RefusesWhatBecomesMuchLargerInMemory)
 {
     Writer longText;
     const auto text = longText.addString(std::string(1 << 20, 'x'));
-    EXPECT_FALSE(parseBinaryPropertyList(longText.finish(longText.addArray(References(10000, text)))));
+    EXPECT_FALSE(PropertyList::parse(longText.finish(longText.addArray(References(10000, text)))));
     Writer listsOfTen;
     auto list = listsOfTen.addString("ha");
     for (int depth = 0; depth < 50; ++depth)
         list = listsOfTen.addArray(References(10, list));
-    EXPECT_FALSE(parseBinaryPropertyList(listsOfTen.finish(list)));
+    EXPECT_FALSE(PropertyList::parse(listsOfTen.finish(list)));
     Writer longList;
     const auto small = longList.addBoolean(true);
-    EXPECT_FALSE(parseBinaryPropertyList(longList.finish(longList.addArray(References(10000000, small)))));
+    EXPECT_FALSE(PropertyList::parse(longList.finish(longList.addArray(References(10000000, small)))));
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "FilesOnDisk.h"
 #include "HeadlessHost.h"
 #include "Print.h"
-#include "PropertyListSerialization.h"
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -49,7 +48,7 @@ TEST_F(UserDefaultsTest, KeepsValuesOfEveryKindFromStartToStart)
     const PropertyList date = PropertyList::Stored{std::string("\x33\x41\xC8\x5D\0\0\0\0\0", 9)};
     const PropertyList::Dictionary settings{{"theme", "Red"}, {"since", date}};
     ASSERT_TRUE(replace(
-        m_path, binaryPropertyList(PropertyList::Dictionary{{"date", date}, {"settaggi", settings}})));
+        m_path, PropertyList(PropertyList::Dictionary{{"date", date}, {"settaggi", settings}}).binary()));
     m_defaults.setBool("HasLaunchedOnce", true);
     m_defaults.setObject("gone", "soon");
     m_defaults.removeObject("gone");
