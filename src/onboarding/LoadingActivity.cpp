@@ -44,7 +44,7 @@ void LoadingActivity::addShadow()
 {
     const CGRect box{{0, 0}, frame().size};
     layer().setMasksToBounds(false);
-    layer().setShadow(box.insetBy(-3, -3), UIColor::black().withAlpha(0.5), {0, 0}, 5);
+    layer().setShadow(CAShadow{box.insetBy(-3, -3), UIColor::black().withAlpha(0.5), {0, 0}, 5});
 }
 
 void LoadingActivity::makeContent(const std::string& text)

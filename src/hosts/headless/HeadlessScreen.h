@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Screen.h"
-#include <utility>
 
 namespace velmorath {
 

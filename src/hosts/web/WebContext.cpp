@@ -1,6 +1,5 @@
 #include "WebContext.h"
 #include "WebImage.h"
-#include <algorithm>
 #include <cmath>
 
 namespace velmorath {

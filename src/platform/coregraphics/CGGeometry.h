@@ -52,6 +52,16 @@ struct CGRect {
         return {{infinity, infinity}, {0, 0}};
     }
 
+    static CGRect around(CGPoint center, CGSize size)
+    {
+        return {{center.x - size.width / 2, center.y - size.height / 2}, size};
+    }
+
+    static CGRect fromEdges(CGFloat left, CGFloat top, CGFloat right, CGFloat bottom)
+    {
+        return {{left, top}, {right - left, bottom - top}};
+    }
+
     CGFloat minX() const { return origin.x; }
     CGFloat minY() const { return origin.y; }
     CGFloat midX() const { return origin.x + size.width / 2; }
@@ -72,10 +82,25 @@ struct CGRect {
     bool intersects(const CGRect& other) const { return !intersected(other).isEmpty(); }
 
     /// The null rectangle when the two do not meet.
-    CGRect intersected(const CGRect& other) const;
+    CGRect intersected(const CGRect& other) const
+    {
+        const CGFloat left = std::max(minX(), other.minX());
+        const CGFloat top = std::max(minY(), other.minY());
+        const CGFloat right = std::min(maxX(), other.maxX());
+        const CGFloat bottom = std::min(maxY(), other.maxY());
+        if (isNull() || other.isNull() || right < left || bottom < top)
+            return null();
+        return fromEdges(left, top, right, bottom);
+    }
 
     /// The smallest rectangle around both.
-    CGRect united(const CGRect& other) const;
+    CGRect united(const CGRect& other) const
+    {
+        if (isNull() || other.isNull())
+            return isNull() ? other : *this;
+        return fromEdges(std::min(minX(), other.minX()), std::min(minY(), other.minY()),
+            std::max(maxX(), other.maxX()), std::max(maxY(), other.maxY()));
+    }
 
     CGRect offsetBy(CGFloat dx, CGFloat dy) const { return {{origin.x + dx, origin.y + dy}, size}; }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "CATimeline.h"
 
 namespace velmorath {
 
@@ -11,17 +11,19 @@ public:
     /// Stands still.
     CADisplayLink() = default;
     /// The step is told the frame's moment, in seconds of Clock::now(). It may end its own link.
-    explicit CADisplayLink(std::function<void(double now)> step);
-    ~CADisplayLink() { invalidate(); }
-    CADisplayLink(CADisplayLink&&) noexcept;
-    CADisplayLink& operator=(CADisplayLink&&) noexcept;
+    explicit CADisplayLink(CATimeline::Step step)
+        : m_step(std::make_shared<const CATimeline::Step>(std::move(step)))
+    {
+        CATimeline::main().addStep(m_step);
+    }
+    CADisplayLink(CADisplayLink&&) = default;
+    CADisplayLink& operator=(CADisplayLink&&) = default;
 
-    bool isRunning() const { return m_link != 0; }
-    void invalidate();
+    bool isRunning() const { return m_step != nullptr; }
+    void invalidate() { m_step.reset(); }
 
 private:
-    /// Zero while it stands still.
-    int m_link = 0;
+    std::shared_ptr<const CATimeline::Step> m_step;
 };
 
 } // namespace velmorath

@@ -5,28 +5,6 @@
 
 namespace velmorath {
 
-namespace {
-
-std::uint64_t nextIdentity()
-{
-    static std::uint64_t s_last = 0;
-    return ++s_last;
-}
-
-} // namespace
-
-CALayer::CALayer()
-    : m_identity(nextIdentity())
-{
-}
-
-CALayer::CALayer(const CALayer& other)
-    : std::enable_shared_from_this<CALayer>()
-    , m_model(other.m_model)
-    , m_identity(nextIdentity())
-{
-}
-
 CALayer::~CALayer()
 {
     for (const auto& sublayer : m_sublayers)
@@ -42,22 +20,6 @@ void CALayer::setFrame(const CGRect& frame)
         t.d == 0 ? 0 : target.size.height / std::fabs(t.d)};
     setBounds({m_model.bounds.origin, size});
     setPosition({target.midX() - t.tx, target.midY() - t.ty});
-}
-
-void CALayer::setBorder(CGFloat width, const CGColor& color)
-{
-    change(&CALayerState::borderWidth, width);
-    change(&CALayerState::borderColor, color);
-}
-
-void CALayer::setShadow(const CGRect& path, const CGColor& color, CGVector offset, CGFloat radius)
-{
-    change(&CALayerState::shadow, std::optional(CAShadow{path, color, offset, radius}));
-}
-
-void CALayer::addSublayer(std::shared_ptr<CALayer> layer)
-{
-    insertSublayer(std::move(layer), m_sublayers.size());
 }
 
 void CALayer::insertSublayer(std::shared_ptr<CALayer> layer, std::size_t index)
@@ -130,24 +92,18 @@ void CALayer::drawBehindSublayers(CGContext& context, const CALayerState& shown)
         context.drawShadow(shadow->path, shown.cornerRadius, shadow->color, shadow->offset, shadow->radius);
     context.fill(shown.bounds, shown.cornerRadius, shown.backgroundColor);
     drawContent(context, shown);
-    if (!m_contentBefore) {
-        drawOwnContent(context);
-        return;
+    if (m_contentBefore) {
+        context.saveState();
+        context.multiplyAlpha(1 - shown.contentShare);
+        m_contentBefore(context);
+        context.restoreState();
     }
     context.saveState();
-    context.multiplyAlpha(1 - shown.contentShare);
-    m_contentBefore(context);
-    context.restoreState();
-    context.saveState();
-    context.multiplyAlpha(shown.contentShare);
-    drawOwnContent(context);
-    context.restoreState();
-}
-
-void CALayer::drawOwnContent(CGContext& context) const
-{
+    if (m_contentBefore)
+        context.multiplyAlpha(shown.contentShare);
     if (m_delegate)
         m_delegate->draw(context);
+    context.restoreState();
 }
 
 } // namespace velmorath

@@ -37,9 +37,13 @@ struct CATransition {
 /// by its superlayer and by whoever made it.
 class CALayer : public std::enable_shared_from_this<CALayer> {
 public:
-    CALayer();
+    CALayer() = default;
     /// A new layer that looks like the other one; it has no sublayers, no superlayer and no delegate.
-    CALayer(const CALayer& other);
+    CALayer(const CALayer& other)
+        : std::enable_shared_from_this<CALayer>()
+        , m_model(other.m_model)
+    {
+    }
     virtual ~CALayer();
     CALayer& operator=(const CALayer&) = delete;
 
@@ -64,15 +68,18 @@ public:
     void setHidden(bool hidden) { change(&CALayerState::isHidden, hidden); }
     CGFloat cornerRadius() const { return m_model.cornerRadius; }
     void setCornerRadius(CGFloat radius) { change(&CALayerState::cornerRadius, radius); }
-    void setBorder(CGFloat width, const CGColor&);
+    void setBorder(CGFloat width, const CGColor& color)
+    {
+        change(&CALayerState::borderWidth, width);
+        change(&CALayerState::borderColor, color);
+    }
     /// Sublayers are cut off at the bounds, corners included.
     bool masksToBounds() const { return m_model.masksToBounds; }
     void setMasksToBounds(bool masks) { change(&CALayerState::masksToBounds, masks); }
-    void setShadow(const CGRect& path, const CGColor&, CGVector offset, CGFloat radius);
-    void removeShadow() { change<std::optional<CAShadow>>(&CALayerState::shadow, std::nullopt); }
+    void setShadow(std::optional<CAShadow> shadow) { change(&CALayerState::shadow, shadow); }
 
     const std::vector<std::shared_ptr<CALayer>>& sublayers() const { return m_sublayers; }
-    void addSublayer(std::shared_ptr<CALayer>);
+    void addSublayer(std::shared_ptr<CALayer> layer) { insertSublayer(std::move(layer), m_sublayers.size()); }
     /// An index beyond the end means the end. A layer that is somewhere else already moves.
     void insertSublayer(std::shared_ptr<CALayer>, std::size_t index);
     void removeFromSuperlayer();
@@ -111,7 +118,8 @@ private:
     template <typename T> void move(T CALayerState::*member, const T& value);
     template <typename T> void removeAnimationsOf(T CALayerState::*member);
     static void requestFrame();
-    void drawOwnContent(CGContext&) const;
+
+    inline static std::uint64_t s_lastIdentity = 0;
 
     CALayerState m_model;
     std::vector<Animation> m_animations;
@@ -119,7 +127,7 @@ private:
     CALayer* m_superlayer = nullptr;
     CALayerDelegate* m_delegate = nullptr;
     std::function<void(CGContext&)> m_contentBefore;
-    std::uint64_t m_identity;
+    std::uint64_t m_identity = ++s_lastIdentity;
     std::uint64_t m_version = 0;
 };
 

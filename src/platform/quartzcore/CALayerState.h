@@ -38,9 +38,21 @@ struct CALayerState {
 
     bool isVisible() const { return !isHidden && opacity > 0; }
     /// From the layer's coordinates to the superlayer's.
-    CGAffineTransform toSuperlayer() const;
+    CGAffineTransform toSuperlayer() const
+    {
+        return CGAffineTransform::translation(-bounds.midX(), -bounds.midY())
+            .concatenated(transform)
+            .concatenated(CGAffineTransform::translation(position.x, position.y));
+    }
     /// What shadow, background, content and border can reach, in the layer's coordinates.
-    CGRect drawnArea() const;
+    CGRect drawnArea() const
+    {
+        if (!shadow)
+            return bounds;
+        const CGFloat reach = -2 * shadow->radius;
+        return bounds.united(
+            shadow->path.offsetBy(shadow->offset.dx, shadow->offset.dy).insetBy(reach, reach));
+    }
 
     bool operator==(const CALayerState&) const = default;
 };

@@ -1,9 +1,6 @@
 #include "CATimeline.h"
 #include "Host.h"
-#include <algorithm>
-#include <iterator>
 #include <limits>
-#include <utility>
 
 namespace velmorath {
 
@@ -16,73 +13,54 @@ CATimeline& CATimeline::main()
 void CATimeline::advance(double now)
 {
     m_frameTime = now;
-
-    std::vector<int> links;
-    for (const auto& entry : m_links)
-        links.push_back(entry.first);
-    for (int link : links) {
-        const auto found = m_links.find(link);
-        if (found != m_links.end()) {
-            const auto step = found->second;
-            step(now);
-        }
+    const auto steps = m_steps;
+    for (const auto& weakStep : steps) {
+        if (const auto step = weakStep.lock())
+            (*step)(now);
     }
-
+    std::erase_if(m_steps, [](const auto& step) { return step.expired(); });
     runCompletionsUntil(now);
-    if (!m_ends.empty() || !m_links.empty())
+    if (!m_completions.empty() || !m_steps.empty())
         Host::current().screen().requestFrame();
 }
 
 void CATimeline::finish()
 {
-    double end = m_frameTime;
-    for (const End& waiting : m_ends)
-        end = std::max(end, waiting.time);
+    const double end = m_completions.empty() ? m_frameTime : m_completions.rbegin()->first;
     runCompletionsUntil(std::numeric_limits<double>::infinity());
     if (end > m_frameTime)
         keepRunningUntil(end);
 }
 
-std::vector<CATimeline::End>::iterator CATimeline::firstEndAfter(double time)
-{
-    return std::find_if(m_ends.begin(), m_ends.end(), [time](const End& end) { return end.time > time; });
-}
-
 void CATimeline::runCompletionsUntil(double now)
 {
-    const auto stillRunning = firstEndAfter(now);
-    const std::vector<End> over(
-        std::make_move_iterator(m_ends.begin()), std::make_move_iterator(stillRunning));
-    m_ends.erase(m_ends.begin(), stillRunning);
-    for (const End& end : over) {
-        if (end.completion)
-            end.completion();
+    // What these ask for waits for the next time.
+    decltype(m_completions) over;
+    while (!m_completions.empty() && m_completions.begin()->first <= now)
+        over.insert(over.end(), m_completions.extract(m_completions.begin()));
+    for (const auto& [time, completion] : over) {
+        if (completion)
+            completion();
     }
 }
 
 void CATimeline::keepRunningUntil(double end, std::function<void()> completion)
 {
-    m_ends.insert(firstEndAfter(end), {end, std::move(completion)});
+    m_completions.emplace(end, std::move(completion));
     Host::current().screen().requestFrame();
 }
 
-int CATimeline::addDisplayLink(std::function<void(double)> step)
+void CATimeline::addStep(const std::shared_ptr<const Step>& step)
 {
-    m_links.emplace(m_nextLink, std::move(step));
+    m_steps.push_back(step);
     Host::current().screen().requestFrame();
-    return m_nextLink++;
-}
-
-void CATimeline::removeDisplayLink(int link)
-{
-    m_links.erase(link);
 }
 
 void CATimeline::reset()
 {
     m_animating.reset();
-    m_ends.clear();
-    m_links.clear();
+    m_completions.clear();
+    m_steps.clear();
 }
 
 } // namespace velmorath

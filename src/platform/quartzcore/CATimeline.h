@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -18,6 +18,9 @@ struct CAAnimationTiming {
 /// next frame as long as something moves.
 class CATimeline {
 public:
+    /// Told a frame's moment.
+    using Step = std::function<void(double now)>;
+
     static CATimeline& main();
 
     /// The moment that the current frame shows, in seconds of Clock::now().
@@ -44,25 +47,16 @@ public:
 private:
     friend class CADisplayLink;
 
-    /// Calls the function with each frame's moment until the link is removed. Returns the link's number,
-    /// which is never zero.
-    int addDisplayLink(std::function<void(double now)>);
-    void removeDisplayLink(int link);
+    /// Steps with each frame for as long as it is there.
+    void addStep(const std::shared_ptr<const Step>&);
 
-    struct End {
-        double time;
-        std::function<void()> completion;
-    };
-
-    std::vector<End>::iterator firstEndAfter(double time);
     void runCompletionsUntil(double now);
 
     double m_frameTime = 0;
     std::optional<CAAnimationTiming> m_animating;
     /// By time; of the same time, in the order in which they were asked for.
-    std::vector<End> m_ends;
-    std::map<int, std::function<void(double)>> m_links;
-    int m_nextLink = 1;
+    std::multimap<double, std::function<void()>> m_completions;
+    std::vector<std::weak_ptr<const Step>> m_steps;
 };
 
 } // namespace velmorath

@@ -24,7 +24,8 @@ void UITableView::beginReordering(UITableViewCell& cell, CGFloat y)
     const std::shared_ptr<UITableViewCell> lifted = m_rows.at(*place);
     // On top of all others, with a shadow, as if it were lifted.
     addSubview(lifted);
-    lifted->layer().setShadow({{0, 0}, cell.bounds().size}, UIColor::black().withAlpha(0.6), {0, 2}, 8);
+    lifted->layer().setShadow(
+        CAShadow{{{0, 0}, cell.bounds().size}, UIColor::black().withAlpha(0.6), {0, 2}, 8});
     m_reordering.emplace(*this, lifted, *place, y);
 }
 
@@ -43,7 +44,7 @@ void UITableView::endReordering(bool isDropped)
     const std::shared_ptr<UITableViewCell> cell = m_reordering->cell();
     const auto [from, to] = std::pair(m_reordering->from(), m_reordering->to());
     m_reordering.reset();
-    cell->layer().removeShadow();
+    cell->layer().setShadow({});
     // The row sinks from where it was let go into its place.
     UIView::animate(UITableViewReordering::moveAsideDuration, 0, [&, to = to] { putInPlace(*cell, to); });
     if (isDropped)
