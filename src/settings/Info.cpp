@@ -102,7 +102,7 @@ std::shared_ptr<MFMailComposeViewController> Info::makeMailComposer()
     auto composer = std::make_shared<MFMailComposeViewController>();
     composer->setMailComposeDelegate(this);
     composer->setToRecipients({std::string(configuration::contactAddress)});
-    const UIDevice& device = UIDevice::current();
+    const UIDevice device = UIDevice::current();
     composer->setMessageBody(device.model() + "," + device.name() + "," + device.systemName() + ","
         + device.systemVersion() + "   " + applicationName() + "  " + "Free");
     return composer;

@@ -1,5 +1,6 @@
 #include "AudioServices.h"
 #include "Host.h"
+#include <algorithm>
 #include <vector>
 
 namespace velmorath {
@@ -20,12 +21,10 @@ std::vector<std::string>& sounds()
 SystemSoundID AudioServicesCreateSystemSoundID(const std::string& path)
 {
     std::vector<std::string>& known = sounds();
-    for (std::size_t i = 0; i < known.size(); ++i) {
-        if (known[i] == path)
-            return firstOwnSound + static_cast<SystemSoundID>(i);
-    }
-    known.push_back(path);
-    return firstOwnSound + static_cast<SystemSoundID>(known.size() - 1);
+    const auto place = std::find(known.begin(), known.end(), path) - known.begin();
+    if (place == std::ssize(known))
+        known.push_back(path);
+    return firstOwnSound + static_cast<SystemSoundID>(place);
 }
 
 void AudioServicesPlaySystemSound(SystemSoundID identifier)

@@ -49,12 +49,7 @@ std::optional<URL> URL::parse(std::string text)
     const std::string_view all = text;
     if (!isScheme(all.substr(0, colon)) || !isEncoded(all.substr(colon + 1)))
         return {};
-    return URL(std::move(text), colon);
-}
-
-URL URL::withScheme(std::string_view scheme) const
-{
-    return {std::string(scheme) + m_text.substr(m_schemeLength), scheme.size()};
+    return URL(std::move(text));
 }
 
 std::string percentEncoded(std::string_view utf8)

@@ -29,10 +29,10 @@ std::string joined(const std::vector<std::string>& texts, std::string_view separ
 
 std::string encodedRecipient(const std::string& recipient)
 {
-    const std::size_t at = recipient.rfind('@');
-    if (at == std::string::npos)
-        return percentEncoded(recipient);
-    return percentEncoded(recipient.substr(0, at)) + "@" + percentEncoded(recipient.substr(at + 1));
+    std::string encoded = percentEncoded(recipient);
+    if (const std::size_t at = encoded.rfind("%40"); at != std::string::npos)
+        encoded.replace(at, 3, "@");
+    return encoded;
 }
 
 /// In a mail, lines end in a carriage return and a line feed.
@@ -50,11 +50,9 @@ std::string withMailLineBreaks(const std::string& text)
 
 std::string mailAddress(const std::vector<std::string>& recipients, const std::string& body)
 {
-    std::vector<std::string> encoded;
-    encoded.reserve(recipients.size());
+    std::string address = "mailto:";
     for (const std::string& recipient : recipients)
-        encoded.push_back(encodedRecipient(recipient));
-    std::string address = "mailto:" + joined(encoded, ",");
+        address += (address.ends_with(':') ? "" : ",") + encodedRecipient(recipient);
     if (!body.empty())
         address += "?body=" + percentEncoded(withMailLineBreaks(body));
     return address;

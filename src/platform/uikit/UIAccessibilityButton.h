@@ -10,9 +10,21 @@ class UIAccessibilityButton : public UIView {
 public:
     /// It can be pressed while `isPossible` says so. The action returns false when it refused.
     UIAccessibilityButton(const CGRect& frame, std::string label, std::function<bool()> isPossible,
-        std::function<bool()> action);
+        std::function<bool()> action)
+        : UIView(frame)
+        , m_isPossible(std::move(isPossible))
+        , m_action(std::move(action))
+    {
+        setUserInteractionEnabled(false);
+        setAccessibilityLabel(std::move(label));
+    }
 
-    std::optional<UIAccessibilityInfo> accessibilityInfo() override;
+    std::optional<UIAccessibilityInfo> accessibilityInfo() override
+    {
+        return UIAccessibilityInfo{.role = AccessibilityRole::button,
+            .label = accessibilityLabel(),
+            .press = m_isPossible() ? m_action : nullptr};
+    }
 
 private:
     std::function<bool()> m_isPossible;

@@ -26,38 +26,26 @@ UIActivityIndicatorView::UIActivityIndicatorView(const CGRect& frame)
     setHidden(true);
 }
 
-void UIActivityIndicatorView::startAnimating()
+void UIActivityIndicatorView::setAnimating(bool isAnimating)
 {
-    m_isAnimating = true;
-    setHidden(false);
-    startOrStopTurning();
-}
-
-void UIActivityIndicatorView::stopAnimating()
-{
-    m_isAnimating = false;
-    setHidden(true);
+    setHidden(!isAnimating);
     startOrStopTurning();
 }
 
 void UIActivityIndicatorView::startOrStopTurning()
 {
-    const bool shallTurn = m_isAnimating && window();
-    if (!shallTurn)
+    if (isHidden() || !window())
         m_turning.invalidate();
     else if (!m_turning.isRunning())
-        m_turning = CADisplayLink([this](double now) { turn(now); });
+        m_turning = CADisplayLink([this](double now) {
+            setDrawn(m_spoke, static_cast<int>(std::fmod(now / secondsPerTurn, 1) * spokes));
+        });
 }
 
 std::optional<UIAccessibilityInfo> UIActivityIndicatorView::accessibilityInfo()
 {
     return UIAccessibilityInfo{
         .role = AccessibilityRole::progress, .label = Bundle::main().localizedString("In progress")};
-}
-
-void UIActivityIndicatorView::turn(double now)
-{
-    setDrawn(m_spoke, static_cast<int>(std::fmod(now / secondsPerTurn, 1) * spokes));
 }
 
 void UIActivityIndicatorView::draw(CGContext& context) const

@@ -12,8 +12,8 @@ public:
     explicit UIActivityIndicatorView(const CGRect& frame);
 
     void setColor(const CGColor& color) { setDrawn(m_color, color); }
-    void startAnimating();
-    void stopAnimating();
+    void startAnimating() { setAnimating(true); }
+    void stopAnimating() { setAnimating(false); }
 
     void didMoveToWindow() override { startOrStopTurning(); }
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
@@ -22,11 +22,10 @@ protected:
     void draw(CGContext&) const override;
 
 private:
+    void setAnimating(bool);
     void startOrStopTurning();
-    void turn(double now);
 
     CGColor m_color = UIColor::white();
-    bool m_isAnimating = false;
     /// The darkest spoke, counted clockwise from the top.
     int m_spoke = 0;
     CADisplayLink m_turning;

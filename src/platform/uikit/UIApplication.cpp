@@ -5,7 +5,6 @@
 #include "FatalError.h"
 #include "Host.h"
 #include "HostKey.h"
-#include "UIRemoteKeyboardWindow.h"
 #include "UIScreen.h"
 #include "UIScrollView.h"
 #include "UIStoryboard.h"
@@ -16,9 +15,13 @@ namespace velmorath {
 
 namespace {
 
-constexpr std::string_view storeScheme = "itms-apps";
+constexpr std::string_view storeScheme = "itms-apps:";
 
 std::unique_ptr<UIApplication> s_shared;
+
+/// Among the application's windows as long as a text is being edited. The keyboard itself, where there
+/// is one on the screen, is the machine's; this window shows nothing.
+class UIRemoteKeyboardWindow : public UIWindow { };
 
 /// A key that is held down goes on moving, but does nothing twice that cannot be taken back.
 bool mayRepeat(HostKey key)
@@ -56,8 +59,8 @@ int UIApplicationMain(int, char**, const std::optional<std::string>&, const std:
 void UIApplication::launch(const std::string& delegateClassName)
 {
     const Class* delegateClass = Class::named(delegateClassName);
-    m_delegateObject = delegateClass ? delegateClass->make() : nullptr;
-    m_delegate = dynamic_cast<UIApplicationDelegate*>(m_delegateObject.get());
+    m_delegate =
+        std::dynamic_pointer_cast<UIApplicationDelegate>(delegateClass ? delegateClass->make() : nullptr);
     if (!m_delegate)
         fatalError("There is no application delegate class named " + delegateClassName);
     m_delegate->applicationDidFinishLaunchingWithOptions(*this, {});
@@ -85,20 +88,16 @@ void UIApplication::setApplicationIconBadgeNumber(long long number)
 bool UIApplication::openURL(const URL& url)
 {
     Effects& effects = Host::current().effects();
-    if (effects.openAddress(url.absoluteString()))
-        return true;
-    return url.scheme() == storeScheme && effects.openAddress(url.withScheme("https").absoluteString());
+    const std::string& address = url.absoluteString();
+    return effects.openAddress(address)
+        || (address.starts_with(storeScheme)
+            && effects.openAddress("https:" + address.substr(storeScheme.size())));
 }
 
 void UIApplication::beginIgnoringInteractionEvents()
 {
     ++m_ignoringInteraction;
     m_touchDispatcher.cancelAll();
-}
-
-void UIApplication::endIgnoringInteractionEvents()
-{
-    --m_ignoringInteraction;
 }
 
 void UIApplication::textEditingBegan(UITextEditingView& view)
@@ -270,8 +269,7 @@ void UIApplication::willTerminate()
     m_focusSystem = UIFocusSystem();
     m_accessibilityTree = UIAccessibilityTree();
     m_windows.clear();
-    m_delegate = nullptr;
-    m_delegateObject.reset();
+    m_delegate.reset();
 }
 
 } // namespace velmorath

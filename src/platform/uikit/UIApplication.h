@@ -65,7 +65,7 @@ public:
 
     /// Touches are not listened to until as many ends as begins were called.
     void beginIgnoringInteractionEvents();
-    void endIgnoringInteractionEvents();
+    void endIgnoringInteractionEvents() { --m_ignoringInteraction; }
 
     /// Takes the touches on this view, and on all that is in it, away from everybody there.
     void cancelTouches(const UIView& view) { m_touchDispatcher.cancelTouches(view); }
@@ -106,8 +106,7 @@ private:
     /// Whether the program listens just now to anything but the fingers that are down.
     bool canBeUsed() const;
 
-    std::shared_ptr<Object> m_delegateObject;
-    UIApplicationDelegate* m_delegate = nullptr;
+    std::shared_ptr<UIApplicationDelegate> m_delegate;
     std::vector<std::shared_ptr<UIWindow>> m_windows;
     UITouchDispatcher m_touchDispatcher;
     UIFocusSystem m_focusSystem;

@@ -19,12 +19,8 @@ void UIButton::draw(CGContext& context) const
         context.drawImage(m_highlightedBackgroundImage->cgImage(), bounds());
     if (isHighlighted())
         context.multiplyAlpha(0.4);
-    if (m_image) {
-        const CGSize size = m_image->size();
-        context.drawImage(m_image->cgImage(),
-            CGRectMake(bounds().midX() - size.width / 2, bounds().midY() - size.height / 2, size.width,
-                size.height));
-    }
+    if (m_image)
+        context.drawImage(m_image->cgImage(), CGRect::around(bounds().center(), m_image->size()));
     context.drawText(m_title, bounds(), m_style);
     context.restoreState();
 }

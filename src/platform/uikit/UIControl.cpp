@@ -11,7 +11,9 @@ constexpr CGFloat slack = 20;
 
 bool isInside(const UIControl& control, const UITouches& touches)
 {
-    return control.bounds().insetBy(-slack, -slack).contains(touches.front()->locationIn(control));
+    return control.bounds()
+        .insetBy(-slack, -slack)
+        .contains(control.convertFromWindow(touches.front()->location()));
 }
 
 } // namespace
@@ -26,11 +28,6 @@ std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
             press();
             return true;
         }};
-}
-
-void UIControl::touchesBegan(const UITouches&)
-{
-    setHighlighted(true);
 }
 
 void UIControl::touchesMoved(const UITouches& touches)
@@ -59,11 +56,6 @@ void UIControl::press()
     const auto actions = m_actions;
     for (const auto& action : actions)
         action(*this);
-}
-
-void UIControl::touchesCancelled(const UITouches&)
-{
-    setHighlighted(false);
 }
 
 } // namespace velmorath

@@ -25,10 +25,10 @@ public:
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override;
 
-    void touchesBegan(const UITouches&) override;
+    void touchesBegan(const UITouches&) override { setHighlighted(true); }
     void touchesMoved(const UITouches&) override;
     void touchesEnded(const UITouches&) override;
-    void touchesCancelled(const UITouches&) override;
+    void touchesCancelled(const UITouches&) override { setHighlighted(false); }
 
 protected:
     void setHighlighted(bool highlighted) { setDrawn(m_highlighted, highlighted); }

@@ -6,7 +6,7 @@ namespace velmorath {
 
 CGPoint UIGestureRecognizer::locationOfTouch(std::size_t index, const UIView& view) const
 {
-    return m_touches.at(index)->locationIn(view);
+    return view.convertFromWindow(m_touches.at(index)->location());
 }
 
 void UIGestureRecognizer::setView(UIView* view)
@@ -29,29 +29,32 @@ void UIGestureRecognizer::touchesBegan(const UITouches& began)
     m_touches.insert(m_touches.end(), began.begin(), began.end());
 }
 
+void UIGestureRecognizer::touchesMoved(const UITouches&)
+{
+    if (isActive())
+        enter(State::changed);
+}
+
 void UIGestureRecognizer::touchesEnded(const UITouches& ended)
 {
+    if (isActive())
+        enter(State::ended);
     forget(ended);
 }
 
 void UIGestureRecognizer::touchesCancelled(const UITouches& cancelled)
 {
     if (isActive())
-        end(State::cancelled);
+        enter(State::cancelled);
     forget(cancelled);
 }
 
 void UIGestureRecognizer::fail()
 {
     if (isActive())
-        end(State::cancelled);
+        enter(State::cancelled);
     else
         m_state = State::failed;
-}
-
-bool UIGestureRecognizer::shouldBegin()
-{
-    return !m_delegate || m_delegate->gestureRecognizerShouldBegin(*this);
 }
 
 bool UIGestureRecognizer::begin(State state)
@@ -67,16 +70,6 @@ bool UIGestureRecognizer::begin(State state)
     m_hasBegun = true;
     enter(state);
     return true;
-}
-
-void UIGestureRecognizer::change()
-{
-    enter(State::changed);
-}
-
-void UIGestureRecognizer::end(State state)
-{
-    enter(state);
 }
 
 void UIGestureRecognizer::enter(State state)

@@ -46,7 +46,7 @@ public:
     /// Without a view, when it was destroyed, nobody is left to be asked or told.
     void setView(UIView*);
     virtual void touchesBegan(const UITouches&);
-    virtual void touchesMoved(const UITouches&) { }
+    virtual void touchesMoved(const UITouches&);
     virtual void touchesEnded(const UITouches&);
     virtual void touchesCancelled(const UITouches&);
     /// Somebody else took the touches.
@@ -64,15 +64,14 @@ protected:
     /// From possible to began (or ended, for a gesture without length) after asking the delegate.
     /// False, and failed, when the delegate refuses.
     bool begin(State = State::began);
-    void change();
-    void end(State = State::ended);
+    /// Into this state, of which whoever listens is told.
+    void enter(State);
 
-    virtual bool shouldBegin();
+    virtual bool shouldBegin() { return !m_delegate || m_delegate->gestureRecognizerShouldBegin(*this); }
     /// All touches are gone: forget everything.
     virtual void reset() { }
 
 private:
-    void enter(State);
     void forget(const UITouches&);
 
     State m_state = State::possible;

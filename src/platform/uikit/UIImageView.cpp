@@ -16,12 +16,10 @@ void UIImageView::draw(CGContext& context) const
     const CGSize size = m_image->size();
     if (size.width <= 0 || size.height <= 0)
         return;
-    const CGRect& area = bounds();
-    const CGFloat scale = std::min(area.size.width / size.width, area.size.height / size.height);
-    const CGSize fitted{size.width * scale, size.height * scale};
-    context.drawImage(m_image->cgImage(),
-        CGRectMake(
-            area.midX() - fitted.width / 2, area.midY() - fitted.height / 2, fitted.width, fitted.height));
+    const CGSize room = bounds().size;
+    const CGFloat scale = std::min(room.width / size.width, room.height / size.height);
+    context.drawImage(
+        m_image->cgImage(), CGRect::around(bounds().center(), {size.width * scale, size.height * scale}));
 }
 
 } // namespace velmorath

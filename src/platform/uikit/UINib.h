@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FatalError.h"
 #include "Object.h"
 #include "Registry.h"
 #include <memory>
@@ -8,30 +9,26 @@
 namespace velmorath {
 
 /// An interface file: views that are laid out apart from the code of the view or screen that holds them.
-class UINib {
-public:
+struct UINib {
     using Objects = std::vector<std::shared_ptr<Object>>;
-    /// Makes the top-level objects and connects the owner's outlets and actions.
     using Make = std::function<Objects(Object& owner)>;
+
+    /// Makes new top-level objects and connects the owner's outlets and actions.
+    Make instantiate;
 
     /// Makes the file known under this name; a name that is known already stands for this one from now on.
     static void enter(std::string name, Make make)
     {
-        Registry<UINib>::enter(std::move(name), UINib(std::move(make)));
+        Registry<UINib>::enter(std::move(name), {std::move(make)});
     }
+
     /// It is fatal when none was entered under that name.
-    static const UINib& named(std::string_view);
-
-    explicit UINib(Make make)
-        : m_make(std::move(make))
+    static const UINib& named(std::string_view name)
     {
+        if (const UINib* found = Registry<UINib>::find(name))
+            return *found;
+        fatalError("There is no interface file named " + std::string(name));
     }
-
-    /// New objects with each call.
-    Objects instantiate(Object& owner) const { return m_make(owner); }
-
-private:
-    Make m_make;
 };
 
 } // namespace velmorath

@@ -19,25 +19,21 @@ void UIPanGestureRecognizer::touchesBegan(const UITouches& began)
     recordSample();
 }
 
-void UIPanGestureRecognizer::touchesMoved(const UITouches&)
+void UIPanGestureRecognizer::touchesMoved(const UITouches& moved)
 {
     recordSample();
-    if (isActive()) {
-        change();
+    if (state() != State::possible) {
+        UIGestureRecognizer::touchesMoved(moved);
         return;
     }
-    if (state() != State::possible)
-        return;
-    const CGVector moved = touches().front()->location() - touches().front()->start();
-    if (std::hypot(moved.dx, moved.dy) >= requiredMovement && begin() && isActive())
-        change();
+    const CGVector way = touches().front()->location() - touches().front()->start();
+    if (std::hypot(way.dx, way.dy) >= requiredMovement && begin())
+        UIGestureRecognizer::touchesMoved(moved);
 }
 
 void UIPanGestureRecognizer::touchesEnded(const UITouches& ended)
 {
     recordSample();
-    if (isActive())
-        end();
     UIGestureRecognizer::touchesEnded(ended);
 }
 

@@ -17,22 +17,12 @@ void UIPinchGestureRecognizer::touchesBegan(const UITouches& began)
         fail();
 }
 
-void UIPinchGestureRecognizer::touchesMoved(const UITouches&)
+void UIPinchGestureRecognizer::touchesMoved(const UITouches& moved)
 {
-    if (isActive()) {
-        change();
-        return;
-    }
+    UIGestureRecognizer::touchesMoved(moved);
     if (state() == State::possible && numberOfTouches() == 2
         && std::fabs(distance() - m_initialDistance) >= requiredChange)
         begin();
-}
-
-void UIPinchGestureRecognizer::touchesEnded(const UITouches& ended)
-{
-    if (isActive())
-        end();
-    UIGestureRecognizer::touchesEnded(ended);
 }
 
 CGFloat UIPinchGestureRecognizer::distance() const

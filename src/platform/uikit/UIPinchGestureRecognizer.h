@@ -10,7 +10,6 @@ class UIPinchGestureRecognizer : public UIGestureRecognizer {
 public:
     void touchesBegan(const UITouches&) override;
     void touchesMoved(const UITouches&) override;
-    void touchesEnded(const UITouches&) override;
 
     bool claimsTouches() const override { return numberOfTouches() == 2 && state() == State::possible; }
 

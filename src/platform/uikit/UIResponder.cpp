@@ -2,26 +2,10 @@
 
 namespace velmorath {
 
-namespace {
-
-UIResponder* s_current = nullptr;
-
-}
-
 UIResponder::~UIResponder()
 {
     if (s_current == this)
         s_current = nullptr;
-}
-
-UIResponder* UIResponder::current()
-{
-    return s_current;
-}
-
-void UIResponder::setCurrent(UIResponder* responder)
-{
-    s_current = responder;
 }
 
 bool UIResponder::becomeFirstResponder()

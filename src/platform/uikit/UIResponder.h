@@ -31,10 +31,13 @@ public:
     virtual bool resignFirstResponder();
     bool isFirstResponder() const { return current() == this; }
 
-    static UIResponder* current();
+    static UIResponder* current() { return s_current; }
 
 protected:
-    static void setCurrent(UIResponder*);
+    static void setCurrent(UIResponder* responder) { s_current = responder; }
+
+private:
+    inline static UIResponder* s_current = nullptr;
 };
 
 } // namespace velmorath

@@ -13,11 +13,6 @@ constexpr double springRate = 11;
 
 } // namespace
 
-UIScrollMotion UIScrollMotion::runningOn(double start, CGFloat offset, CGFloat velocity)
-{
-    return {start, offset, velocity, std::nullopt};
-}
-
 UIScrollMotion UIScrollMotion::springing(double start, CGFloat offset, CGFloat velocity, CGFloat target)
 {
     // Faster than this the spring would pass its target.

@@ -11,7 +11,10 @@ class UIScrollMotion {
 public:
     UIScrollMotion() = default;
 
-    static UIScrollMotion runningOn(double start, CGFloat offset, CGFloat velocity);
+    static UIScrollMotion runningOn(double start, CGFloat offset, CGFloat velocity)
+    {
+        return {start, offset, velocity, std::nullopt};
+    }
     /// Towards a target, which it never passes.
     static UIScrollMotion springing(double start, CGFloat offset, CGFloat velocity, CGFloat target);
 

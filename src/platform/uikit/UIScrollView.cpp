@@ -139,24 +139,16 @@ bool UIScrollView::scrollByWheel(CGVector by)
 {
     if (!m_scrollEnabled || isDragging())
         return false;
-    if (m_pagingEnabled)
-        return turnPageByWheel(by);
-    const CGPoint offset = contentOffset();
-    const bool canScroll = (by.dx != 0 && rangeX().maximum > 0) || (by.dy != 0 && rangeY().maximum > 0);
-    if (canScroll)
-        setContentOffset(inside({offset.x - by.dx, offset.y - by.dy}));
-    return canScroll;
-}
-
-bool UIScrollView::turnPageByWheel(CGVector by)
-{
     // A wheel that only turns up and down turns pages that lie side by side, too.
-    const UIScrollRange x = rangeX();
     const CGFloat turn = by.dx != 0 ? by.dx : by.dy;
-    if (turn == 0 || x.maximum == 0)
-        return false;
-    turnPage(turn < 0 ? 1 : -1);
-    return true;
+    const bool canScroll = m_pagingEnabled
+        ? turn != 0 && rangeX().maximum > 0
+        : (by.dx != 0 && rangeX().maximum > 0) || (by.dy != 0 && rangeY().maximum > 0);
+    if (canScroll && m_pagingEnabled)
+        turnPage(turn < 0 ? 1 : -1);
+    else if (canScroll)
+        setContentOffset(inside({contentOffset().x - by.dx, contentOffset().y - by.dy}));
+    return canScroll;
 }
 
 void UIScrollView::turnPage(int step)
@@ -204,27 +196,20 @@ std::vector<UIAccessibilityAction> UIScrollView::scrollActions(
 
 void UIScrollView::handleDrag(UIGestureRecognizer& recognizer)
 {
-    switch (recognizer.state()) {
-    case UIGestureRecognizer::State::began:
+    using State = UIGestureRecognizer::State;
+    const State state = recognizer.state();
+    if (state == State::began) {
         beginDragging();
-        break;
-    case UIGestureRecognizer::State::changed:
+    } else if (state == State::changed) {
         drag();
-        break;
-    case UIGestureRecognizer::State::ended: {
+    } else if (state == State::ended) {
         const CGVector finger = m_dragRecognizer->velocity();
         endDragging({rangeX().canMove() ? -finger.dx : 0, rangeY().canMove() ? -finger.dy : 0});
-        break;
-    }
-    case UIGestureRecognizer::State::cancelled:
+    } else if (state == State::cancelled) {
         // Nobody let go: whatever hangs on how far the content was pulled must not happen.
         stopDecelerating();
         moveContentTo(inside(contentOffset()));
         endDragging({0, 0});
-        break;
-    case UIGestureRecognizer::State::possible:
-    case UIGestureRecognizer::State::failed:
-        break;
     }
 }
 
@@ -273,9 +258,8 @@ void UIScrollView::runOn(CGVector velocity)
 {
     const double now = Host::current().clock().now();
     const CGPoint offset = contentOffset();
-    m_motionX = UIScrollMotion::runningOn(now, offset.x, velocity.dx);
-    m_motionY = UIScrollMotion::runningOn(now, offset.y, velocity.dy);
-    startDecelerating();
+    startDecelerating(UIScrollMotion::runningOn(now, offset.x, velocity.dx),
+        UIScrollMotion::runningOn(now, offset.y, velocity.dy));
 }
 
 void UIScrollView::goTo(CGPoint target)
@@ -290,20 +274,16 @@ void UIScrollView::springTo(CGPoint target, CGVector velocity)
 {
     const double now = Host::current().clock().now();
     const CGPoint offset = contentOffset();
-    m_motionX = UIScrollMotion::springing(now, offset.x, velocity.dx, target.x);
-    m_motionY = UIScrollMotion::springing(now, offset.y, velocity.dy, target.y);
-    startDecelerating();
+    startDecelerating(UIScrollMotion::springing(now, offset.x, velocity.dx, target.x),
+        UIScrollMotion::springing(now, offset.y, velocity.dy, target.y));
 }
 
-void UIScrollView::startDecelerating()
+void UIScrollView::startDecelerating(const UIScrollMotion& x, const UIScrollMotion& y)
 {
+    m_motionX = x;
+    m_motionY = y;
     if (!m_motion.isRunning())
         m_motion = CADisplayLink([this](double now) { decelerate(now); });
-}
-
-void UIScrollView::stopDecelerating()
-{
-    m_motion.invalidate();
 }
 
 void UIScrollView::didMoveToWindow()

@@ -65,7 +65,7 @@ protected:
     void moveContentTo(CGPoint);
     /// The nearest offset at which the view is full of content.
     CGPoint inside(CGPoint offset) const;
-    void stopDecelerating();
+    void stopDecelerating() { m_motion.invalidate(); }
     /// Scrolls this far up or down, where there is something to scroll to.
     std::vector<UIAccessibilityAction> scrollActions(
         CGFloat way, const std::function<void(CGPoint)>& scrollTo) const;
@@ -76,7 +76,6 @@ private:
     void showIndicator();
     UIScrollRange rangeX() const;
     UIScrollRange rangeY() const;
-    bool turnPageByWheel(CGVector);
     void turnPage(int step);
     void handleDrag(UIGestureRecognizer&);
     void beginDragging();
@@ -86,7 +85,7 @@ private:
     /// On its way by itself, unless the user wants no motion.
     void goTo(CGPoint target);
     void springTo(CGPoint target, CGVector velocity);
-    void startDecelerating();
+    void startDecelerating(const UIScrollMotion& x, const UIScrollMotion& y);
     void decelerate(double now);
 
     std::shared_ptr<DragRecognizer> m_dragRecognizer;

@@ -5,8 +5,8 @@ namespace velmorath {
 
 std::shared_ptr<UIViewController> UIStoryboardScene::destinationOf(const std::string& transition) const
 {
-    const auto found = m_transitions.find(transition);
-    return found == m_transitions.end() ? nullptr : m_storyboard->instantiateViewController(found->second);
+    const auto found = transitions.find(transition);
+    return found == transitions.end() ? nullptr : storyboard->instantiateViewController(found->second);
 }
 
 void UIStoryboard::enter(std::string name, std::vector<UIStoryboardScene> scenes)
@@ -14,7 +14,7 @@ void UIStoryboard::enter(std::string name, std::vector<UIStoryboardScene> scenes
     UIStoryboard& storyboard = Registry<UIStoryboard>::enter(std::move(name), {});
     storyboard.m_scenes = std::move(scenes);
     for (UIStoryboardScene& scene : storyboard.m_scenes)
-        scene.m_storyboard = &storyboard;
+        scene.storyboard = &storyboard;
 }
 
 const UIStoryboard& UIStoryboard::named(std::string_view name)
@@ -25,15 +25,10 @@ const UIStoryboard& UIStoryboard::named(std::string_view name)
     return *found;
 }
 
-std::shared_ptr<UIViewController> UIStoryboard::instantiateInitialViewController() const
-{
-    return instantiate(m_scenes.front());
-}
-
 std::shared_ptr<UIViewController> UIStoryboard::instantiateViewController(std::string_view identifier) const
 {
     for (const UIStoryboardScene& scene : m_scenes) {
-        if (scene.identifier() == identifier)
+        if (scene.identifier == identifier)
             return instantiate(scene);
     }
     fatalError("The storyboard has no screen named " + std::string(identifier));
@@ -41,7 +36,7 @@ std::shared_ptr<UIViewController> UIStoryboard::instantiateViewController(std::s
 
 std::shared_ptr<UIViewController> UIStoryboard::instantiate(const UIStoryboardScene& scene)
 {
-    std::shared_ptr<UIViewController> controller = scene.m_make();
+    std::shared_ptr<UIViewController> controller = scene.make();
     controller->setScene(&scene);
     return controller;
 }

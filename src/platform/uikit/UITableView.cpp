@@ -27,17 +27,16 @@ void forgetLook(UITableViewCell& cell)
 
 } // namespace
 
-CGFloat UITableViewDelegate::tableViewHeightForRowAtIndexPath(UITableView& table, IndexPath)
-{
-    return table.rowHeight();
-}
-
 UITableView::UITableView(const CGRect& frame)
     : UIScrollView(frame)
 {
     const auto tap = std::make_shared<UITapGestureRecognizer>();
     tap->addTarget([this](UIGestureRecognizer& recognizer) {
-        handleTap(static_cast<UITapGestureRecognizer&>(recognizer).locationIn(*this));
+        const CGPoint point = static_cast<UITapGestureRecognizer&>(recognizer).locationIn(*this);
+        const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
+        layoutIfNeeded();
+        if (cellForRow({0, row}))
+            selectByUser(row);
     });
     addGestureRecognizer(tap);
 }
@@ -60,7 +59,7 @@ void UITableView::putInPlace(UITableViewCell& cell, std::int64_t row) const
     cell.setCenter(rect.center());
 }
 
-UITableView::Rows UITableView::rowsInSight() const
+std::pair<std::int64_t, std::int64_t> UITableView::rowsInSight() const
 {
     const CGFloat top = contentOffset().y;
     const auto first = static_cast<std::int64_t>(std::floor(top / m_rowHeight));
@@ -135,17 +134,20 @@ void UITableView::layoutSubviews()
     if (!m_hasLoaded)
         reloadData();
     UIScrollView::layoutSubviews();
-    if (m_laidOutWidth != bounds().size.width)
-        placeAllRows();
+    if (std::exchange(m_laidOutWidth, bounds().size.width) != bounds().size.width) {
+        updateContentSize();
+        for (const auto& [place, cell] : m_rows)
+            putInPlaceUnlessHeld(cell, place);
+    }
 
     takeBackHeldRows();
     if (m_reordering)
         m_reordering->contentMoved();
 
     const std::optional<std::int64_t> focused = focusedRow();
-    const Rows rows = rowsInSight();
+    const auto [first, end] = rowsInSight();
     for (auto entry = m_rows.begin(); entry != m_rows.end();) {
-        const bool isInSight = entry->first >= rows.first && entry->first < rows.end;
+        const bool isInSight = entry->first >= first && entry->first < end;
         if (isInSight || isHeld(*entry->second)) {
             ++entry;
             continue;
@@ -154,7 +156,7 @@ void UITableView::layoutSubviews()
         entry = m_rows.erase(entry);
     }
     makeUpForRowsLetGo();
-    for (std::int64_t place = rows.first; place < rows.end; ++place) {
+    for (std::int64_t place = first; place < end; ++place) {
         if (!m_rows.contains(place))
             m_rows.emplace(place, makeRow(place));
     }
@@ -207,14 +209,6 @@ void UITableView::takeRowsOutOfUse()
         cell->removeFromSuperview();
 }
 
-void UITableView::placeAllRows()
-{
-    m_laidOutWidth = bounds().size.width;
-    updateContentSize();
-    for (const auto& [place, cell] : m_rows)
-        putInPlaceUnlessHeld(cell, place);
-}
-
 void UITableView::putInPlaceUnlessHeld(const std::shared_ptr<UITableViewCell>& cell, std::int64_t place)
 {
     if (!isHeld(*cell)) {
@@ -233,11 +227,6 @@ bool UITableView::isHeld(const UITableViewCell& cell)
 {
     const auto* responder = dynamic_cast<const UIView*>(UIResponder::current());
     return cell.hasGestureGoingOn() || (responder && responder->isDescendantOf(cell));
-}
-
-std::int64_t UITableView::dataRow(std::int64_t place) const
-{
-    return m_reordering ? m_reordering->dataRow(place) : place;
 }
 
 std::shared_ptr<UITableViewCell> UITableView::makeRow(std::int64_t place)
@@ -297,19 +286,15 @@ std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
     return info;
 }
 
-void UITableView::handleTap(CGPoint point)
-{
-    const auto row = static_cast<std::int64_t>(std::floor(point.y / m_rowHeight));
-    layoutIfNeeded();
-    if (cellForRow({0, row}))
-        selectByUser(row);
-}
-
 void UITableView::selectByUser(std::int64_t row)
 {
     if (m_editing)
         return;
-    select(row);
+    const std::optional<std::int64_t> before = std::exchange(m_selectedRow, row);
+    for (const auto& [place, cell] : m_rows)
+        cell->setSelected(dataRow(place) == row);
+    if (before && before != row && m_delegate)
+        m_delegate->tableViewDidDeselectRowAtIndexPath(*this, {0, *before});
     if (m_delegate)
         m_delegate->tableViewDidSelectRowAtIndexPath(*this, {0, row});
 }
@@ -321,20 +306,6 @@ void UITableView::deselectRow(IndexPath path)
     m_selectedRow.reset();
     if (const auto cell = cellForRow(path))
         cell->setSelected(false);
-}
-
-void UITableView::select(std::int64_t row)
-{
-    const std::optional<std::int64_t> before = std::exchange(m_selectedRow, row);
-    for (const auto& [place, cell] : m_rows)
-        cell->setSelected(dataRow(place) == row);
-    if (before && before != row && m_delegate)
-        m_delegate->tableViewDidDeselectRowAtIndexPath(*this, {0, *before});
-}
-
-void UITableView::beginUpdates()
-{
-    m_isUpdating = true;
 }
 
 void UITableView::deleteRows(const std::vector<IndexPath>& paths, UITableViewRowAnimation)

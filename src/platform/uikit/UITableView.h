@@ -36,7 +36,7 @@ public:
 class UITableViewDelegate : public UIScrollViewDelegate {
 public:
     /// The height of every row: the table asks for the first one's at each reload.
-    virtual CGFloat tableViewHeightForRowAtIndexPath(UITableView&, IndexPath);
+    virtual CGFloat tableViewHeightForRowAtIndexPath(UITableView&, IndexPath) = 0;
     /// The row is about to come into sight.
     virtual void tableViewWillDisplayCellForRowAtIndexPath(UITableView&, UITableViewCell&, IndexPath) { }
     /// Not called in editing mode.
@@ -97,7 +97,7 @@ public:
     void setEditing(bool);
 
     /// Deletions between the two are shown together; the data source has lost the rows by the end.
-    void beginUpdates();
+    void beginUpdates() { m_isUpdating = true; }
     void endUpdates();
     void deleteRows(const std::vector<IndexPath>&, UITableViewRowAnimation);
 
@@ -128,21 +128,19 @@ public:
 private:
     friend class UITableViewReordering;
 
-    struct Rows {
-        std::int64_t first = 0;
-        std::int64_t end = 0;
-    };
-
     CGRect rectForRow(std::int64_t row) const;
     /// Where the row belongs, whatever transform somebody moved it away with.
     void putInPlace(UITableViewCell&, std::int64_t row) const;
-    Rows rowsInSight() const;
+    /// The first one, and the one after the last.
+    std::pair<std::int64_t, std::int64_t> rowsInSight() const;
     void updateContentSize();
     /// The row of the data that is shown at this place: another than it, while one is being dragged.
-    std::int64_t dataRow(std::int64_t place) const;
+    std::int64_t dataRow(std::int64_t place) const
+    {
+        return m_reordering ? m_reordering->dataRow(place) : place;
+    }
     std::shared_ptr<UITableViewCell> makeRow(std::int64_t place);
     static bool isHeld(const UITableViewCell&);
-    void placeAllRows();
     void putInPlaceUnlessHeld(const std::shared_ptr<UITableViewCell>&, std::int64_t place);
     /// Rows that a reload gave up and that were taken hold of before the layout that follows it.
     void takeBackHeldRows();
@@ -150,7 +148,6 @@ private:
     void takeRowsOutOfUse();
     /// For a row on its way to another place.
     void swapRows(std::int64_t place, std::int64_t otherPlace);
-    void handleTap(CGPoint);
     std::int64_t rowsOfAPage() const;
     std::optional<std::int64_t> focusedRow() const;
     void focusRow(std::int64_t);
@@ -160,7 +157,6 @@ private:
     void keepFocusInSight(std::int64_t row);
     /// Keys that a row of the table has go to the first one of the new page.
     void scrollByReader(CGPoint offset);
-    void select(std::int64_t row);
     void applyDeletion(std::int64_t row);
     void fadeOut(const std::shared_ptr<UITableViewCell>&);
 

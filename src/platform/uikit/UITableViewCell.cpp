@@ -1,7 +1,7 @@
 #include "UITableViewCell.h"
+#include "UIGestureRecognizer.h"
 #include "UIReadableColumn.h"
 #include "UITableView.h"
-#include "UITableViewReorderControl.h"
 
 namespace velmorath {
 
@@ -9,7 +9,68 @@ namespace {
 
 constexpr CGFloat textMargin = 15;
 constexpr CGFloat checkmarkWidth = 28;
+/// Of the handle for reordering: wide enough for a thumb.
+constexpr CGFloat handleWidth = 50;
+
 const CGColor paleness = CGColor::gray(1, 0.3);
+
+/// Begins as soon as a finger is down, and follows it.
+class GripRecognizer : public UIGestureRecognizer {
+public:
+    void touchesBegan(const UITouches& began) override
+    {
+        UIGestureRecognizer::touchesBegan(began);
+        if (state() == State::possible)
+            begin();
+    }
+    CGFloat y() const { return touches().front()->location().y; }
+};
+
+/// The handle of a row in reordering mode: three lines to grip. The drag itself is the table's.
+class UITableViewReorderControl : public UIView {
+public:
+    UITableViewReorderControl()
+    {
+        const auto grip = std::make_shared<GripRecognizer>();
+        grip->addTarget([this](UIGestureRecognizer& recognizer) { handleGrip(recognizer); });
+        addGestureRecognizer(grip);
+    }
+
+    void gestureEnded() override
+    {
+        if (cell())
+            cell()->gestureEnded();
+    }
+
+protected:
+    void draw(CGContext& context) const override
+    {
+        constexpr CGFloat lineWidth = 22, thickness = 2, gap = 6;
+        const CGFloat x = bounds().midX() - lineWidth / 2;
+        for (int line = -1; line <= 1; ++line) {
+            const CGFloat y = bounds().midY() + line * gap - thickness / 2;
+            context.fill(CGRectMake(x, y, lineWidth, thickness), thickness / 2, CGColor{1, 1, 1, 0.85});
+        }
+    }
+
+private:
+    /// Nothing when the handle was taken away under the finger.
+    UITableViewCell* cell() const { return static_cast<UITableViewCell*>(superview()); }
+
+    void handleGrip(UIGestureRecognizer& recognizer)
+    {
+        UITableView* const table = cell() ? cell()->table() : nullptr;
+        if (!table)
+            return;
+        const CGFloat y = static_cast<GripRecognizer&>(recognizer).y();
+        if (recognizer.state() == UIGestureRecognizer::State::began)
+            table->beginReordering(*cell(), y);
+        else if (recognizer.state() == UIGestureRecognizer::State::changed)
+            table->continueReordering(y);
+        else
+            table->endReordering(recognizer.state() == UIGestureRecognizer::State::ended);
+    }
+};
 
 } // namespace
 
@@ -42,22 +103,6 @@ void UITableViewCell::setAccessoryType(UITableViewCellAccessoryType type)
     setNeedsLayout();
 }
 
-void UITableViewCell::setSelected(bool selected)
-{
-    if (m_selected == selected)
-        return;
-    m_selected = selected;
-    setNeedsDisplay();
-}
-
-void UITableViewCell::setHighlighted(bool highlighted)
-{
-    if (m_highlighted == highlighted)
-        return;
-    m_highlighted = highlighted;
-    setNeedsDisplay();
-}
-
 void UITableViewCell::draw(CGContext& context) const
 {
     if ((m_highlighted || m_selected) && m_selectionStyle != UITableViewCellSelectionStyle::none)
@@ -80,7 +125,7 @@ void UITableViewCell::setShowsReorderControl(bool shows)
 
 CGFloat UITableViewCell::reorderControlWidth() const
 {
-    return m_reorderControl ? UITableViewReorderControl::width : 0;
+    return m_reorderControl ? handleWidth : 0;
 }
 
 UITableView* UITableViewCell::table() const

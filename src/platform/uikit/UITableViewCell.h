@@ -30,7 +30,7 @@ public:
     /// What the row shows at its right end.
     UITableViewCellAccessoryType accessoryType() const { return m_accessoryType; }
     void setAccessoryType(UITableViewCellAccessoryType);
-    void setSelected(bool);
+    void setSelected(bool selected) { setDrawn(m_selected, selected); }
 
     /// What the row is to those who do not see it: an item of the list, unless it is set.
     void setAccessibilityRole(AccessibilityRole role) { m_accessibilityRole = role; }
@@ -65,7 +65,7 @@ protected:
     void draw(CGContext&) const override;
 
 private:
-    void setHighlighted(bool);
+    void setHighlighted(bool highlighted) { setDrawn(m_highlighted, highlighted); }
 
     std::string m_reuseIdentifier;
     std::shared_ptr<UILabel> m_textLabel;

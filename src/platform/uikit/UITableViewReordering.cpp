@@ -13,6 +13,14 @@ constexpr CGFloat scrollZone = 50;
 /// Points a second, at the very edge.
 constexpr CGFloat greatestSpeed = 600;
 
+/// Where a row is when one has gone from its place to another.
+std::int64_t placeAfterMove(std::int64_t place, std::int64_t from, std::int64_t to)
+{
+    if (place == from)
+        return to;
+    return place - (from < place && place <= to ? 1 : 0) + (to <= place && place < from ? 1 : 0);
+}
+
 } // namespace
 
 UITableViewReordering::UITableViewReordering(
@@ -29,24 +37,12 @@ UITableViewReordering::UITableViewReordering(
 
 std::int64_t UITableViewReordering::dataRow(std::int64_t place) const
 {
-    if (place == m_to)
-        return m_from;
-    if (m_from < m_to && place >= m_from && place < m_to)
-        return place + 1;
-    if (m_to < m_from && place > m_to && place <= m_from)
-        return place - 1;
-    return place;
+    return placeAfterMove(place, m_to, m_from);
 }
 
 std::int64_t UITableViewReordering::placeOfDataRow(std::int64_t row) const
 {
-    if (row == m_from)
-        return m_to;
-    if (m_from < m_to && row > m_from && row <= m_to)
-        return row - 1;
-    if (m_to < m_from && row >= m_to && row < m_from)
-        return row + 1;
-    return row;
+    return placeAfterMove(row, m_from, m_to);
 }
 
 void UITableViewReordering::rowDeleted(std::int64_t row, std::int64_t place)
@@ -65,12 +61,6 @@ void UITableViewReordering::moveTo(CGFloat y)
 
 void UITableViewReordering::contentMoved()
 {
-    followFinger();
-    scrollWhereWanted();
-}
-
-void UITableViewReordering::followFinger()
-{
     const CGFloat height = m_table.rowHeight();
     const CGFloat half = height / 2;
     const CGFloat lowest = static_cast<CGFloat>(m_table.numberOfRows()) * height - half;
@@ -79,6 +69,7 @@ void UITableViewReordering::followFinger()
     m_cell->setCenter({m_table.bounds().size.width / 2, centerY});
     const auto place = static_cast<std::int64_t>(std::floor(centerY / height));
     moveRowTo(std::clamp<std::int64_t>(place, 0, m_table.numberOfRows() - 1));
+    scrollWhereWanted();
 }
 
 void UITableViewReordering::moveRowTo(std::int64_t place)

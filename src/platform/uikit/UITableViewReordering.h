@@ -41,7 +41,6 @@ public:
     void goBack() { moveRowTo(m_from); }
 
 private:
-    void followFinger();
     void moveRowTo(std::int64_t place);
     /// How fast the table is to scroll now, in points a second.
     CGFloat scrollSpeed() const;

@@ -21,7 +21,7 @@ private:
     bool startEditing(const UITouch& touch) const
     {
         auto& text = static_cast<UITextEditingView&>(*view());
-        const CGPoint place = touch.locationIn(text);
+        const CGPoint place = text.convertFromWindow(touch.location());
         const CGPoint corner = text.editingRect().origin;
         text.m_traits.tap = CGPoint{place.x - corner.x, place.y - corner.y};
         const bool begins = text.becomeFirstResponder();
@@ -120,11 +120,6 @@ void UITextEditingView::draw(CGContext& context) const
 {
     if (!isEditing())
         context.drawText(m_text, editingRect(), m_style);
-}
-
-void UITextEditingView::textInputDidChange(const std::string& utf8)
-{
-    m_text = utf8;
 }
 
 } // namespace velmorath

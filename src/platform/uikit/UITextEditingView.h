@@ -66,7 +66,7 @@ protected:
 private:
     friend class EditingTap;
 
-    void textInputDidChange(const std::string& utf8) override;
+    void textInputDidChange(const std::string& utf8) override { m_text = utf8; }
     void textInputDidReturn() override { didReturn(); }
 
     std::string m_text;

@@ -43,11 +43,6 @@ CGRect UITextView::editingRect() const
     return readableColumn(bounds().insetBy(m_inset, m_inset));
 }
 
-void UITextView::didBeginEditing()
-{
-    m_scrollView->setHidden(true);
-}
-
 void UITextView::didEndEditing()
 {
     m_scrollView->setHidden(false);

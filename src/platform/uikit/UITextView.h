@@ -21,7 +21,7 @@ public:
 
 protected:
     CGRect editingRect() const override;
-    void didBeginEditing() override;
+    void didBeginEditing() override { m_scrollView->setHidden(true); }
     void didEndEditing() override;
     void didReturn() override { resignFirstResponder(); }
     CGFloat scrolled() const override { return m_scrollView->contentOffset().y; }

@@ -21,7 +21,6 @@ public:
     /// In window coordinates.
     CGPoint location() const { return m_location; }
     CGPoint start() const { return m_start; }
-    CGPoint locationIn(const UIView&) const;
 
     /// Seconds of Clock::now().
     double time() const { return m_time; }

@@ -1,6 +1,7 @@
 #include "UITouchDispatcher.h"
 #include "UIView.h"
 #include <algorithm>
+#include <array>
 
 namespace velmorath {
 
@@ -23,33 +24,26 @@ void address(Addressed& addressed, const std::shared_ptr<UIGestureRecognizer>& r
 
 void UITouchDispatcher::touchesChanged(UIView& root, const std::vector<HostTouch>& changed, double time)
 {
-    std::vector<std::int64_t> began, moved, ended, cancelled;
+    std::array<std::vector<std::int64_t>, 4> fingersOf;
     for (const HostTouch& touch : changed) {
         const auto known = m_fingers.find(touch.identifier);
         if (touch.phase == HostTouch::Phase::began) {
-            if (known != m_fingers.end() || isGestureGoingOn())
+            if (known != m_fingers.end() || isGestureGoingOn() || !addFinger(root, touch, time))
                 continue;
-            addFinger(root, touch, time);
-            if (m_fingers.contains(touch.identifier))
-                began.push_back(touch.identifier);
-            continue;
+        } else {
+            if (known == m_fingers.end())
+                continue;
+            known->second.touch->moveTo(touch.location, time);
         }
-        if (known == m_fingers.end())
-            continue;
-        known->second.touch->moveTo(touch.location, time);
-        if (touch.phase == HostTouch::Phase::moved)
-            moved.push_back(touch.identifier);
-        else if (touch.phase == HostTouch::Phase::ended)
-            ended.push_back(touch.identifier);
-        else
-            cancelled.push_back(touch.identifier);
+        fingersOf[static_cast<std::size_t>(touch.phase)].push_back(touch.identifier);
     }
+    const auto& [began, moved, ended, cancelled] = fingersOf;
     deliver(began, &UIGestureRecognizer::touchesBegan, &UIResponder::touchesBegan);
     deliver(moved, &UIGestureRecognizer::touchesMoved, &UIResponder::touchesMoved);
     deliver(ended, &UIGestureRecognizer::touchesEnded, &UIResponder::touchesEnded);
     deliver(cancelled, &UIGestureRecognizer::touchesCancelled, &UIResponder::touchesCancelled);
-    for (const auto& gone : {ended, cancelled}) {
-        for (std::int64_t identifier : gone)
+    for (const auto* gone : {&ended, &cancelled}) {
+        for (std::int64_t identifier : *gone)
             m_fingers.erase(identifier);
     }
 }
@@ -88,25 +82,23 @@ void UITouchDispatcher::cancelTouches(const UIView& gone)
         touch->view()->touchesCancelled({touch});
 }
 
-void UITouchDispatcher::addFinger(UIView& root, const HostTouch& touch, double time)
+bool UITouchDispatcher::addFinger(UIView& root, const HostTouch& touch, double time)
 {
     std::shared_ptr<UIView> view = root.hitTest(root.convertFromWindow(touch.location));
     if (!view)
-        return;
+        return false;
     Finger finger;
     for (UIView* around = view.get(); around; around = around->superview()) {
         const auto& recognizers = around->gestureRecognizers();
         finger.recognizers.insert(finger.recognizers.end(), recognizers.begin(), recognizers.end());
     }
     finger.touch = std::make_shared<UITouch>(touch.location, time, std::move(view));
-    m_fingers.emplace(touch.identifier, std::move(finger));
+    return m_fingers.emplace(touch.identifier, std::move(finger)).second;
 }
 
 void UITouchDispatcher::deliver(
     const std::vector<std::int64_t>& fingers, Deliver toRecognizer, DeliverToView toView)
 {
-    if (fingers.empty())
-        return;
     deliverToRecognizers(fingers, toRecognizer);
     deliverToViews(fingers, toView);
 }

@@ -34,7 +34,8 @@ private:
     using Deliver = void (UIGestureRecognizer::*)(const UITouches&);
     using DeliverToView = void (UIResponder::*)(const UITouches&);
 
-    void addFinger(UIView& root, const HostTouch&, double time);
+    /// False where nobody is under it.
+    bool addFinger(UIView& root, const HostTouch&, double time);
     void deliver(const std::vector<std::int64_t>& fingers, Deliver, DeliverToView);
     void deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver);
     void deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView);

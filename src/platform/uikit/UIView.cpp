@@ -34,11 +34,6 @@ void UIView::animate(
     CATimeline::main().keepRunningUntil(begin + duration, std::move(completion));
 }
 
-void UIView::performWithoutAnimation(const std::function<void()>& changes)
-{
-    changeWith({}, changes);
-}
-
 void UIView::changeWith(std::optional<CAAnimationTiming> timing, const std::function<void()>& changes)
 {
     CATimeline& timeline = CATimeline::main();

@@ -40,7 +40,7 @@ public:
     static void animate(double duration, double delay, const std::function<void()>& changes,
         std::function<void()> completion = {});
     /// Runs changes that show at once, even inside an animation.
-    static void performWithoutAnimation(const std::function<void()>& changes);
+    static void performWithoutAnimation(const std::function<void()>& changes) { changeWith({}, changes); }
 
     /// In the superview's coordinates; derived from centre, bounds and transform.
     CGRect frame() const { return m_layer->frame(); }

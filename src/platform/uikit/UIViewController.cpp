@@ -83,8 +83,9 @@ void UIViewController::present(
     controller->m_presenting = this;
     controller->appearIn(*window, animated);
     const auto finish = [weakSelf = weak_from_this(), controller, completion = std::move(completion)] {
-        if (const auto self = weakSelf.lock())
-            controller->didAppearOver(*self);
+        const auto self = weakSelf.lock();
+        if (self && controller->m_style == UIModalPresentationStyle::fullScreen)
+            self->view()->setHidden(true);
         if (completion)
             completion();
     };
@@ -92,18 +93,6 @@ void UIViewController::present(
         makeTransition(*controller->view(), controller->m_style, true, finish);
     else
         finish();
-}
-
-void UIViewController::didAppearOver(UIViewController& presenter)
-{
-    if (m_style == UIModalPresentationStyle::fullScreen)
-        presenter.view()->setHidden(true);
-}
-
-void UIViewController::showAgain(bool animated)
-{
-    m_view->setHidden(false);
-    viewWillAppear(animated);
 }
 
 void UIViewController::dismiss(bool animated, std::function<void()> completion)
@@ -115,8 +104,10 @@ void UIViewController::dismiss(bool animated, std::function<void()> completion)
     }
     const std::shared_ptr<UIViewController> leaving = m_presented;
     leaving->view()->endEditing();
-    if (leaving->m_style == UIModalPresentationStyle::fullScreen)
-        showAgain(animated);
+    if (leaving->m_style == UIModalPresentationStyle::fullScreen) {
+        m_view->setHidden(false);
+        viewWillAppear(animated);
+    }
     const auto finish = [self = shared_from_this(), leaving, completion = std::move(completion)] {
         leaving->m_view->removeFromSuperview();
         leaving->m_presenting = nullptr;

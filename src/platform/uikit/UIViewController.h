@@ -8,7 +8,7 @@
 namespace velmorath {
 
 class UIViewController;
-class UIStoryboardScene;
+struct UIStoryboardScene;
 
 /// A transition between two screens of a storyboard, about to be made.
 struct UIStoryboardSegue {
@@ -61,11 +61,6 @@ public:
     void appearIn(UIWindow&, bool animated);
 
 private:
-    /// Makes the view: an empty one, or what the storyboard says.
-    std::shared_ptr<UIView> loadView();
-    void didAppearOver(UIViewController& presenter);
-    void showAgain(bool animated);
-
     std::shared_ptr<UIView> m_view;
     const UIStoryboardScene* m_scene = nullptr;
     UIModalPresentationStyle m_style = UIModalPresentationStyle::fullScreen;

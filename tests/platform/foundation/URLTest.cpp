@@ -18,15 +18,6 @@ TEST(URLTest, TellsAddressesFromOtherTexts)
         EXPECT_FALSE(URL::parse(text)) << text;
 }
 
-TEST(URLTest, ChangesTheSchemeAlone)
-{
-    const URL url = *URL::parse("itms-apps://itms-apps.example/itms-apps:1");
-    EXPECT_EQ(url.scheme(), "itms-apps");
-    const URL onTheWeb = url.withScheme("https");
-    EXPECT_EQ(onTheWeb.absoluteString(), "https://itms-apps.example/itms-apps:1");
-    EXPECT_EQ(onTheWeb.scheme(), "https");
-}
-
 TEST(URLTest, EncodesWhatAnAddressCannotHold)
 {
     EXPECT_EQ(percentEncoded("aZ09-._~"), "aZ09-._~");
