@@ -17,10 +17,11 @@ constexpr CGFloat fadedAlpha = 0.3;
 
 } // namespace
 
-void ViewController::changeBadge(long long by) const
+long long ViewController::changeBadge(long long by) const
 {
     UIApplication& application = UIApplication::shared();
     application.setApplicationIconBadgeNumber(application.applicationIconBadgeNumber() + by);
+    return by;
 }
 
 std::int64_t ViewController::indexOf(const ToDoItem2& note) const
@@ -84,9 +85,7 @@ void ViewController::cellDidEndEditing(TableViewCell& editingCell)
     print("il tasto cè quindi devo salvare il nuovo array con la nuova nota");
     saveNotes();
     print("-------------------------appIconBadge :   " + appIconBadge);
-    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
-    if (appIconBadge == "true")
-        changeBadge(1);
+    const long long badge = appIconBadge == "true" ? changeBadge(1) : 0;
     const NoteState before = stateBeforeTyping(note);
     rememberChange(before.place ? "Edit" : "Add note", note, before, badge);
 }
@@ -106,15 +105,15 @@ void ViewController::setCompleted(const std::shared_ptr<ToDoItem2>& note, bool c
 {
     giveFeedback("completa", soundEffect, vibration);
     const NoteState before = stateOf(note);
-    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     const std::int64_t index = indexOf(*note);
     print("toDoItemDaModificare completed : " + std::string(note->completed ? "true" : "false") + "   "
         + note->text.value_or(""));
+    long long badge = 0;
     if (appIconBadge == "true") {
         print("true appiconbadge");
         if (!note->completed) {
             print("!toDoItem.completed.boolValue");
-            changeBadge(completed ? -1 : 1);
+            badge = changeBadge(completed ? -1 : 1);
         }
     }
     note->completed = completed;
@@ -134,11 +133,9 @@ void ViewController::toDoItemDeleted(const std::shared_ptr<ToDoItem2>& note)
     }
     giveFeedback("cancella", soundEffect, vibration);
     const NoteState before = stateBeforeTyping(note);
-    const long long badge = UIApplication::shared().applicationIconBadgeNumber();
     const std::int64_t index = indexOf(*note);
     print("index = " + std::to_string(index));
-    if (appIconBadge == "true" && !note->completed)
-        changeBadge(-1);
+    const long long badge = appIconBadge == "true" && !note->completed ? changeBadge(-1) : 0;
     const auto rows = laidOutRows();
     arrayNote.erase(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(index)));
     print("arrayNote.removeAtIndex(index)");
@@ -220,7 +217,7 @@ void ViewController::tableViewMoveRowAtIndexPathToIndexPath(UITableView& list, I
             arrayNote.push_back(note);
         else
             arrayNote.insert(arrayNote.begin() + static_cast<std::ptrdiff_t>(checkedIndex(to.row)), note);
-        rememberChange("Move", note, before, UIApplication::shared().applicationIconBadgeNumber());
+        rememberChange("Move", note, before);
     }
     saveNotes();
     list.reloadData();

@@ -51,11 +51,8 @@ void ViewController::takeNews()
             saveNotes();
     }
     const auto copies = m_file.takeCopies(arrayNote);
-    if (!copies.missing.empty()) {
-        const Sight before = sight();
-        addOnTop(copies.missing);
-        showAgain(before);
-    }
+    if (!copies.missing.empty())
+        addOnTop(copies.missing, sight());
     // Until their notes are saved, they are only there.
     if (!m_file.isUnsaved())
         m_file.setCopiesAside();

@@ -92,15 +92,15 @@ bool ViewController::addCopy(const Result<std::string>& file)
     if (missing.empty())
         tell("The list has all of its notes already.");
     else
-        addOnTop(missing);
+        addOnTop(missing, {{}, focusedNote()});
     return true;
 }
 
-void ViewController::addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>& notes)
+void ViewController::addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>& notes, const Sight& before)
 {
     arrayNote.insert(arrayNote.begin(), notes.begin(), notes.end());
     m_undoManager.registerUndo(words("Open a copy"), [this, notes] { takeAway(notes); });
-    showAllAnew();
+    showAllAnew(before);
     showUndo();
     UIApplication::shared().announce(words("Open a copy"));
 }
@@ -109,21 +109,19 @@ void ViewController::takeAway(const std::vector<std::shared_ptr<ToDoItem2>>& not
 {
     const std::set<std::shared_ptr<ToDoItem2>> gone(notes.begin(), notes.end());
     std::erase_if(arrayNote, [&](const auto& note) { return gone.contains(note); });
-    m_undoManager.registerUndo(words("Open a copy"), [this, notes] { addOnTop(notes); });
-    showAllAnew();
+    m_undoManager.registerUndo(words("Open a copy"), [this, notes] { addOnTop(notes, {{}, focusedNote()}); });
+    showAllAnew({{}, focusedNote()});
 }
 
-void ViewController::showAllAnew()
+void ViewController::showAllAnew(const Sight& before)
 {
     saveNotes();
     if (appIconBadge == "true")
         showBadge();
-    const std::shared_ptr<ToDoItem2> focused = focusedNote();
-    table()->setContentOffset({0, 0});
-    table()->reloadData();
-    // A finger that comes before the next frame finds each note where it is now.
-    table()->layoutIfNeeded();
-    keepFocusOn(focused);
+    if (before.rows.empty())
+        table()->setContentOffset({0, 0});
+    // It is laid out at once: a finger that comes before the next frame finds each note where it is now.
+    showAgain(before);
 }
 
 void ViewController::tell(std::string_view what)

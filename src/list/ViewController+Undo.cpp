@@ -43,8 +43,8 @@ NoteState ViewController::stateBeforeTyping(const std::shared_ptr<ToDoItem2>& no
     return state;
 }
 
-void ViewController::rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>& note,
-    const NoteState& before, long long badgeBefore)
+void ViewController::rememberChange(
+    std::string_view action, const std::shared_ptr<ToDoItem2>& note, const NoteState& before, long long badge)
 {
     const NoteState after = stateOf(note);
     if (after == before || (!before.place && !after.place))
@@ -53,7 +53,6 @@ void ViewController::rememberChange(std::string_view action, const std::shared_p
     std::string name = Bundle::main().localizedString(action);
     if (!text.empty())
         name += " " + text;
-    const auto badge = UIApplication::shared().applicationIconBadgeNumber() - badgeBefore;
     registerRestore(note, before, {name, after, badge, m_badgeCounts});
     showUndo();
 }

@@ -221,8 +221,7 @@ void ViewController::nuovoArrayNote(const std::vector<std::shared_ptr<ToDoItem2>
     saveNotes();
     table()->reloadData();
     if (const auto [note, before] = std::exchange(m_opened, {}); note) {
-        rememberChange(stateOf(note).place ? "Edit" : "Delete", note, before,
-            UIApplication::shared().applicationIconBadgeNumber());
+        rememberChange(stateOf(note).place ? "Edit" : "Delete", note, before);
     }
     UIApplication::shared().announce(Bundle::main().localizedString("Saved"));
 }

@@ -136,7 +136,8 @@ private:
     /// The colour of index 0, without the lines that tell how it came about.
     CGColor colorForFirstRow() const;
 
-    void changeBadge(long long by) const;
+    /// Returns the same number.
+    long long changeBadge(long long by) const;
     /// Tells those who do not see the list what became of a note.
     static void announce(std::string_view what, const ToDoItem2&);
     /// Marks a note as completed or open, and saves.
@@ -159,9 +160,9 @@ private:
     NoteState stateOf(const std::shared_ptr<ToDoItem2>&) const;
     /// What a note was before it was typed, if it was, in the place where it is now; the typing is over then.
     NoteState stateBeforeTyping(const std::shared_ptr<ToDoItem2>&);
-    /// A note was changed by the user: what it and the badge were before is to be had back.
+    /// A note was changed by the user, and the badge by this much: what they were before is to be had back.
     void rememberChange(std::string_view action, const std::shared_ptr<ToDoItem2>&, const NoteState& before,
-        long long badgeBefore);
+        long long badge = 0);
     void registerRestore(const std::shared_ptr<ToDoItem2>&, const NoteState&, const UndoStep&);
     void restore(const std::shared_ptr<ToDoItem2>&, const NoteState&, const UndoStep&);
     void showRestored(std::optional<std::int64_t> from, std::optional<std::int64_t> to);
@@ -190,10 +191,10 @@ private:
     void shareList();
     void saveCopy();
     void openCopy();
-    /// These two take each other back.
-    void addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>&);
+    /// These two take each other back. What is to stay in sight does.
+    void addOnTop(const std::vector<std::shared_ptr<ToDoItem2>>&, const Sight&);
     void takeAway(const std::vector<std::shared_ptr<ToDoItem2>>&);
-    void showAllAnew();
+    void showAllAnew(const Sight&);
     /// In a box with a button.
     void tell(std::string_view what);
 
