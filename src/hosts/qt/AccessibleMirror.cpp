@@ -169,7 +169,8 @@ void AccessibleMirror::letGo(const Places& before)
         if (!m_places.contains(identifier))
             m_gone.emplace(identifier, place);
     }
-    m_going.start();
+    if (!m_gone.empty())
+        m_going.start();
 }
 
 void AccessibleMirror::reportGone()
