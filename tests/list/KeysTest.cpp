@@ -1,4 +1,5 @@
 #include "Story.h"
+#include "UIApplication.h"
 
 namespace velmorath {
 namespace {
@@ -64,6 +65,15 @@ TEST_F(KeysTest, TabLeavesTheScreenAndComesBackAndArrowsGoRound)
     press("out at the front", {HostKey::tab, true}, 0);
     press("round", {HostKey::up});
     press("round", {HostKey::down});
+}
+
+TEST_F(KeysTest, TheLastNoteLeavesTheKeysToTheEmptyList)
+{
+    start({"One"});
+    press("into the list", {HostKey::tab});
+    press("delete", {HostKey::remove});
+    EXPECT_EQ(UIApplication::shared().focusSystem().focusedView(), list().tableView.lock());
+    press("insert", {HostKey::insert});
 }
 
 TEST_F(KeysTest, AHiddenRingProtectsItsRow)

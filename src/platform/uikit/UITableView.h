@@ -117,6 +117,8 @@ public:
     /// Arrows, page keys, Home and End move the focus among all rows, those out of sight too; with Alt
     /// they move the row. Enter selects it.
     bool keyPressed(const HostKeyPress&) override;
+    /// Without rows, so that keys have a place where there is nothing else.
+    bool canBecomeFocused() const override { return m_count == 0; }
     void layoutSubviews() override;
 
     /// For the handle of a row: a finger has it, moves, and lets it go. y in window coordinates.

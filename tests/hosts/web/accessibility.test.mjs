@@ -38,6 +38,16 @@ test("the mirror lies over what it stands for", async () => {
     await list.tab.until("it scrolled further", () => document.querySelector("#mirror").textContent.includes("Note 24"));
 });
 
+test("the last note that goes leaves the keys to the list, where N adds one", async () => {
+    const list = await List.with(site, ["One"]);
+    await list.key("Tab");
+    await list.key("Delete");
+    await list.untilKept();
+    assert.equal(await list.focused(), "Notes");
+    await list.key("n");
+    await list.editing();
+});
+
 test("everything can be done with the keys, and the focus tells where they are", async () => {
     const list = await List.with(site, ["One", "Two", "Three"]);
     await list.key("Tab");
