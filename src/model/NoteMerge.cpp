@@ -180,11 +180,10 @@ public:
             for (const std::size_t entry : m_entryAt[side]) {
                 if (isGone(m_entries[entry]))
                     continue;
-                if (m_entries[entry].isFixed())
-                    next = std::next(at[entry]);
-                else if (m_entries[entry].mover() == side)
+                const bool isFixed = m_entries[entry].isFixed();
+                if (!isFixed && m_entries[entry].mover() == side)
                     next = std::next(at[entry] = order.insert(next, entry));
-                else if (!m_entries[entry].base)
+                else if (isFixed || !m_entries[entry].base)
                     next = std::next(at[entry]);
             }
         }

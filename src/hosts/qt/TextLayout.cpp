@@ -116,9 +116,8 @@ QPointF TextLayout::lineOrigin(const CGRect& rect) const
         || (m_style.alignment == CGTextAlignment::natural && m_readsFromTheRight);
     if (right)
         return {rect.minX() + width - textWidth, y};
-    if (m_style.alignment == CGTextAlignment::center)
-        return {rect.minX() + (width + 1 - textWidth) / 2, y};
-    return {rect.minX(), y};
+    const int left = m_style.alignment == CGTextAlignment::center ? (width + 1 - textWidth) / 2 : 0;
+    return {rect.minX() + left, y};
 }
 
 void TextLayout::draw(QPainter& painter, const CGRect& unsnapped) const
