@@ -17,9 +17,9 @@ struct Class {
     static const Class* named(std::string_view name) { return Registry<Class>::find(name); }
 
     /// Entering a name again replaces what stood there.
-    template <typename T> static void enter(std::string name)
+    template <typename T> static void enter(const std::string& name)
     {
-        Registry<Class>::enter(std::move(name),
+        Registry<Class>::enter(name,
             {[] { return std::make_shared<T>(); },
                 [](const Object& object) { return dynamic_cast<const T*>(&object) != nullptr; }});
     }
