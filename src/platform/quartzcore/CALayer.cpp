@@ -50,7 +50,8 @@ void CALayer::addTransition(const CATransition& transition)
         return;
     m_contentBefore = m_delegate->keptDrawing();
     const double now = Host::current().clock().now();
-    m_animations.emplace_back(CAAnimation<CGFloat>{&CALayerState::contentShare, 0, 1, now, transition.duration});
+    m_animations.emplace_back(
+        CAAnimation<CGFloat>{&CALayerState::contentShare, 0, 1, now, transition.duration});
     CATimeline::main().keepRunningUntil(now + transition.duration);
 }
 

@@ -4,6 +4,7 @@
 #include "Print.h"
 #include "PropertyList.h"
 #include "ToDoItem2.h"
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -27,6 +28,9 @@ std::string textOf(const PropertyList& value)
 {
     std::string text;
     if (const auto* array = value.as<PropertyList::Array>()) {
+        if (array->size() > 9
+            && std::count(array->begin(), array->end(), array->front()) == std::ssize(*array))
+            return "[" + std::to_string(array->size()) + " times " + textOf(array->front()) + "]";
         for (const PropertyList& element : *array)
             text += (text.empty() ? "" : ", ") + textOf(element);
         return "[" + text + "]";
