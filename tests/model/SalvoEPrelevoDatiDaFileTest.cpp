@@ -19,9 +19,9 @@ protected:
 
 TEST_F(SalvoEPrelevoDatiDaFileTest, WhatIsSavedComesBack)
 {
-    std::vector<std::shared_ptr<ToDoItem2>> written;
-    for (int i = 0; i < 3; ++i)
-        written.push_back(std::make_shared<ToDoItem2>());
+    std::vector<std::shared_ptr<ToDoItem2>> written(3);
+    for (auto& note : written)
+        note = std::make_shared<ToDoItem2>();
     written[0]->text = "Perché 👵🏽";
     written[0]->data = "Nov 22, 2026";
     written[1]->text = "";

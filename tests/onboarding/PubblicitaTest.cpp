@@ -59,7 +59,7 @@ TEST_F(PubblicitaTest, TheHeaderIsAsLargeAsFits)
         using UILabel::keptDrawing;
         using UILabel::UILabel;
     };
-    for (CGFloat width = 150; width < 500; width += 1) {
+    for (int width = 150; width < 500; ++width) {
         const auto header = std::make_shared<Header>(CGRectMake(0, 0, width, 36));
         header->setText("Découvrez nos autres applications GRATUITES :");
         header->setFont(UIFont::boldSystemFont(16));

@@ -29,9 +29,9 @@ protected:
     ListTest();
     ~ListTest() override;
 
-    /// Starts as on any day but the first, with these notes in the file. A note that begins with "x " is
-    /// completed.
-    void start(const Lines& notes, const std::string& theme = "Blue");
+    /// Starts as on any day but the first, with notes of these texts in the file. One that begins with "x "
+    /// is completed.
+    void start(const Lines& texts, const std::string& theme = "Blue");
     /// As many notes, each of which is its place.
     static Lines numbers(int count);
     static std::vector<std::shared_ptr<ToDoItem2>> notesFrom(const Lines& texts);

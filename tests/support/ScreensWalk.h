@@ -13,7 +13,7 @@ protected:
     virtual void look(const std::string& state) = 0;
 
 private:
-    void open(const Lines& notes, const std::string& theme = "Blue");
+    void open(const Lines& texts, const std::string& theme = "Blue");
     void openUsualList();
     void visitList();
     void visitGestures();

@@ -21,6 +21,7 @@ template <typename T> struct CAAnimation {
         const double progress = std::max(0.0, (time - begin) / duration);
         const double share = progress * progress * (3 - 2 * progress);
         // All that moves is made of numbers, each of which goes its way.
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): one number is made of itself.
         using Numbers = std::array<CGFloat, sizeof(T) / sizeof(CGFloat)>;
         Numbers shown = __builtin_bit_cast(Numbers, from);
         const Numbers end = __builtin_bit_cast(Numbers, to);

@@ -196,7 +196,9 @@ TEST_F(Painting, WrappedTextBeginsAtTheTopAndEndsAtTheBottom)
 TEST(Measuring, FollowsTextFontAndDirection)
 {
     QtHost host{{}};
-    const auto measure = [&host](const char* text, CGFont font) { return host.screen().measure(text, font); };
+    const auto measure = [&host](const char* text, const CGFont& font) {
+        return host.screen().measure(text, font);
+    };
     const CGTextMetrics empty = measure("", {.size = 20});
     EXPECT_EQ(empty.size.width, 0);
     EXPECT_GE(empty.size.height, 20);

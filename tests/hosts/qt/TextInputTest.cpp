@@ -19,7 +19,7 @@ protected:
     }
     void textInputDidReturn() override { ++returns; }
 
-    void begin(const std::string& text, TextInputTraits traits = {})
+    void begin(const std::string& text, const TextInputTraits& traits = {})
     {
         host.textInput().begin(*this, text, style, traits);
         host.textInput().place(field, field, 1);
