@@ -1,12 +1,12 @@
 #include "EZLoadingActivity.h"
 #include "PubblicitaView.h"
-#include "SettingsTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
 /// Does everything once, and looks at the lines that the program writes as well.
-class TranscriptsTest : public SettingsTest {
+class TranscriptsTest : public Story {
 protected:
     TranscriptsTest() { tellLines(); }
 

@@ -1,15 +1,8 @@
 #include "SessionWatch.h"
-#include "Bundle.h"
-#include "CATimeline.h"
 #include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
-#include "Main.h"
 #include "ManyNotes.h"
-#include "ProgramState.h"
-#include "RowLook.h"
-#include "Settings.h"
 #include "UIApplication.h"
-#include "UserDefaults.h"
 #include "VistaNoteViewController.h"
 #include <algorithm>
 #include <cstdio>
@@ -61,14 +54,7 @@ void collect(const AccessibilityElement& around, std::vector<AccessibilityElemen
 SessionWatch::SessionWatch()
     : m_tells(std::getenv("VELMORATH_TELL"))
 {
-    forgetProgramState();
     host.files().setShared(true);
-}
-
-SessionWatch::~SessionWatch()
-{
-    host.quit();
-    forgetProgramState();
 }
 
 void SessionWatch::require(bool isTrue, const std::string& what) const
@@ -81,27 +67,19 @@ void SessionWatch::require(bool isTrue, const std::string& what) const
 
 void SessionWatch::putNotes(std::size_t count, bool badge, std::size_t theme)
 {
-    UserDefaults& defaults = UserDefaults::standard();
     SettingsDictionary settings = defaultSettings(themes[theme]);
     settings.insert_or_assign("appIconBadge", badge ? "true" : "false");
-    defaults.setObject(settingsKey, settings);
-    defaults.setBool("HasLaunchedOnce", true);
-    defaults.setObject("primoAvvioApp7", "No");
-    defaults.setObject("nuovaNota", "No");
-    defaults.synchronize();
     Notes notes;
     for (std::size_t i = 0; i < count; ++i) {
         const std::string text = "note " + std::to_string(i);
         notes.push_back(makeNote(i % 5 == 4 ? text + " with a text longer than any row" : text,
             i % 4 != 3 ? std::optional<std::string>("Nov 20, 2026") : std::nullopt, i % 3 == 2));
     }
-    KeyedArchiver::archiveRootObject(notes, archivePath(host), [](bool) {});
+    put(notes, settings);
 }
 
-void SessionWatch::launch()
+void SessionWatch::watchFromNowOn()
 {
-    velmorath::main(0, nullptr);
-    host.advance(0.1);
     m_known.clear();
     for (const auto& note : list().arrayNote)
         m_known[note] = {note->text, note->completed};
@@ -111,19 +89,15 @@ void SessionWatch::launch()
     m_datesEdited.clear();
     m_wasPinching = m_pinchWasTakenAway = false;
     m_tree = {};
+    // The sample note of a first start reaches the file with the next change.
+    m_isInFile = areEqual(savedNotes().value_or(Notes{}), list().arrayNote);
     checkBadge();
 }
 
 void SessionWatch::start()
 {
     launch();
-    // The sample note of a first start reaches the file with the next change.
-    m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
-}
-
-ViewController& SessionWatch::list() const
-{
-    return static_cast<ViewController&>(*UIApplication::shared().keyWindow()->rootViewController());
+    watchFromNowOn();
 }
 
 std::vector<std::shared_ptr<TableViewCell>> SessionWatch::rows() const
@@ -321,7 +295,7 @@ void SessionWatch::setDiskFails(bool fails)
 
 void SessionWatch::changeFromOutside(std::size_t kind, std::size_t place, bool isCopy)
 {
-    Notes notes = savedNotes(host).value_or(Notes{});
+    Notes notes = savedNotes().value_or(Notes{});
     std::erase_if(notes, [](const auto& note) { return isEmpty(*note); });
     if (kind == 0 || notes.empty()) {
         notes.insert(notes.begin() + static_cast<std::ptrdiff_t>(place % (notes.size() + 1)),
@@ -339,7 +313,7 @@ void SessionWatch::changeFromOutside(std::size_t kind, std::size_t place, bool i
         else
             std::rotate(notes.begin(), note, note + 1);
     }
-    const std::string archive = archivePath(host);
+    const std::string archive = archivePath();
     replaceFromOutside(
         isCopy ? archive + ".sync-conflict.archive" : archive, KeyedArchiver::archivedData(notes));
     m_hasNews = m_hadNews = true;
@@ -362,12 +336,11 @@ void SessionWatch::restart(Fingers& fingers)
         host.quit();
         noteWrites();
         std::erase_if(kept, [this](const auto& note) { return isEmpty(*note) && !wasEmptyAtStart(note); });
-        forgetProgramState();
-        launch();
+        relaunch();
         require(!m_isInFile || m_hasNews || areEqual(list().arrayNote, kept),
             "a note was lost or changed between two starts");
         m_hasNews = m_hadNews = false;
-        m_isInFile = areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
+        watchFromNowOn();
     });
     fingers.clear();
 }
@@ -436,7 +409,7 @@ void SessionWatch::takeAllBack(Fingers& fingers)
 
 bool SessionWatch::isListInFile()
 {
-    return !m_isInFile || areEqual(savedNotes(host).value_or(Notes{}), list().arrayNote);
+    return !m_isInFile || areEqual(savedNotes().value_or(Notes{}), list().arrayNote);
 }
 
 void SessionWatch::checkBadge()
@@ -471,21 +444,12 @@ void SessionWatch::checkRows()
         // A date that was edited became the text; the row shows the old text until it is bound again.
         const bool showsText = m_datesEdited.contains(note) || row->label->text() == note->text.value_or("");
         require(showsText && row->labelData->text() == note->data.value_or(""), name + "shows another text");
-        require(row->label->strikeThrough() == note->completed
-                && row->itemCompleteLayer->isHidden() != note->completed,
-            name + "is not shown as it is completed");
-        // One that was swiped when the gesture was taken away stays aside until the next one.
-        const bool isAside = m_rows[row.get()].isLeftAside;
-        require(row->bounds().size == CGSize{sight.size.width, 60}, name + "has the wrong size");
-        require(isAside || row->center().x == sight.size.width / 2, name + "is aside");
-        require(row->center().y == static_cast<CGFloat>(*place) * 60 + 30, name + "is not in its place");
-        require(
-            m_pinchWasTakenAway || row->transform() == CGAffineTransform::identity(), name + "is moved away");
-        require(
-            row->alpha() == 1 && !row->isHidden() && row->isUserInteractionEnabled(), name + "is not opaque");
-        const double ramp = rowRamp(*place, notes.size());
-        require(row->backgroundColor() == themeColor(list().theme, std::isnan(ramp) ? 0 : ramp),
-            name + "has another colour");
+        for (const std::string& oddity : oddities(*row)) {
+            // One that was swiped when the gesture was taken away stays aside until the next one.
+            require((oddity.front() == '>' && m_rows[row.get()].isLeftAside)
+                    || (oddity.front() == 'v' && m_pinchWasTakenAway),
+                name + "is " + oddity);
+        }
     }
     for (std::int64_t place = 0; place < static_cast<std::int64_t>(notes.size()); ++place) {
         const CGFloat top = static_cast<CGFloat>(place) * 60;

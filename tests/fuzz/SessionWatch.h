@@ -1,9 +1,6 @@
 #pragma once
 
-#include "HeadlessHost.h"
-#include "ToDoItem2.h"
-#include "UITouch.h"
-#include "ViewController.h"
+#include "DrivenProgram.h"
 #include <map>
 #include <set>
 #include <string>
@@ -16,10 +13,9 @@ using Fingers = std::map<std::int64_t, CGPoint>;
 /// The program on the headless host, watched: each step is compared with the one before, and when everything
 /// has come to rest the screen, the file and the badge with the list. What must not be ends the process with
 /// a line that says it.
-class SessionWatch {
+class SessionWatch : public DrivenProgram {
 public:
     SessionWatch();
-    ~SessionWatch();
 
     /// A list and options of an earlier day, before the start. Every third note is completed.
     void putNotes(std::size_t count, bool badge, std::size_t theme);
@@ -45,8 +41,6 @@ public:
     /// Comes to rest, takes back all that was done since the start, and looks whether it is.
     void takeAllBack(Fingers&);
 
-    HeadlessHost host{VELMORATH_RESOURCES};
-
 private:
     struct Known {
         std::optional<std::string> text;
@@ -65,13 +59,10 @@ private:
         /// A gesture that was taken away or did not count left it where it was.
         bool isLeftAside = false;
     };
-    using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
 
-    ViewController& list() const;
-    UITableView& table() const { return *list().tableView.lock(); }
+    /// Those that are kept for a moment, too.
     std::vector<std::shared_ptr<TableViewCell>> rows() const;
-
-    void launch();
+    void watchFromNowOn();
     std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> listNow() const;
     /// Whether what was written last got there.
     void noteWrites();

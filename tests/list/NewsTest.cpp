@@ -1,6 +1,5 @@
 #include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
-#include "ProgramState.h"
 #include "Story.h"
 #include <filesystem>
 
@@ -13,7 +12,7 @@ protected:
     NewsTest() { host.files().setShared(true); }
 
     static std::string archiveOf(const Lines& texts) { return KeyedArchiver::archivedData(notesFrom(texts)); }
-    void put(const std::string& bytes) { replaceFromOutside(archivePath(host), bytes); }
+    void put(const std::string& bytes) { replaceFromOutside(archivePath(), bytes); }
     void putList(const Lines& texts) { put(archiveOf(texts)); }
     void putCopy(const std::string& name, const std::string& bytes)
     {
@@ -108,7 +107,7 @@ TEST_F(NewsTest, WhatCannotBeReadIsToldOnceAndPutAside)
     news("it is the same", [] {});
     then("saved", [&] { swipe(0, 200); });
     EXPECT_EQ(filesInDocuments(), (Lines{"noteSalvate.archive", "noteSalvate.archive.unreadable"}));
-    news("one that goes away is no list to take", [&] { std::filesystem::remove(archivePath(host)); });
+    news("one that goes away is no list to take", [&] { std::filesystem::remove(archivePath()); });
     newList("one that can be read", {"x One", "Two", "Three"});
     tapWords(1);
     news("half a file while typing", [&] { put("half a fi"); });
@@ -198,9 +197,9 @@ TEST_F(NewsTest, TheSampleNoteMakesWayUnlessItIsTheUsers)
         failOnNothing();
         newList("another machine's", {"One"});
         host.quit();
-        std::filesystem::remove(archivePath(host));
+        std::filesystem::remove(archivePath());
         std::filesystem::remove(*host.files().defaultsFile());
-        forgetProgramState();
+        forgetState();
     }
 }
 

@@ -1,7 +1,6 @@
 #include "SalvoEPrelevoDatiDaFile.h"
 #include "FilesOnDisk.h"
 #include "ListTest.h"
-#include "ProgramState.h"
 
 namespace velmorath {
 namespace {
@@ -10,7 +9,7 @@ class SalvoEPrelevoDatiDaFileTest : public ListTest {
 protected:
     SalvoEPrelevoDatiDaFileTest() { ToDoItem2::enterInUnarchiver(); }
 
-    void put(const std::string& bytes) { ASSERT_FALSE(replaceFile(host.files(), archivePath(host), bytes)); }
+    void put(const std::string& bytes) { ASSERT_FALSE(replaceFile(host.files(), archivePath(), bytes)); }
     static std::vector<std::shared_ptr<ToDoItem2>> load()
     {
         return SalvoEPrelevoDatiDaFile().UnarchiveResults();
@@ -63,7 +62,7 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, ADiskThatCannotBeReadDoesNotLoseTheNotes)
 {
     start({"One", "Two"});
     host.files().setFault([this](HeadlessFiles::Operation operation, const std::string& path) {
-        return operation == HeadlessFiles::Operation::read && path == archivePath(host)
+        return operation == HeadlessFiles::Operation::read && path == archivePath()
             ? std::optional(Error{"input/output error"})
             : std::nullopt;
     });
@@ -100,7 +99,7 @@ TEST_F(SalvoEPrelevoDatiDaFileTest, TheSameNotesAreTheSameBytesOnEveryMachine)
     ASSERT_EQ(notes.size(), 260u);
     SalvoEPrelevoDatiDaFile().ArchiveResults({});
     SalvoEPrelevoDatiDaFile().ArchiveResults(notes);
-    const Result<std::string> written = host.files().read(archivePath(host));
+    const Result<std::string> written = host.files().read(archivePath());
     EXPECT_TRUE(written && *written == bytes);
 }
 

@@ -1,11 +1,39 @@
-#include "SettingsTest.h"
 #include "Bundle.h"
 #include "Configuration.h"
 #include "FilesOnDisk.h"
-#include "ProgramState.h"
+#include "Info.h"
+#include "Info2.h"
+#include "ListTest.h"
 
 namespace velmorath {
 namespace {
+
+class SettingsTest : public ListTest {
+protected:
+    /// The screen on top of all others.
+    UIViewController& top() const
+    {
+        UIViewController* controller = &list();
+        while (controller->presentedViewController())
+            controller = controller->presentedViewController().get();
+        return *controller;
+    }
+    SettingsScreen& screen() const { return dynamic_cast<SettingsScreen&>(top()); }
+
+    /// What the file of the user-defaults store holds.
+    static SettingsDictionary stored()
+    {
+        UserDefaults::standard().reset();
+        const SettingsDictionary* settings = UserDefaults::standard().dictionary(settingsKey);
+        return settings ? *settings : SettingsDictionary{};
+    }
+    static void storeWithout(const std::string& key)
+    {
+        SettingsDictionary settings = stored();
+        settings.erase(key);
+        UserDefaults::standard().setObject(settingsKey, settings);
+    }
+};
 
 TEST_F(SettingsTest, WithoutAnyTheInformationStoresRed)
 {
@@ -35,7 +63,7 @@ TEST_F(SettingsTest, WithoutAStoreItsPageIsOpenedOnTheWeb)
     tapRow(1);
     tapRow(4);
     EXPECT_EQ(host.effects().openedAddresses().size(), 1u);
-    EXPECT_TRUE(isOnTop<Info>());
+    EXPECT_TRUE(dynamic_cast<Info*>(&top()));
 }
 
 TEST_F(SettingsTest, WritesToTheMakersWithTheProgramsName)
@@ -48,7 +76,7 @@ TEST_F(SettingsTest, WritesToTheMakersWithTheProgramsName)
     EXPECT_EQ(takeLines("Nome dell'app"), (Lines{"Nome dell'app: Other"}));
     tap({272, 28});
     host.advance(0.5);
-    EXPECT_TRUE(isOnTop<Info>());
+    EXPECT_TRUE(dynamic_cast<Info*>(&top()));
     EXPECT_EQ(host.effects().openedAddresses(),
         (Lines{"mailto:hello@velmorath.example?body="
                "Phone%2CTest%20phone%2CHeadless%2C1.0%20%20%20Other%20%20Free"}));
@@ -64,9 +92,9 @@ TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFileAndTheListCountsAnew)
     openOptions();
     for (const std::string file : {"", "neither notes nor anything else"}) {
         tapRow(0);
-        std::remove(archivePath(host).c_str());
+        std::remove(archivePath().c_str());
         if (!file.empty())
-            replaceFromOutside(archivePath(host), file);
+            replaceFromOutside(archivePath(), file);
         tapRow(0);
         EXPECT_EQ(badge(), 0) << file;
     }

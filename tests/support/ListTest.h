@@ -1,15 +1,10 @@
 #pragma once
 
-#include "Finger.h"
-#include "HeadlessHost.h"
-#include "UserDefaults.h"
-#include "ViewController.h"
+#include "DrivenProgram.h"
 #include <gtest/gtest.h>
 #include <ostream>
 
 namespace velmorath {
-
-using Lines = std::vector<std::string>;
 
 inline void PrintTo(const CGRect& rect, std::ostream* stream)
 {
@@ -22,72 +17,7 @@ inline void PrintTo(const CGColor& color, std::ostream* stream)
     *stream << "(" << color.red << ", " << color.green << ", " << color.blue << ", " << color.alpha << ")";
 }
 
-/// The whole program on a screen of 320 x 536 points: eight rows of 60 points above the bar with its two
-/// buttons. It is touched as by a finger; time passes while it is, and stands still between.
-class ListTest : public testing::Test {
-protected:
-    ListTest();
-    ~ListTest() override;
-
-    /// Starts as on any day but the first, with notes of these texts in the file. One that begins with "x "
-    /// is completed.
-    void start(const Lines& texts, const std::string& theme = "Blue");
-    /// As many notes, each of which is its place.
-    static Lines numbers(int count);
-    static std::vector<std::shared_ptr<ToDoItem2>> notesFrom(const Lines& texts);
-    /// Starts with whatever is on the disk.
-    void launch();
-    /// Quits, forgets all that is only in memory, and starts again with what is on the disk.
-    void relaunch();
-
-    ViewController& list() const;
-    UITableView& table() const { return *list().tableView.lock(); }
-    /// The row that is this many below the first one in sight.
-    TableViewCell& row(std::size_t place) const;
-    std::vector<std::shared_ptr<TableViewCell>> rows() const;
-    /// The texts of the list, of the rows in sight, and of the notes in the file; "x " marks completed ones.
-    Lines notes() const { return textsOf(list().arrayNote); }
-    Lines shown() const;
-    Lines saved();
-    std::shared_ptr<UIViewController> presented() const { return list().presentedViewController(); }
-
-    Lines filesInDocuments();
-    /// Puts a setting in the store, before the start or between two appearances of the list.
-    void set(const std::string& key, const std::string& value);
-    /// From now on every operation of this kind fails, until all work again.
-    void failOn(HeadlessFiles::Operation);
-    void failOnNothing() { host.files().setFault({}); }
-
-    /// The lines written since this was last asked; only those that contain the text, if one is given.
-    Lines takeLines(const std::string& containing = {});
-    Lines takeFelt();
-    /// How many of the lines since they were last taken are this one.
-    std::size_t countLines(const std::string& line);
-    long long badge() { return host.effects().badge().value_or(-1); }
-
-    void tap(CGPoint);
-    /// On a row's words, or where a row has none.
-    void tapWords(std::size_t place) { tap({20, place * 60.0 + 30}); }
-    void tapBesideWords(std::size_t place) { tap({240, place * 60.0 + 30}); }
-    void tapReorder() { tap({28, host.screen().size().height - 28}); }
-    /// Lets the presented screen arrive and takes it away again.
-    void leavePresented();
-    /// Sideways on a row, and lets go.
-    void swipe(std::size_t place, CGFloat points);
-    /// Puts a finger on a row and moves it sideways; it stays down.
-    Finger beginSwipe(std::size_t place, CGFloat points);
-    /// Pulls the list down from its top until it gave so many points; the finger stays down.
-    Finger beginPull(CGFloat depth);
-    void movePull(Finger&, CGFloat depth);
-    /// Drags the list by so many points and lets go when it stands; upwards is negative.
-    void scroll(CGFloat points);
-    /// Types over the whole text that is being edited, and presses return.
-    void type(const std::string& text);
-
-    HeadlessHost host{VELMORATH_RESOURCES};
-
-private:
-    static Lines textsOf(const std::vector<std::shared_ptr<ToDoItem2>>&);
-};
+/// A test that drives the whole program.
+class ListTest : public testing::Test, protected DrivenProgram { };
 
 } // namespace velmorath

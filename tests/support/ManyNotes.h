@@ -1,11 +1,8 @@
 #pragma once
 
-#include "ToDoItem2.h"
-#include <vector>
+#include "NoteCopies.h"
 
 namespace velmorath {
-
-using Notes = std::vector<std::shared_ptr<ToDoItem2>>;
 
 inline std::shared_ptr<ToDoItem2> makeNote(
     std::optional<std::string> text, std::optional<std::string> date, bool completed)

@@ -1,7 +1,6 @@
 #include "ScreensWalk.h"
 #include "EZLoadingActivity.h"
 #include "FilesOnDisk.h"
-#include "ProgramState.h"
 #include "PubblicitaView.h"
 
 namespace velmorath {
@@ -272,12 +271,12 @@ void ScreensWalk::visitSharing()
 void ScreensWalk::visitNews()
 {
     open({"One", "Two"});
-    const std::string archive = *host.files().read(archivePath(host));
+    const std::string archive = *host.files().read(archivePath());
     open({"One"});
     host.files().setShared(true);
     for (const auto& [state, bytes] :
         {std::pair("news-unreadable", std::string("half")), {"news", archive}}) {
-        replaceFromOutside(archivePath(host), bytes);
+        replaceFromOutside(archivePath(), bytes);
         host.client().documentsChanged();
         host.advance(0.5);
         look(state);

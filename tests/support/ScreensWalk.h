@@ -1,11 +1,11 @@
 #pragma once
 
-#include "SettingsTest.h"
+#include "ListTest.h"
 
 namespace velmorath {
 
 /// Goes to every screen, in each state that looks different, and looks at it there.
-class ScreensWalk : public SettingsTest {
+class ScreensWalk : public ListTest {
 protected:
     /// On a screen of this size: everything, or only what is laid out otherwise on another size.
     void walk(CGSize, bool everything);

@@ -1,7 +1,6 @@
 #include "Story.h"
 #include "CommittedTexts.h"
 #include "Print.h"
-#include "RowLook.h"
 #include "UIApplication.h"
 #include <cmath>
 
@@ -79,23 +78,13 @@ void Story::addLines()
     m_lines.push_back("  --");
 }
 
-/// Those that are not as they should be with what they are: how far aside or below, how pale, of another
-/// colour.
 std::string Story::rowsInSight()
 {
     Lines all;
     for (const auto& row : rows()) {
-        const CALayerState shown = row->layer().presented(host.clock().now());
-        const std::int64_t index = *table().placeOf(*row);
-        const double ramp = rowRamp(index, list().arrayNote.size());
-        const bool hasColor = row->backgroundColor() == themeColor(list().theme, std::isnan(ramp) ? 0 : ramp);
-        const CGFloat place = static_cast<CGFloat>(index) * 60 + 30;
-        const CGFloat aside = shown.position.x + shown.transform.tx - table().bounds().size.width / 2;
-        const CGFloat below = shown.position.y + shown.transform.ty - place;
-        all.push_back((row->toDoItem()->completed ? "x " : "") + row->label->text()
-            + (aside != 0 ? " >" + number(aside) : "") + (below != 0 ? " v" + number(below) : "")
-            + (shown.opacity != 1 ? " %" + number(shown.opacity) : "") + (hasColor ? "" : " ~")
-            + (row->isHidden() ? " hidden" : ""));
+        all.push_back((row->toDoItem()->completed ? "x " : "") + row->label->text());
+        for (const std::string& oddity : oddities(*row))
+            all.back() += " " + oddity;
     }
     return joined(all);
 }
