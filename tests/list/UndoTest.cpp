@@ -1,4 +1,3 @@
-#include "ScreenReader.h"
 #include "Story.h"
 #include "UndoManager.h"
 
@@ -21,8 +20,6 @@ protected:
     }
     void tapUndo() { tap({84, host.screen().size().height - 28}); }
     const Lines& felt() { return host.effects().felt(); }
-
-    ScreenReader reader{host};
 };
 
 TEST_F(UndoTest, EachChangeIsTakenBackAndDoneAgain)

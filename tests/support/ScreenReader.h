@@ -49,7 +49,8 @@ public:
     }
 
     /// What the screen says, in reading order, with two blanks before what is in something else:
-    /// "role label = value (actions)". A star is after a chosen option, and [on] or [off] after a toggle.
+    /// "role label = value (actions)". A star is after a chosen option, [on] or [off] after a toggle, an
+    /// arrow after what keys go to; a list says which of its items are in sight.
     Lines everything()
     {
         Lines lines;
@@ -99,10 +100,15 @@ private:
             line += element.isSelected ? " [on]" : " [off]";
         else if (element.isSelected)
             line += " *";
+        if (element.count >= 0 && !element.children.empty()) {
+            line += " " + std::to_string(element.children.front().index + 1) + " to "
+                + std::to_string(element.children.back().index + 1) + " of " + std::to_string(element.count);
+        }
         std::string separator = " (";
         for (const std::string& action : element.actions)
             line += std::exchange(separator, ", ") + action;
-        lines.push_back(line + (element.actions.empty() ? "" : ")"));
+        line += element.actions.empty() ? "" : ")";
+        lines.push_back(line + (element.isFocused ? " <-" : ""));
         for (const AccessibilityElement& child : element.children)
             describe(child, indent + "  ", lines);
     }

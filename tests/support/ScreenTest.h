@@ -1,11 +1,11 @@
 #pragma once
 
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 
 /// An empty screen over the program's list, 375 x 667 points, to put views on and to present screens from.
-class ScreenTest : public ListTest {
+class ScreenTest : public Story {
 protected:
     ScreenTest()
     {

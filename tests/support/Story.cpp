@@ -59,6 +59,7 @@ void Story::then(const std::string& what, double seconds, const std::function<vo
         joined({announced.begin() + static_cast<std::ptrdiff_t>(std::min(m_heard, announced.size())),
             announced.end()}));
     m_heard = announced.size();
+    addScreen();
 }
 
 void Story::tellLines()
@@ -76,6 +77,20 @@ void Story::addLines()
             m_lines.push_back("  " + (line.starts_with("error : ") ? "error" : line));
     }
     m_lines.push_back("  --");
+}
+
+void Story::addScreen()
+{
+    if (!m_tellsScreen)
+        return;
+    const Lines before = std::exchange(m_screen, reader.everything());
+    const auto [was, is] = std::mismatch(before.begin(), before.end(), m_screen.begin(), m_screen.end());
+    const auto [wasEnd, isEnd] = std::mismatch(
+        before.rbegin(), std::make_reverse_iterator(was), m_screen.rbegin(), std::make_reverse_iterator(is));
+    for (const std::string& line : Lines(was, wasEnd.base()))
+        m_lines.push_back("- " + line);
+    for (const std::string& line : Lines(is, isEnd.base()))
+        m_lines.push_back("+ " + line);
 }
 
 std::string Story::rowsInSight()

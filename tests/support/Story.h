@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ListTest.h"
+#include "ScreenReader.h"
 #include <map>
 
 namespace velmorath {
@@ -18,16 +19,24 @@ protected:
 
     /// From now on the lines that the program writes are told, too: at once, and those that come later.
     void tellLines();
+    /// From now on what the screen says to who does not see it is told, too: what is said no more, and what
+    /// is said instead.
+    void tellScreen() { m_tellsScreen = true; }
+
+    ScreenReader reader{host};
 
 private:
     std::string rowsInSight();
     void addLines();
+    void addScreen();
     void tell(const std::string& what, const std::string& now);
 
     Lines m_lines;
+    Lines m_screen;
     std::map<std::string, std::string> m_known;
     std::size_t m_heard = 0;
     bool m_tellsLines = false;
+    bool m_tellsScreen = false;
 };
 
 } // namespace velmorath
