@@ -38,12 +38,13 @@ Object scalar(std::string_view bytes)
     auto marker = static_cast<unsigned char>(bytes[0]);
     unsigned low = marker & 0xF;
     std::size_t size = marker >> 4 == 0 ? 0 : marker >> 4 == 8 ? low + 1 : std::size_t(1) << low;
+    // Returned in all cases, so that it is made where it goes: a list of notes is read by half a million of these.
+    Object object;
     if (size >= bytes.size())
-        return {};
+        return object;
     const char* payload = bytes.data() + 1;
     // Of what is wider, the part that counts.
     auto value = size > 8 ? number(payload + size - 8, 8) : number(payload, size);
-    Object object;
     object.bytes = bytes.substr(0, 1 + size);
     object.integer = static_cast<std::int64_t>(value);
     switch (marker >> 4) {

@@ -51,24 +51,27 @@ bool isASCII(std::string_view bytes)
 
 char32_t takeCharacter(std::string_view& utf8)
 {
-    auto first = byteAt(utf8, 0);
-    if (first < 0xC2 || first > 0xF4) {
+    auto take = [&utf8] {
+        auto byte = static_cast<unsigned char>(utf8[0]);
         utf8.remove_prefix(1);
+        return byte;
+    };
+    auto first = take();
+    if (first < 0xC2 || first > 0xF4)
         return first < 0x80 ? first : replacementCharacter;
+    // What a second byte must be: neither more bytes than needed, nor a surrogate, nor beyond the last character.
+    auto lowest = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
+    auto highest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
+    int left = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    char32_t character = first & (0x3Fu >> left);
+    for (; left > 0; --left) {
+        if (utf8.empty() || byteAt(utf8, 0) < lowest || byteAt(utf8, 0) > highest)
+            return replacementCharacter;
+        character = (character << 6) | (take() & 0x3Fu);
+        lowest = 0x80;
+        highest = 0xBF;
     }
-    std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    char32_t character = first & (0x7Fu >> length);
-    std::size_t taken = 1;
-    for (; taken < length && taken < utf8.size(); ++taken) {
-        unsigned char lowest = taken > 1 ? 0x80 : first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-        unsigned char highest = taken > 1 ? 0xBF : first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-        auto next = byteAt(utf8, taken);
-        if (next < lowest || next > highest)
-            break;
-        character = (character << 6) | (next & 0x3Fu);
-    }
-    utf8.remove_prefix(taken);
-    return taken == length ? character : replacementCharacter;
+    return character;
 }
 
 void appendUTF8(std::string& text, char32_t character)
@@ -88,7 +91,7 @@ std::string validUTF8(std::string_view text)
     return valid;
 }
 
-void appendUTF16(std::string& bytes, std::string_view utf8)
+[[gnu::flatten]] void appendUTF16(std::string& bytes, std::string_view utf8)
 {
     // No character has more units than bytes.
     auto start = bytes.size();
