@@ -1,6 +1,5 @@
 #include "SalvoEPrelevoDatiDaFile.h"
 #include "FatalError.h"
-#include "FileManager.h"
 #include "Host.h"
 #include "KeyedArchiver.h"
 #include "KeyedUnarchiver.h"
@@ -31,14 +30,11 @@ void SalvoEPrelevoDatiDaFile::ArchiveResults(const std::vector<std::shared_ptr<T
 std::vector<std::shared_ptr<ToDoItem2>> SalvoEPrelevoDatiDaFile::UnarchiveResults()
 {
     buildPath();
-    const Result<std::string> bytes = FileManager::standard().read(path);
-    if (!bytes) {
-        print("error : " + bytes.error().description);
-        return {};
-    }
-    const auto root = KeyedUnarchiver::unarchiveTopLevelObject(*bytes);
+    Files& files = Host::current().files();
+    const Result<std::string> bytes = files.read(path);
+    const auto root = bytes ? KeyedUnarchiver::unarchiveTopLevelObject(*bytes) : bytes.error();
     if (!root) {
-        FileManager::standard().markUnreadable(path);
+        files.markUnreadable(path);
         print("error : " + root.error().description);
         return {};
     }

@@ -1,5 +1,4 @@
 #include "SharedNoteFile.h"
-#include "FileManager.h"
 #include "Host.h"
 #include "SalvoEPrelevoDatiDaFile.h"
 #include <algorithm>
@@ -15,12 +14,12 @@ std::string SharedNoteFile::path()
 
 Result<Notes> SharedNoteFile::read()
 {
-    const Result<std::string> bytes = FileManager::standard().read(path());
+    const Result<std::string> bytes = Host::current().files().read(path());
     if (!bytes)
         return bytes.error();
     Result<Notes> notes = archivedNotes(*bytes);
     if (notes)
-        FileManager::standard().markRead(path());
+        Host::current().files().markRead(path());
     return notes;
 }
 
@@ -56,7 +55,7 @@ void SharedNoteFile::save(const Notes& notes)
             for (const auto& [place, note] : mergeNotes(m_base, notes, *theirs))
                 withNews->push_back(std::make_shared<ToDoItem2>(note));
         } else {
-            FileManager::standard().markUnreadable(path());
+            files.markUnreadable(path());
             m_wasPutAsideUnread = m_wasPutAsideUnread || found != m_unreadableVersion;
             m_unreadableVersion = found;
         }

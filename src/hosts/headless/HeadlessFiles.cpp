@@ -55,7 +55,7 @@ Result<std::string> HeadlessFiles::read(const std::string& path)
     return m_files.read(path);
 }
 
-void HeadlessFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
+void HeadlessFiles::write(const std::string& path, std::string_view bytes, Completion completion)
 {
     if (m_answersLate) {
         completion = [this, completion = std::move(completion)](const std::optional<Error>& error) {

@@ -21,7 +21,6 @@ public:
     std::string resourceDirectory() override { return m_files.resourceDirectory(); }
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
-    void replace(const std::string& path, std::string_view bytes, Completion) override;
     std::optional<Error> setAside(const std::string& path, std::string_view why) override;
     std::optional<std::string> version(const std::string& path) override;
     std::vector<std::string> copiesBeside(const std::string& path) override;
@@ -41,6 +40,8 @@ public:
     int replacements() const { return m_replacements; }
 
 private:
+    void write(const std::string& path, std::string_view bytes, Completion) override;
+
     std::optional<Error> fault(Operation, const std::string& path) const;
 
     std::string m_scratchFolder;

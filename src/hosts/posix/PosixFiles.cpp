@@ -209,7 +209,7 @@ Result<std::string> PosixFiles::read(const std::string& path)
     return bytes;
 }
 
-void PosixFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
+void PosixFiles::write(const std::string& path, std::string_view bytes, Completion completion)
 {
     completion(replaceNow(path, bytes));
 }

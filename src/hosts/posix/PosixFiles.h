@@ -27,7 +27,6 @@ public:
     /// True also when something keeps us from knowing.
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
-    void replace(const std::string& path, std::string_view bytes, Completion) override;
     std::optional<Error> setAside(const std::string& path, std::string_view why) override;
     std::optional<std::string> version(const std::string& path) override;
     std::vector<std::string> copiesBeside(const std::string& path) override;
@@ -37,6 +36,8 @@ protected:
     std::optional<std::string> knownVersion(const std::string& path) const;
 
 private:
+    void write(const std::string& path, std::string_view bytes, Completion) override;
+
     std::optional<Error> replaceNow(const std::string& path, std::string_view bytes);
 
     std::optional<std::string> m_documentDirectory;

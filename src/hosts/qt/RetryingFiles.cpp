@@ -16,22 +16,10 @@ void RetryingFiles::replace(const std::string& path, std::string_view bytes, Com
 {
     PosixFiles::replace(path, bytes, [&](const std::optional<Error>& error) {
         if (error)
-            m_unsaved[path] = {std::string(bytes), knownVersion(path)};
+            m_unsaved[path] = {std::string(bytes), isUnreadable(path) ? version(path) : knownVersion(path)};
         else
             m_unsaved.erase(path);
         updateTimer();
-        completion(error);
-    });
-}
-
-void RetryingFiles::replaceUnreadable(
-    const std::string& path, std::string_view bytes, const Completion& completion)
-{
-    PosixFiles::replaceUnreadable(path, bytes, [&](const std::optional<Error>& error) {
-        if (error) {
-            m_unsaved[path] = {std::string(bytes), version(path), true};
-            updateTimer();
-        }
         completion(error);
     });
 }
@@ -48,11 +36,7 @@ void RetryingFiles::tryAgain()
     for (const auto& [path, unsaved] : all) {
         // The program has read what others wrote, or is about to: its next save has both, these bytes have
         // not.
-        if (wasReplacedByOthers(path, unsaved))
-            continue;
-        if (unsaved.isUnreadable)
-            replaceUnreadable(path, unsaved.bytes, [](const auto&) {});
-        else
+        if (!wasReplacedByOthers(path, unsaved))
             replace(path, unsaved.bytes, [](const auto&) {});
     }
 }

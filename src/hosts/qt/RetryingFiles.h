@@ -20,14 +20,12 @@ public:
     void tryLast();
 
     void replace(const std::string& path, std::string_view bytes, Completion) override;
-    void replaceUnreadable(const std::string& path, std::string_view bytes, const Completion&) override;
 
 private:
     struct Unsaved {
         std::string bytes;
         /// Of what the program had read or saved there before, or could not read.
         std::optional<std::string> version;
-        bool isUnreadable = false;
     };
 
     void tryAgain();

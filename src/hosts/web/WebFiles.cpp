@@ -17,7 +17,7 @@ Result<std::string> WebFiles::read(const std::string& path)
     return IncomingBytes::take(static_cast<std::size_t>(length));
 }
 
-void WebFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
+void WebFiles::write(const std::string& path, std::string_view bytes, Completion completion)
 {
     const int number = ++m_lastNumber;
     m_waiting.emplace(number, std::move(completion));

@@ -13,7 +13,6 @@ public:
     std::string resourceDirectory() override { return "/resources"; }
     bool exists(const std::string& path) override;
     Result<std::string> read(const std::string& path) override;
-    void replace(const std::string& path, std::string_view bytes, Completion) override;
     std::optional<Error> setAside(const std::string& path, std::string_view why) override;
     std::optional<std::string> version(const std::string&) override { return {}; }
     std::vector<std::string> copiesBeside(const std::string&) override { return {}; }
@@ -22,6 +21,8 @@ public:
     void replaced(int number, std::string error);
 
 private:
+    void write(const std::string& path, std::string_view bytes, Completion) override;
+
     std::map<int, Completion> m_waiting;
     int m_lastNumber = 0;
 };

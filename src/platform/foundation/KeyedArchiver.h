@@ -2,7 +2,7 @@
 
 #include "BinaryPropertyListWriter.h"
 #include "Coding.h"
-#include "FileManager.h"
+#include "Host.h"
 #include <functional>
 #include <memory>
 #include <optional>
@@ -31,7 +31,8 @@ public:
     static void archiveRootObject(const std::vector<std::shared_ptr<Record>>& list, const std::string& path,
         const std::function<void(bool)>& completion)
     {
-        FileManager::standard().replace(path, archivedData(list), completion);
+        Host::current().files().replace(path, archivedData(list),
+            [completion](const std::optional<Error>& error) { completion(!error); });
     }
 
     /// Both are called by a record that encodes itself, once for each of its keys.

@@ -1,5 +1,4 @@
 #include "UserDefaults.h"
-#include "FileManager.h"
 #include "Host.h"
 #include <algorithm>
 
@@ -8,14 +7,12 @@ namespace {
 
 PropertyList::Dictionary load(const std::string& path)
 {
-    auto& fileManager = FileManager::standard();
-    auto bytes = fileManager.read(path);
-    if (!bytes)
-        return {};
-    auto values = PropertyList::parse(*bytes);
+    auto& files = Host::current().files();
+    auto bytes = files.read(path);
+    auto values = bytes ? PropertyList::parse(*bytes) : bytes.error();
     if (values && values->dictionary())
         return *values->dictionary();
-    fileManager.markUnreadable(path);
+    files.markUnreadable(path);
     return {};
 }
 
@@ -77,11 +74,11 @@ void UserDefaults::synchronize(const std::function<void(bool)>& completion)
         completion(m_changes == m_writtenChanges);
         return;
     }
-    FileManager::standard().replace(
-        *path, PropertyList(values()).binary(), [this, changes = m_changes, completion](bool isWritten) {
-            if (isWritten)
+    Host::current().files().replace(*path, PropertyList(values()).binary(),
+        [this, changes = m_changes, completion](const std::optional<Error>& error) {
+            if (!error)
                 m_writtenChanges = std::max(m_writtenChanges, changes);
-            completion(isWritten);
+            completion(!error);
         });
 }
 

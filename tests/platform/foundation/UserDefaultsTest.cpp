@@ -1,9 +1,7 @@
 #include "UserDefaults.h"
-#include "FileManager.h"
 #include "FilesOnDisk.h"
 #include "HeadlessHost.h"
 #include "Print.h"
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace velmorath {
@@ -25,7 +23,7 @@ protected:
     bool replace(const std::string& path, std::string_view bytes)
     {
         bool result = false;
-        m_fileManager.replace(path, bytes, [&](bool success) { result = success; });
+        m_host.files().replace(path, bytes, [&](const auto& error) { result = !error; });
         return result;
     }
     void fail(Operation failing)
@@ -37,7 +35,6 @@ protected:
     void failNothing() { m_host.files().setFault({}); }
 
     HeadlessHost m_host{VELMORATH_RESOURCES};
-    FileManager& m_fileManager = FileManager::standard();
     UserDefaults& m_defaults = UserDefaults::standard();
     std::string m_path = *m_host.files().defaultsFile();
     std::string m_aside = m_path + ".unreadable";
@@ -114,25 +111,24 @@ TEST_F(UserDefaultsTest, KeepsADamagedFileAside)
     EXPECT_FALSE(m_host.files().exists(m_aside + "-3"));
 }
 
-TEST_F(UserDefaultsTest, LosesNothingWhenAFileCannotBeReadOrSetAside)
+TEST_F(UserDefaultsTest, LosesNothingWhenAnUnreadableFileCannotBeSetAside)
 {
     auto missing = m_path + "-missing";
     ASSERT_TRUE(replace(m_path, "precious"));
-    fail(Operation::read);
-    EXPECT_FALSE(m_fileManager.read(m_path));
-    EXPECT_FALSE(m_fileManager.read(missing));
+    m_host.files().markUnreadable(m_path);
+    m_host.files().markUnreadable(missing);
 
     fail(Operation::setAside);
     EXPECT_FALSE(replace(m_path, "new"));
-    EXPECT_EQ(*m_fileManager.read(m_path), "precious");
+    EXPECT_EQ(*m_host.files().read(m_path), "precious");
     fail(Operation::replace);
     EXPECT_FALSE(replace(m_path, "new"));
-    EXPECT_EQ(*m_fileManager.read(m_aside), "precious");
+    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
     failNothing();
     EXPECT_TRUE(replace(m_path, "new"));
     EXPECT_TRUE(replace(missing, "new"));
-    EXPECT_EQ(*m_fileManager.read(m_path), "new");
-    EXPECT_EQ(*m_fileManager.read(m_aside), "precious");
+    EXPECT_EQ(*m_host.files().read(m_path), "new");
+    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
 }
 
 TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
@@ -160,14 +156,12 @@ TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
 
 TEST_F(UserDefaultsTest, AnUnreadableFileIsSetAsideOnceHoweverLateTheAnswers)
 {
-    auto replaceLater = [this](std::string_view bytes) { m_fileManager.replace(m_path, bytes, [](bool) {}); };
+    auto replaceLater = [this](std::string_view bytes) { m_host.files().replace(m_path, bytes, [](const auto&) {}); };
     ASSERT_TRUE(replace(m_path, "precious"));
-    m_fileManager.markUnreadable(m_path);
+    m_host.files().markUnreadable(m_path);
     m_host.files().setAnswersLate(true);
     fail(Operation::replace);
     replaceLater("one");
-    // A machine that sets aside and replaces in one takes both back.
-    std::filesystem::rename(m_aside, m_path);
     m_host.files().answer();
 
     failNothing();
