@@ -1,7 +1,6 @@
 // Saving and loading the whole list, beside what the disk alone takes for the same bytes. The budgets:
 // saving at most 2.5 times writing, loading at most three times reading and 35 ms.
 
-#include "FileManager.h"
 #include "HeadlessHost.h"
 #include "KeyedArchiver.h"
 #include "ManyNotes.h"
@@ -26,8 +25,8 @@ public:
 
 void put(benchmark::State& state, BenchHost& host, std::string_view bytes)
 {
-    FileManager::standard().replace(host.path(), bytes, [&](bool success) {
-        if (!success)
+    host.files().replace(host.path(), bytes, [&](const auto& error) {
+        if (error)
             state.SkipWithError("cannot write");
     });
 }

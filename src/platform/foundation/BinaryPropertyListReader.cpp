@@ -38,7 +38,8 @@ Object scalar(std::string_view bytes)
     auto marker = static_cast<unsigned char>(bytes[0]);
     unsigned low = marker & 0xF;
     std::size_t size = marker >> 4 == 0 ? 0 : marker >> 4 == 8 ? low + 1 : std::size_t(1) << low;
-    // Returned in all cases, so that it is made where it goes: a list of notes is read by half a million of these.
+    // Returned in all cases, so that it is made where it goes: a list of notes is read by half a million of
+    // these.
     Object object;
     if (size >= bytes.size())
         return object;

@@ -59,7 +59,8 @@ char32_t takeCharacter(std::string_view& utf8)
     auto first = take();
     if (first < 0xC2 || first > 0xF4)
         return first < 0x80 ? first : replacementCharacter;
-    // What a second byte must be: neither more bytes than needed, nor a surrogate, nor beyond the last character.
+    // What a second byte must be: neither more bytes than needed, nor a surrogate, nor beyond the last
+    // character.
     auto lowest = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
     auto highest = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
     int left = first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;

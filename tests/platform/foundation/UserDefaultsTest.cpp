@@ -156,7 +156,9 @@ TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
 
 TEST_F(UserDefaultsTest, AnUnreadableFileIsSetAsideOnceHoweverLateTheAnswers)
 {
-    auto replaceLater = [this](std::string_view bytes) { m_host.files().replace(m_path, bytes, [](const auto&) {}); };
+    auto replaceLater = [this](std::string_view bytes) {
+        m_host.files().replace(m_path, bytes, [](const auto&) {});
+    };
     ASSERT_TRUE(replace(m_path, "precious"));
     m_host.files().markUnreadable(m_path);
     m_host.files().setAnswersLate(true);
