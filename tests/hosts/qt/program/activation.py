@@ -11,7 +11,7 @@ import signal
 import subprocess
 import time
 
-from window import notes_of, run_on_own_bus, wait_for
+from window import EXECUTABLE, run, texts_in, wait_for
 from x11 import xdotool
 
 NAME = "org.velmorath.velmorath"
@@ -22,70 +22,69 @@ def windows():
                           text=True).stdout.split()
 
 
-def is_in_front(window):
-    found = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True)
-    return found.stdout.strip() == window
+class Desktop:
+    """Asks the program over the bus, which knows which one to start for its name."""
+
+    def __init__(self, home):
+        from gi.repository import Gio
+        self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        service = pathlib.Path(EXECUTABLE).with_name(f"{NAME}.service").read_text()
+        pathlib.Path(home, f"dbus-1/services/{NAME}.service").write_text(
+            re.sub("^Exec=.*$", f"Exec={EXECUTABLE}", service, flags=re.MULTILINE))
+        self.call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "ReloadConfig", None)
+
+    def call(self, name, path, interface, method, arguments):
+        from gi.repository import Gio
+        answer = self.bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 10000)
+        return answer.unpack()
+
+    def ask(self, method, arguments):
+        self.call(NAME, "/org/velmorath/velmorath", "org.freedesktop.Application", method, arguments)
 
 
-def prepare(executable, home):
-    """The bus knows which program to start for its name."""
-    service = (pathlib.Path(executable).parent / f"{NAME}.service").read_text()
-    services = pathlib.Path(home, ".local/share/dbus-1/services")
-    services.mkdir(parents=True)
-    (services / f"{NAME}.service").write_text(re.sub("^Exec=.*$", f"Exec={executable}", service, flags=re.MULTILINE))
-
-
-def use(executable, home):
-    from gi.repository import Gio, GLib
-    bus = Gio.bus_get_sync(Gio.BusType.SESSION)
-    home = pathlib.Path(home)
-
-    def call(name, path, interface, method, arguments):
-        return bus.call_sync(name, path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, 10000).unpack()
-
-    def ask(method, arguments):
-        return call(NAME, "/org/velmorath/velmorath", "org.freedesktop.Application", method, arguments)
-
-    def texts():
-        return [text for text, _, _ in notes_of(home / ".local/share/velmorath/Documents/noteSalvate.archive")]
-
+def use(home):
+    from gi.repository import GLib
+    desktop = Desktop(home)
     nothing = GLib.Variant("(a{sv})", ({},))
-    ask("Activate", nothing)
+    desktop.ask("Activate", nothing)
     wait_for(windows, "the window")
     window, = windows()
-    process, = call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
-                    GLib.Variant("(s)", (NAME,)))
+    process, = desktop.call("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
+                            GLib.Variant("(s)", (NAME,)))
     try:
         xdotool("windowminimize", window)
         wait_for(lambda: not windows(), "the window is away")
         for method, arguments in (("Open", nothing), ("Activate", None)):
             try:
-                ask(method, arguments)
+                desktop.ask(method, arguments)
                 raise AssertionError(f"{method} was answered")
             except GLib.Error as error:
                 assert "DBus.Error.Unknown" in error.message, error.message
         assert not windows()
         token = GLib.Variant("s", "no permission")
-        ask("Activate", GLib.Variant("(a{sv})", ({"activation-token": token, "other": token},)))
-        wait_for(lambda: windows() == [window] and is_in_front(window), "the window is in front")
-        subprocess.run([executable], check=True, timeout=10)
+        desktop.ask("Activate", GLib.Variant("(a{sv})", ({"activation-token": token, "other": token},)))
+        wait_for(lambda: windows() == [window] and xdotool("getactivewindow").strip() == window,
+                 "the window is in front")
+        subprocess.run([EXECUTABLE], check=True, timeout=10)
         assert windows() == [window], "a second start makes no second window"
         time.sleep(1.2)
         xdotool("key", "Escape")  # the offer of the tutorial
-        (home / "folder").mkdir()
-        for text, name in (("By an address", "a b.md"), ("By another", "c.txt"), ("By a path", "d.md")):
-            (home / name).write_text(text)
-        addresses = [(home / name).as_uri() for name in ("a b.md", "c.txt")]
-        ask("Open", GLib.Variant("(asa{sv})", (addresses, {"activation-token": token})))
-        wait_for(lambda: texts() == ["By another", "By an address", "Hello!"], "files that a desktop hands over")
-        subprocess.run([executable, "folder", "d.md"], check=True, timeout=10, cwd=home)
+        folder = pathlib.Path(home, "folder")
+        folder.mkdir()
+        files = [folder.with_name(name) for name in ("a b.md", "c.txt", "d.md")]
+        for file, text in zip(files, ("By an address", "By another", "By a path")):
+            file.write_text(text)
+        addresses = [file.as_uri() for file in files[:2]]
+        desktop.ask("Open", GLib.Variant("(asa{sv})", (addresses, {"activation-token": token})))
+        known = ["By another", "By an address", "Hello!"]
+        wait_for(lambda: texts_in(home) == known, "files that a desktop hands over")
+        subprocess.run([EXECUTABLE, "folder", "d.md"], check=True, timeout=10, cwd=home)
         time.sleep(1)
-        assert len(texts()) == 3, "that a folder is none is told first"
+        assert texts_in(home) == known, "that a folder is none is told first"
         xdotool("key", "Escape")
-        wait_for(lambda: texts() == ["By a path", "By another", "By an address", "Hello!"], "those of a second start")
+        wait_for(lambda: texts_in(home) == ["By a path", *known], "those of a second start")
     finally:
         os.kill(process, signal.SIGTERM)
 
 
-if __name__ == "__main__":
-    run_on_own_bus(use, prepare)
+run(use)

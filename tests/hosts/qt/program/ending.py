@@ -4,36 +4,34 @@
 usage: ending.py PROGRAM
 """
 
-import os
 import signal
-import sys
-import tempfile
 
-from window import SCREEN, Program
+from window import BEGINS, SCREEN, Program, run
+
+ENDS = {
+    "terminate": lambda program: program.process.send_signal(signal.SIGTERM),
+    "hang up": lambda program: program.process.send_signal(signal.SIGHUP),
+    "interrupt": lambda program: program.process.send_signal(signal.SIGINT),
+    "close button": lambda program: SCREEN.close(program.window),
+    "no display": lambda program: SCREEN.take_away(program.window),
+}
 
 
-def main():
-    executable = os.path.abspath(sys.argv[1])
+def use(home):
     # A program inherits what is ignored, and shells ignore this one for what they run beside them.
     signal.signal(signal.SIGINT, signal.default_int_handler)
-    with tempfile.TemporaryDirectory() as home:
-        expected = []
-        ends = {name: lambda program, name=name: program.process.send_signal(getattr(signal, name))
-                for name in ("SIGTERM", "SIGHUP", "SIGINT")}
-        ends["the close button"] = lambda program: SCREEN.close(program.window)
-        ends["the display went away"] = lambda program: SCREEN.take_away(program.window)
-        for name, end in ends.items():
-            with Program(executable, home) as program:
-                if not expected:
-                    program.decline_tutorial()
-                program.until_line("textFieldDidBeginEditing", lambda: program.key("Insert"))
-                program.type(f"Typed before {name}")
-                end(program)
-                code = program.process.wait(timeout=10)
-                assert code == (1 if "went away" in name else 0), f"{name}: the program ended with {code}"
-            expected.insert(0, f"Typed before {name}")
-            assert program.texts()[:len(expected)] == expected, (name, program.texts())
+    expected = ["Hello!"]
+    for name, end in ENDS.items():
+        with Program(home) as program:
+            if len(expected) == 1:
+                program.decline_tutorial()
+            program.until_line(BEGINS, lambda: program.key("Insert"))
+            program.type(f"Before {name}")
+            end(program)
+            code = program.process.wait(timeout=10)
+            assert code == (1 if name == "no display" else 0), f"{name}: the program ended with {code}"
+        expected.insert(0, f"Before {name}")
+        assert program.texts() == expected, program.texts()
 
 
-if __name__ == "__main__":
-    main()
+run(use)

@@ -4,17 +4,11 @@
 usage: synchroniser.py PROGRAM
 """
 
-import os
-import sys
 import tempfile
 import time
 
-sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../../tools"))
-import archive_exchange
-from window import Program, wait_for
+from window import BEGINS, Program, archive, archive_exchange, run
 
-WIDTH, HEIGHT = 375, 667
-UNDO = (84, HEIGHT - 28)
 ROW_SHOWN = "tableView(tableView:"
 
 
@@ -25,81 +19,53 @@ def archive_of(texts):
         return file.read()
 
 
-class Folder:
-    """The folder with the notes, as the synchroniser has it."""
-
-    def __init__(self, home):
-        self.path = os.path.join(home, ".local/share/velmorath/Documents")
-        os.makedirs(self.path)
-
-    def put(self, texts, name="noteSalvate.archive"):
-        """Writes beside, not at once, and gives the file its name when it is whole."""
-        beside = os.path.join(self.path, f".syncthing.{name}.tmp")
-        whole = archive_of(texts)
-        with open(beside, "wb") as file:
-            file.write(whole[:40])
-            file.flush()
-            time.sleep(0.5)
-            file.write(whole[40:])
-        os.replace(beside, os.path.join(self.path, name))
-
-    def overwrite(self, texts):
-        with open(os.path.join(self.path, "noteSalvate.archive"), "wb") as file:
-            file.write(archive_of(texts))
-
-    def names(self):
-        return sorted(os.listdir(self.path))
-
-
-def start(home):
-    program = Program(sys.argv[1], home, (WIDTH, HEIGHT))
-    program.decline_tutorial()
-    return program
-
-
-def complete(program, row):
-    program.drag((60, 60 * row + 30), (300, 60 * row + 30))
-
-
-def main():
-    with tempfile.TemporaryDirectory() as home:
-        folder = Folder(home)
-        folder.put(["Milk", "Bread"])
-        program = start(home)
-
-        program.until_line(ROW_SHOWN, lambda: folder.put(["Eggs", "Milk", "x Bread"]))
-        complete(program, 0)
-        wait_for(lambda: program.marked_texts() == ["x Eggs", "Milk", "x Bread"], "the other machine's note is on the screen")
-        program.until_line(ROW_SHOWN, lambda: folder.overwrite(["x Eggs", "Milk", "x Bread", "Salt"]))
-        complete(program, 3)
-        wait_for(lambda: program.marked_texts()[3] == "x Salt", "a file that is written in place is read as well")
-
-        program.key("Insert")
+def put(place, texts):
+    """Writes beside, not at once, and gives the file its name when it is whole."""
+    place.parent.mkdir(parents=True, exist_ok=True)
+    beside = place.with_name(f".syncthing.{place.name}.tmp")
+    whole = archive_of(texts)
+    with open(beside, "wb", buffering=0) as file:
+        file.write(whole[:40])
         time.sleep(0.5)
+        file.write(whole[40:])
+    beside.rename(place)
+
+
+def use(home):
+    notes = archive(home)
+    conflict = notes.with_name("noteSalvate.sync-conflict-20261123-120000-ABCDEFG.archive")
+    put(notes, ["Milk", "Bread"])
+    with Program(home) as program:
+        program.decline_tutorial()
+        program.until_line(ROW_SHOWN, lambda: put(notes, ["Eggs", "Milk", "x Bread"]))
+        program.swipe(0, 1)
+        program.wait_for_texts(["x Eggs", "Milk", "x Bread"], "the other machine's note is on the screen")
+        program.until_line(ROW_SHOWN, lambda: notes.write_bytes(archive_of(["x Eggs", "Milk", "x Bread", "Salt"])))
+        program.swipe(3, 1)
+        program.wait_for_texts(["x Eggs", "Milk", "x Bread", "x Salt"], "a file that is written in place is read")
+
+        program.until_line(BEGINS, lambda: program.key("Insert"))
         program.type("Tea")
-        folder.put(["x Eggs", "x Salt", "Oat milk"])
+        put(notes, ["x Eggs", "x Salt", "Oat milk"])
         time.sleep(1)
-        program.type(" leaves")
-        program.until_line(ROW_SHOWN, lambda: program.key("Return"))
-        wait_for(lambda: program.marked_texts() == ["Tea leaves", "x Eggs", "x Salt", "Oat milk"],
-                 "what was typed is there, and what came meanwhile")
+        program.until_line(ROW_SHOWN, lambda: program.write(" leaves"))
+        merged = ["Tea leaves", "x Eggs", "x Salt"]
+        program.wait_for_texts([*merged, "Oat milk"], "what was typed is there, and what came meanwhile")
         time.sleep(2)
-        complete(program, 3)
-        wait_for(lambda: program.marked_texts()[3] == "x Oat milk", "the screen shows it, too")
+        program.swipe(3, 1)
+        program.wait_for_texts([*merged, "x Oat milk"], "the screen shows it, too")
 
-        conflict = "noteSalvate.sync-conflict-20261123-120000-ABCDEFG.archive"
-        folder.put(["x Eggs", "Rice"], conflict)
-        wait_for(lambda: program.marked_texts()[0] == "Rice", "a conflict's note is on top")
-        assert folder.names() == ["noteSalvate.archive", f"{conflict}.merged"], folder.names()
-        program.tap(*UNDO)
-        wait_for(lambda: program.marked_texts()[0] == "Tea leaves", "which is taken back")
+        put(conflict, ["x Eggs", "Rice"])
+        program.wait_for_texts(["Rice", *merged], "a conflict's note is on top")
+        assert sorted(notes.parent.iterdir()) == [notes, conflict.with_name(f"{conflict.name}.merged")]
+        program.undo()
+        program.wait_for_texts(merged, "which is taken back")
         program.quit()
 
-        folder.put(["Beans"], conflict)
-        program = start(home)
-        wait_for(lambda: program.marked_texts()[:2] == ["Beans", "Tea leaves"], "one that waited is taken at the start")
+    put(conflict, ["Beans"])
+    with Program(home) as program:
+        program.wait_for_texts(["Beans", *merged], "one that waited is taken at the start")
         program.quit()
 
 
-if __name__ == "__main__":
-    main()
+run(use)

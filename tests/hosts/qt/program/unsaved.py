@@ -5,10 +5,11 @@ where a file that cannot be read stands in its place and cannot be put out of th
 usage: unsaved.py PROGRAM
 """
 
-import os
+import pathlib
 
-from window import Program, archive_path, run_on_own_bus, serve, wait_for
+from window import Program, archive, run, serve, wait_for
 
+FAILS = "Unable to write to file!"
 NAME = "org.freedesktop.Notifications"
 INTERFACE = f"""<node><interface name="{NAME}">
 <method name="Notify"><arg type="s" direction="in"/><arg type="u" direction="in"/><arg type="s" direction="in"/>
@@ -21,70 +22,83 @@ INTERFACE = f"""<node><interface name="{NAME}">
 class Folder:
     """Of the notes. A file that stands in its place keeps everybody from saving there, root too."""
 
-    def __init__(self, program):
-        self.path = os.path.dirname(program.archive_path())
+    def __init__(self, home):
+        self.path = archive(home).parent
+        self.away = pathlib.Path(home, "away")
 
     def break_off(self):
-        os.rename(self.path, self.path + ".away")
-        open(self.path, "wb").close()
+        self.path.rename(self.away)
+        self.path.touch()
 
     def mend(self):
-        os.remove(self.path)
-        os.rename(self.path + ".away", self.path)
+        self.path.unlink()
+        self.away.rename(self.path)
 
 
-def use(executable, home):
-    from gi.repository import GLib
-    shown, told = {}, []
+class Notices:
+    """What the desktop says."""
 
-    def notify(_, __, method, arguments):
+    def __init__(self):
+        self.told, self.shown = [], set()
+        serve(NAME, "/org/freedesktop/Notifications", INTERFACE, self.answer)
+
+    def answer(self, _, __, method, arguments):
         if method == "CloseNotification":
-            del shown[arguments[0]]
+            self.shown.remove(arguments[0])
             return None
-        told.append(arguments[4])
-        shown[len(told)] = arguments[4]
-        return GLib.Variant("(u)", (len(told),))
+        from gi.repository import GLib
+        self.told.append(arguments[4])
+        self.shown.add(len(self.told))
+        return GLib.Variant("(u)", (len(self.told),))
 
-    serve(NAME, "/org/freedesktop/Notifications", INTERFACE, notify)
-    place = archive_path(home)
-    os.makedirs(os.path.dirname(place))
-    os.symlink(place, place)
-    with Program(executable, home, bus=os.environ["DBUS_SESSION_BUS_ADDRESS"]) as program:
+
+def beside_an_unreadable_file(home, notices):
+    place = archive(home)
+    place.parent.mkdir(parents=True)
+    place.symlink_to(place)
+    with Program(home) as program:
         program.decline_tutorial()
-        program.until_line("Unable to write to file!", lambda: program.add("Beside"))
-        wait_for(lambda: shown, "a notice")
-        os.remove(place)
+        program.until_line(FAILS, lambda: program.add("Beside"))
+        wait_for(lambda: notices.shown, "a notice")
+        place.unlink()
         program.add("Saved")
-        wait_for(lambda: not shown, "the notice goes")
+        wait_for(lambda: not notices.shown, "the notice goes")
         assert program.texts() == ["Saved", "Beside", "Hello!"]
-    for bus in (os.environ["DBUS_SESSION_BUS_ADDRESS"], None):
-        with Program(executable, home, bus=bus) as program:
-            program.decline_tutorial()
-            program.add("Saved")
-            known = program.texts()
-            folder = Folder(program)
-            folder.break_off()
-            before = len(told)
-            for text in ("Lost?", "Lost again?"):
-                program.until_line("Unable to write to file!", lambda text=text: program.add(text))
-            if bus:
-                wait_for(lambda: shown, "a notice")
-                assert "could not be saved" in told[-1]
-            folder.mend()
-            assert program.texts() == known, "the old file is as it was"
-            if bus:
-                program.add("Saved again")
-                wait_for(lambda: not shown, "the notice goes")
-                assert len(told) == before + 1, "one for all"
-                assert program.texts() == ["Saved again", "Lost again?", "Lost?", *known]
-            lines = program.lines().count("ArchiveResults")
-            folder.break_off()
-            program.until_line("Unable to write to file!", lambda: program.add("At the end"))
-            folder.mend()
-            assert program.lines().count("ArchiveResults") == lines + 1
-            program.quit()
-            assert program.texts()[0] == "At the end"
 
 
-if __name__ == "__main__":
-    run_on_own_bus(use)
+def in_a_folder_that_breaks(home, notices, has_bus):
+    folder = Folder(home)
+    with Program(home, has_bus=has_bus) as program:
+        program.decline_tutorial()
+        known = program.texts()
+        folder.break_off()
+        notices.told.clear()
+        for text in ("Lost?", "Lost again?"):
+            program.until_line(FAILS, lambda text=text: program.add(text))
+        if has_bus:
+            wait_for(lambda: notices.shown, "a notice")
+            assert "could not be saved" in notices.told[-1]
+        folder.mend()
+        assert program.texts() == known, "the old file is as it was"
+        if has_bus:
+            program.add("Saved again")
+            wait_for(lambda: not notices.shown, "the notice goes")
+            assert len(notices.told) == 1, "one for all"
+            assert program.texts() == ["Saved again", "Lost again?", "Lost?", *known]
+        lines = program.lines().count("ArchiveResults")
+        folder.break_off()
+        program.until_line(FAILS, lambda: program.add("At the end"))
+        folder.mend()
+        assert program.lines().count("ArchiveResults") == lines + 1
+        program.quit()
+        assert program.texts()[0] == "At the end"
+
+
+def use(home):
+    notices = Notices()
+    beside_an_unreadable_file(home, notices)
+    for has_bus in (True, False):
+        in_a_folder_that_breaks(home, notices, has_bus)
+
+
+run(use)

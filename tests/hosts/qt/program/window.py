@@ -1,7 +1,7 @@
 """The real program in a real window: starts it, moves the pointer and the keys, reads its archive."""
 
 import os
-import plistlib
+import pathlib
 import signal
 import subprocess
 import sys
@@ -9,30 +9,44 @@ import tempfile
 import threading
 import time
 
+sys.path.append(str(pathlib.Path(__file__).parents[3] / "tools"))
+import archive_exchange
+
 if "WAYLAND_DISPLAY" in os.environ:
     from wayland import Screen
 else:
     from x11 import Screen
 
 SCREEN = Screen()
+EXECUTABLE = os.path.abspath(sys.argv[1])
+WIDTH, HEIGHT, ROW = 375, 667, 60
+# What the program says when a text is being typed.
+BEGINS = "textFieldDidBeginEditing"
+
+
+def archive(home):
+    return pathlib.Path(home, ".local/share/velmorath/Documents/noteSalvate.archive")
+
+
+def texts_in(home):
+    """The texts of all notes in the file, as another program reads it, with "x " before those of completed ones."""
+    return [("x " if completed else "") + text
+            for text, _, completed in archive_exchange.show(archive(home))]
 
 
 class Program:
-    """One run of the program. Its files stay in `home`, where it runs, from one run to the next. Without a bus it has none."""
+    """One run of the program. Its files stay in `home`, where it runs, from one run to the next."""
 
-    def __init__(self, executable, home, size=None, bus=None, arguments=()):
+    def __init__(self, home, arguments=(), has_bus=True):
         environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, LC_ALL="C.UTF-8")
-        for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME", "DBUS_SESSION_BUS_ADDRESS"):
-            environment.pop(name, None)
-        if bus:
-            environment["DBUS_SESSION_BUS_ADDRESS"] = bus
+        if not has_bus:
+            del environment["DBUS_SESSION_BUS_ADDRESS"]
         self.home = home
-        self.lines_file = open(os.path.join(home, "lines.txt"), "w+", encoding="utf-8")
-        self.process = subprocess.Popen([executable, *arguments], env=environment, cwd=home, stdout=self.lines_file)
+        with open(os.path.join(home, "lines.txt"), "w", encoding="utf-8") as lines:
+            self.process = subprocess.Popen([EXECUTABLE, *arguments], env=environment, cwd=home, stdout=lines)
         wait_for(lambda: SCREEN.window_of(self.process.pid), "the program shows a window", 10)
         self.window = SCREEN.window_of(self.process.pid)
-        if size:
-            self.resize(*size)
+        self.resize(WIDTH, HEIGHT)
         time.sleep(0.4)
 
     def __enter__(self):
@@ -52,17 +66,14 @@ class Program:
         """Closes the window as its close button does, and waits until the program has ended."""
         SCREEN.close(self.window)
         code = self.process.wait(timeout=10)
-        self.lines_file.close()
         assert code == 0, f"the program ended with {code}"
 
     def kill(self):
         self.process.send_signal(signal.SIGKILL)
         self.process.wait(timeout=10)
-        self.lines_file.close()
 
     def lines(self):
-        self.lines_file.seek(0)
-        return self.lines_file.read().split("\n")
+        return pathlib.Path(self.home, "lines.txt").read_text(encoding="utf-8").split("\n")
 
     def until_line(self, line, action):
         """Does something, and waits until the program has written this line once more."""
@@ -82,9 +93,7 @@ class Program:
     def tap(self, x, y):
         self.move(x, y)
         SCREEN.press()
-        time.sleep(0.05)
-        SCREEN.release()
-        time.sleep(0.1)
+        self.release()
 
     def drag(self, start, end, steps=12, release=True, button_down=True):
         """A finger that goes from one point to another in about a third of a second."""
@@ -98,93 +107,75 @@ class Program:
         if release:
             self.release()
 
-    def release(self):
+    @staticmethod
+    def release():
         time.sleep(0.05)
         SCREEN.release()
         time.sleep(0.1)
 
-    def wheel(self, x, y, notches):
-        self.move(x, y)
-        SCREEN.scroll(notches)
-        time.sleep(0.2)
+    def swipe(self, row, way, release=True):
+        """Most of the window's width: to the right completes or opens again, to the left (-1) deletes."""
+        y = ROW * row + ROW // 2
+        self.drag((WIDTH / 2 - 150 * way, y), (WIDTH / 2 + 150 * way, y), release=release)
 
-    def type(self, text):
+    def tap_below(self, x, above=28):
+        """On the bar, or on a sheet that stands there; from the right when it is negative."""
+        self.tap(x % WIDTH, HEIGHT - above)
+
+    def undo(self):
+        self.tap_below(84)
+
+    @staticmethod
+    def type(text):
         SCREEN.type(text)
         time.sleep(0.15)
 
-    def key(self, name):
+    @staticmethod
+    def key(name):
         SCREEN.key(name)
         time.sleep(0.15)
 
-    def add(self, text):
-        self.until_line("textFieldDidBeginEditing", lambda: self.key("Insert"))
+    def write(self, text):
+        """Into the editor that has the focus; ends the typing."""
         self.type(text)
         self.key("Return")
+
+    def add(self, text):
+        self.until_line(BEGINS, lambda: self.key("Insert"))
+        self.write(text)
         time.sleep(0.5)
 
     def add_by_pulling(self, text):
-        self.until_line("textFieldDidBeginEditing", lambda: self.drag((120, 100), (120, 320)))
-        self.type(text)
-        self.key("Return")
+        self.until_line(BEGINS, lambda: self.drag((120, 100), (120, 320)))
+        self.write(text)
         wait_for(lambda: self.texts()[0] == text, f"{text} is added")
         time.sleep(0.4)
 
-    def picture(self, name):
-        """Where the tests are given a folder for pictures."""
-        if len(sys.argv) > 2:
-            SCREEN.screenshot(self.window, os.path.join(sys.argv[2], f"{name}.png"))
-
-    # What is on the disk, as another program reads it.
-
-    def archive_path(self):
-        return archive_path(self.home)
-
-    def notes(self):
-        return notes_of(self.archive_path())
+    @staticmethod
+    def picture(name):
+        """Of the whole screen, where the tests are given a folder for pictures."""
+        if folder := os.environ.get("VELMORATH_PICTURES"):
+            subprocess.run(["import", "-window", "root", os.path.join(folder, f"{name}.png")], check=True)
 
     def texts(self):
-        return [text for text, _, _ in self.notes()]
+        return texts_in(self.home)
 
-    def marked_texts(self):
-        """With "x " before those of completed notes."""
-        return [("x " if completed else "") + text for text, _, completed in self.notes()]
-
-
-def archive_path(home):
-    return os.path.join(home, ".local/share/velmorath/Documents/noteSalvate.archive")
+    def wait_for_texts(self, texts, why):
+        """At the top of the list, on the disk."""
+        wait_for(lambda: self.texts()[:len(texts)] == texts, f"{why}: {texts}")
 
 
-def notes_of(path):
-    """(text, date, completed) of every note in a file, top first."""
-    with open(path, "rb") as file:
-        archive = plistlib.load(file)
-    objects = archive["$objects"]
-
-    def value(entry):
-        found = objects[entry.data] if isinstance(entry, plistlib.UID) else entry
-        return None if found == "$null" else found
-
-    root = value(archive["$top"]["root"])
-    notes = []
-    for reference in root["NS.objects"]:
-        record = value(reference)
-        assert value(record["$class"])["$classname"] == "_TtC9Velmorath9ToDoItem2"
-        notes.append((value(record["text"]), value(record["data"]), value(record["completed"])))
-    return notes
-
-
-def run_on_own_bus(use, prepare=lambda executable, home: None):
-    """Calls use(PROGRAM, HOME) on a session bus of its own, with a home of its own, which may be prepared before; ends
-    as that does."""
-    executable, *home = map(os.path.abspath, sys.argv[1:])
-    if home:
-        use(executable, home[0])
+def run(use):
+    """Calls use(HOME), an empty folder, on a session bus of its own; ends as that does."""
+    if len(sys.argv) > 2:
+        use(sys.argv[2])
         return
-    # The portal of a desktop leaves a folder there that it still holds on to.
+    # Services that the bus has started may still hold on to what is in there.
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as home:
-        prepare(executable, home)
-        session = ["dbus-run-session", "--", sys.executable, "-W", "ignore", sys.argv[0], executable, home]
-        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home, XDG_DATA_HOME=os.path.join(home, ".local/share"))
+        session = ["dbus-run-session", "--", sys.executable, "-W", "ignore", sys.argv[0], EXECUTABLE, home]
+        environment = dict(os.environ, HOME=home, XDG_RUNTIME_DIR=home)
+        for name in ("XDG_DATA_HOME", "XDG_CONFIG_HOME"):
+            environment.pop(name, None)
         sys.exit(subprocess.run(session, env=environment).returncode)
 
 

@@ -33,11 +33,6 @@ class Screen:
         xdotool("mouseup", 1)
 
     @staticmethod
-    def scroll(notches):
-        for _ in range(abs(notches)):
-            xdotool("click", 4 if notches > 0 else 5)
-
-    @staticmethod
     def type(text):
         xdotool("type", "--delay", 15, text)
 
@@ -53,7 +48,3 @@ class Screen:
     def take_away(window):
         """Without a word to the window's program, as when the server ends."""
         xdotool("windowkill", window)
-
-    @staticmethod
-    def screenshot(window, path):
-        subprocess.run(["import", "-window", window, path], check=True)
