@@ -1,19 +1,10 @@
 #include "NoteCopies.h"
 #include "KeyedArchiver.h"
-#include <gtest/gtest.h>
+#include "ListTest.h"
+#include "ManyNotes.h"
 
 namespace velmorath {
 namespace {
-
-std::shared_ptr<ToDoItem2> note(
-    const std::string& text, bool completed = false, std::optional<std::string> date = {})
-{
-    auto made = std::make_shared<ToDoItem2>();
-    made->text = text;
-    made->completed = completed;
-    made->data = std::move(date);
-    return made;
-}
 
 /// What a copy with these bytes holds, as text; its error otherwise.
 std::string read(std::string_view bytes)
@@ -24,19 +15,17 @@ std::string read(std::string_view bytes)
 
 TEST(NoteCopiesTest, AListIsTheSameAfterItWasWrittenAndRead)
 {
-    const Notes list{note("Milk"), note("Two\nlines\n\nand more", true), note("- [x] looks done"),
-        note("  early"), note("שלום 👵🏽")};
-    const std::string text = textOfNotes(list);
+    const std::string text = textOfNotes(DrivenProgram::notesFrom(
+        {"Milk", "x Two\nlines\n\nand more", "- [x] looks done", "  early", "שלום 👵🏽"}));
     EXPECT_TRUE(text.starts_with("- [ ] Milk\n- [x] Two\n  lines\n  \n  and more\n- [ ] - [x] looks done\n"));
     EXPECT_EQ(read(text), text);
 
     ToDoItem2::enterInUnarchiver();
-    const Notes dated{note("Milk", true, "Nov 1, 2026"), note("")};
+    const Notes dated{makeNote("Milk", "Nov 1, 2026", true), makeNote("", {}, false)};
     const Result<Notes> archived = notesOfCopy(KeyedArchiver::archivedData(dated));
     ASSERT_TRUE(archived);
     ASSERT_EQ(archived->size(), 1u) << "not the empty one";
-    EXPECT_EQ(archived->front()->data, "Nov 1, 2026");
-    EXPECT_TRUE(archived->front()->completed);
+    EXPECT_EQ(*archived->front(), *dated.front());
 }
 
 TEST(NoteCopiesTest, TextsOfOtherProgramsAreRead)
@@ -52,13 +41,13 @@ TEST(NoteCopiesTest, TextsOfOtherProgramsAreRead)
 
 TEST(NoteCopiesTest, WhatTheListHasIsNotMissing)
 {
-    const Notes list{note("a", false, "Nov 1"), note("b", true), note("c"), note("c")};
+    Notes list = DrivenProgram::notesFrom({"a", "x b", "c", "c"});
+    list.front()->data = "Nov 1";
     const auto missing = [&](const Notes& copy) { return textOfNotes(notesMissing(list, copy)); };
     EXPECT_EQ(missing(list), "");
-    EXPECT_EQ(
-        missing({note("b"), note("c"), note("c"), note("c"), note("d")}), "- [ ] b\n- [ ] c\n- [ ] d\n");
-    EXPECT_EQ(missing({note("a")}), "") << "whatever its date";
-    EXPECT_EQ(missing({note("a", false, "Nov 2")}), "- [ ] a\n");
+    EXPECT_EQ(missing(DrivenProgram::notesFrom({"b", "c", "c", "c", "d"})), "- [ ] b\n- [ ] c\n- [ ] d\n");
+    EXPECT_EQ(missing({makeNote("a", {}, false)}), "") << "whatever its date";
+    EXPECT_EQ(missing({makeNote("a", "Nov 2", false)}), "- [ ] a\n");
 }
 
 } // namespace

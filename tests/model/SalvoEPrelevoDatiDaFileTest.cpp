@@ -1,11 +1,11 @@
 #include "SalvoEPrelevoDatiDaFile.h"
 #include "FilesOnDisk.h"
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
-class SalvoEPrelevoDatiDaFileTest : public ListTest {
+class SalvoEPrelevoDatiDaFileTest : public Story {
 protected:
     SalvoEPrelevoDatiDaFileTest() { ToDoItem2::enterInUnarchiver(); }
 
@@ -16,64 +16,25 @@ protected:
     }
 };
 
-TEST_F(SalvoEPrelevoDatiDaFileTest, WhatIsSavedComesBack)
-{
-    std::vector<std::shared_ptr<ToDoItem2>> written(3);
-    for (auto& note : written)
-        note = std::make_shared<ToDoItem2>();
-    written[0]->text = "Perché 👵🏽";
-    written[0]->data = "Nov 22, 2026";
-    written[1]->text = "";
-    written[2]->completed = true;
-    SalvoEPrelevoDatiDaFile().ArchiveResults({written[2]});
-    takeLines();
-    SalvoEPrelevoDatiDaFile().ArchiveResults(written);
-    EXPECT_EQ(takeLines(), (Lines{"ArchiveResults", "Success writing to file!"}));
-
-    const auto read = load();
-    EXPECT_EQ(takeLines(), Lines());
-    ASSERT_EQ(read.size(), 3u);
-    for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(read[i]->text, written[i]->text);
-        EXPECT_EQ(read[i]->data, written[i]->data);
-        EXPECT_EQ(read[i]->completed, written[i]->completed);
-    }
-    SalvoEPrelevoDatiDaFile().ArchiveResults({});
-    EXPECT_TRUE(load().empty());
-}
-
-TEST_F(SalvoEPrelevoDatiDaFileTest, AFileThatCannotBeReadIsKeptBesideTheNextOne)
-{
-    start({});
-    put("these are no notes");
-    relaunch();
-    EXPECT_EQ(takeLines("error : ").size(), 1u);
-    EXPECT_EQ(notes(), Lines());
-    beginPull(70).lift();
-    host.advance(1);
-    type("New");
-    EXPECT_EQ(saved(), (Lines{"New"}));
-    const Lines files = filesInDocuments();
-    ASSERT_EQ(files.size(), 2u);
-    EXPECT_EQ(*host.files().read(*host.files().documentDirectory() + "/" + files[1]), "these are no notes");
-}
-
-TEST_F(SalvoEPrelevoDatiDaFileTest, ADiskThatCannotBeReadDoesNotLoseTheNotes)
+TEST_F(SalvoEPrelevoDatiDaFileTest, WhatCannotBeReadIsKeptBesideTheNextFile)
 {
     start({"One", "Two"});
+    const auto restart = [this](const std::string& what, const Lines& errors) {
+        then(what, [&] { relaunch(); });
+        EXPECT_EQ(takeLines("error : "), errors);
+        failOnNothing();
+        then("the next file", [&] { host.press(HostKey::insert), host.advance(1), type("New"); });
+    };
+    put("these are no notes");
+    restart("no notes", {"error : The data is not a binary property list"});
+    EXPECT_EQ(contents(archivePath() + ".unreadable"), "these are no notes");
     host.files().setFault([this](HeadlessFiles::Operation operation, const std::string& path) {
         return operation == HeadlessFiles::Operation::read && path == archivePath()
             ? std::optional(Error{"input/output error"})
             : std::nullopt;
     });
-    relaunch();
-    EXPECT_EQ(takeLines("error : "), (Lines{"error : input/output error"}));
-    host.files().setFault({});
-    beginPull(70).lift();
-    host.advance(1);
-    type("New");
-    EXPECT_EQ(filesInDocuments().size(), 2u);
-    EXPECT_EQ(saved(), (Lines{"New"}));
+    restart("a disk that cannot be read", {"error : input/output error"});
+    EXPECT_EQ(filesInDocuments().size(), 3u);
 }
 
 TEST_F(SalvoEPrelevoDatiDaFileTest, ALateAnswerIsLoggedBeforeTheNextFrame)

@@ -1,18 +1,16 @@
 #!/usr/bin/env python3
 """Python's own property-list module as the judge of the keyed archives that the program writes and reads.
 
-    archive_exchange.py show ARCHIVE    the notes of an archive, as JSON: [[text, date, completed], ...]
-    archive_exchange.py write ARCHIVE   an archive of the notes that come as such JSON on standard input
-    archive_exchange.py settings FILE   the values of a settings file, as JSON
+    archive_exchange.py ARCHIVE COPY    writes the notes of an archive again, as others do
 """
-import json
 import plistlib
 import sys
 
 CLASS_NAME = "_TtC9Velmorath9ToDoItem2"
 
 
-def show(path):
+def read(path):
+    """The notes: [text, date, completed] each."""
     with open(path, "rb") as file:
         archive = plistlib.load(file)
     objects = archive["$objects"]
@@ -67,16 +65,5 @@ def write(path, notes):
         plistlib.dump(archive, file, fmt=plistlib.FMT_BINARY)
 
 
-def main():
-    command, path = sys.argv[1:]
-    if command == "show":
-        print(json.dumps(show(path), ensure_ascii=False))
-    elif command == "write":
-        write(path, json.load(sys.stdin))
-    elif command == "settings":
-        with open(path, "rb") as file:
-            print(json.dumps(plistlib.load(file), ensure_ascii=False, sort_keys=True))
-
-
 if __name__ == "__main__":
-    main()
+    write(sys.argv[2], read(sys.argv[1]))

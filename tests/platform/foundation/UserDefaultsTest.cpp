@@ -1,19 +1,15 @@
 #include "UserDefaults.h"
 #include "FilesOnDisk.h"
-#include "HeadlessHost.h"
+#include "ListTest.h"
 #include "Print.h"
-#include <gtest/gtest.h>
 
 namespace velmorath {
 namespace {
 
 using Operation = HeadlessFiles::Operation;
 
-class UserDefaultsTest : public testing::Test {
+class UserDefaultsTest : public ListTest {
 protected:
-    UserDefaultsTest() { m_defaults.reset(); }
-    ~UserDefaultsTest() override { m_defaults.reset(); }
-
     bool synchronize()
     {
         bool result = false;
@@ -22,21 +18,11 @@ protected:
     }
     bool replace(const std::string& path, std::string_view bytes)
     {
-        bool result = false;
-        m_host.files().replace(path, bytes, [&](const auto& error) { result = !error; });
-        return result;
+        return !replaceFile(host.files(), path, bytes);
     }
-    void fail(Operation failing)
-    {
-        m_host.files().setFault([failing](Operation operation, const std::string&) {
-            return operation == failing ? std::optional(Error{"input/output error"}) : std::nullopt;
-        });
-    }
-    void failNothing() { m_host.files().setFault({}); }
 
-    HeadlessHost m_host{VELMORATH_RESOURCES};
     UserDefaults& m_defaults = UserDefaults::standard();
-    std::string m_path = *m_host.files().defaultsFile();
+    std::string m_path = *host.files().defaultsFile();
     std::string m_aside = m_path + ".unreadable";
 };
 
@@ -77,18 +63,18 @@ TEST_F(UserDefaultsTest, NumbersAndTextsAreTrueOrFalse)
 TEST_F(UserDefaultsTest, WritesOnlyChangesAndTriesAgainAndLivesWithoutAFile)
 {
     EXPECT_TRUE(synchronize());
-    EXPECT_EQ(m_host.files().replacements(), 0);
+    EXPECT_EQ(host.files().replacements(), 0);
     m_defaults.setObject("nuovaNota", "No");
-    fail(Operation::replace);
+    failOn(Operation::replace);
     EXPECT_FALSE(synchronize());
-    failNothing();
+    failOnNothing();
     EXPECT_TRUE(synchronize());
     m_defaults.setObject("nuovaNota", "No");
     m_defaults.removeObject("absent");
     EXPECT_TRUE(synchronize());
-    EXPECT_EQ(m_host.files().replacements(), 1);
+    EXPECT_EQ(host.files().replacements(), 1);
 
-    m_host.files().setHasDefaultsFile(false);
+    host.files().setHasDefaultsFile(false);
     m_defaults.setObject("theme", "Blue");
     EXPECT_FALSE(synchronize());
     EXPECT_EQ(*m_defaults.object("theme")->string(), "Blue");
@@ -97,58 +83,58 @@ TEST_F(UserDefaultsTest, WritesOnlyChangesAndTriesAgainAndLivesWithoutAFile)
 TEST_F(UserDefaultsTest, KeepsADamagedFileAside)
 {
     for (auto damaged : {"not a property list", ""}) {
-        ASSERT_FALSE(replaceFile(m_host.files(), m_path, damaged));
+        ASSERT_FALSE(replaceFile(host.files(), m_path, damaged));
         m_defaults.reset();
         EXPECT_EQ(m_defaults.object("theme"), nullptr);
-        EXPECT_EQ(*m_host.files().read(m_path), damaged);
+        EXPECT_EQ(*host.files().read(m_path), damaged);
         m_defaults.setObject("theme", "Blue");
         EXPECT_TRUE(synchronize());
         m_defaults.setObject("theme", "Red");
         EXPECT_TRUE(synchronize());
     }
-    EXPECT_EQ(*m_host.files().read(m_aside), "not a property list");
-    EXPECT_EQ(*m_host.files().read(m_aside + "-2"), "");
-    EXPECT_FALSE(m_host.files().exists(m_aside + "-3"));
+    EXPECT_EQ(*host.files().read(m_aside), "not a property list");
+    EXPECT_EQ(*host.files().read(m_aside + "-2"), "");
+    EXPECT_FALSE(host.files().exists(m_aside + "-3"));
 }
 
 TEST_F(UserDefaultsTest, LosesNothingWhenAnUnreadableFileCannotBeSetAside)
 {
     auto missing = m_path + "-missing";
     ASSERT_TRUE(replace(m_path, "precious"));
-    m_host.files().markUnreadable(m_path);
-    m_host.files().markUnreadable(missing);
+    host.files().markUnreadable(m_path);
+    host.files().markUnreadable(missing);
 
-    fail(Operation::setAside);
+    failOn(Operation::setAside);
     EXPECT_FALSE(replace(m_path, "new"));
-    EXPECT_EQ(*m_host.files().read(m_path), "precious");
-    fail(Operation::replace);
+    EXPECT_EQ(*host.files().read(m_path), "precious");
+    failOn(Operation::replace);
     EXPECT_FALSE(replace(m_path, "new"));
-    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
-    failNothing();
+    EXPECT_EQ(*host.files().read(m_aside), "precious");
+    failOnNothing();
     EXPECT_TRUE(replace(m_path, "new"));
     EXPECT_TRUE(replace(missing, "new"));
-    EXPECT_EQ(*m_host.files().read(m_path), "new");
-    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
+    EXPECT_EQ(*host.files().read(m_path), "new");
+    EXPECT_EQ(*host.files().read(m_aside), "precious");
 }
 
 TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
 {
-    m_host.files().setAnswersLate(true);
+    host.files().setAnswersLate(true);
     m_defaults.setObject("theme", "Blue");
     std::vector<bool> answers;
     auto keep = [&](bool success) { answers.push_back(success); };
     m_defaults.synchronize(keep);
     m_defaults.setObject("theme", "Red");
     EXPECT_TRUE(answers.empty());
-    m_host.files().answer();
+    host.files().answer();
     EXPECT_EQ(answers, std::vector<bool>{true});
 
-    fail(Operation::replace);
+    failOn(Operation::replace);
     m_defaults.synchronize(keep);
-    m_host.files().answer();
-    failNothing();
+    host.files().answer();
+    failOnNothing();
     m_defaults.synchronize(keep);
-    m_host.files().answer();
+    host.files().answer();
     EXPECT_EQ(answers, (std::vector<bool>{true, false, true}));
     m_defaults.reset();
     EXPECT_EQ(*m_defaults.object("theme")->string(), "Red");
@@ -157,23 +143,23 @@ TEST_F(UserDefaultsTest, AChangeDuringAWriteIsNotForgotten)
 TEST_F(UserDefaultsTest, AnUnreadableFileIsSetAsideOnceHoweverLateTheAnswers)
 {
     auto replaceLater = [this](std::string_view bytes) {
-        m_host.files().replace(m_path, bytes, [](const auto&) {});
+        host.files().replace(m_path, bytes, [](const auto&) {});
     };
     ASSERT_TRUE(replace(m_path, "precious"));
-    m_host.files().markUnreadable(m_path);
-    m_host.files().setAnswersLate(true);
-    fail(Operation::replace);
+    host.files().markUnreadable(m_path);
+    host.files().setAnswersLate(true);
+    failOn(Operation::replace);
     replaceLater("one");
-    m_host.files().answer();
+    host.files().answer();
 
-    failNothing();
+    failOnNothing();
     replaceLater("two");
     replaceLater("three");
-    m_host.files().answer();
+    host.files().answer();
     replaceLater("four");
-    EXPECT_EQ(*m_host.files().read(m_aside), "precious");
-    EXPECT_FALSE(m_host.files().exists(m_aside + "-2"));
-    EXPECT_EQ(*m_host.files().read(m_path), "four");
+    EXPECT_EQ(*host.files().read(m_aside), "precious");
+    EXPECT_FALSE(host.files().exists(m_aside + "-2"));
+    EXPECT_EQ(*host.files().read(m_path), "four");
 }
 
 } // namespace

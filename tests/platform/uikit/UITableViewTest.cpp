@@ -1,10 +1,10 @@
-#include "ListTest.h"
+#include "Story.h"
 #include <set>
 
 namespace velmorath {
 namespace {
 
-class UITableViewTest : public ListTest {
+class UITableViewTest : public Story {
 protected:
     std::size_t rowViews() const
     {
@@ -39,48 +39,30 @@ TEST_F(UITableViewTest, AHundredThousandNotesNeedAHandfulOfRows)
     }
 }
 
-TEST_F(UITableViewTest, VisibleRowsAreNeverStale)
-{
-    start(numbers(20));
-    scroll(-90);
-    EXPECT_EQ(shown(), (Lines{"1", "2", "3", "4", "5", "6", "7", "8", "9"}));
-    list().arrayNote.erase(list().arrayNote.begin(), list().arrayNote.begin() + 5);
-    table().reloadData();
-    EXPECT_EQ(shown(), (Lines{"6", "7", "8", "9", "10", "11", "12", "13", "14"}));
-    list().arrayNote.resize(2);
-    table().reloadData();
-    EXPECT_EQ(shown(), (Lines{"5", "6"}));
-    EXPECT_EQ(table().contentOffset().y, 0);
-    list().arrayNote.clear();
-    table().reloadData();
-    EXPECT_EQ(shown(), Lines());
-    host.advance(0.1);
-    EXPECT_EQ(rowViews(), 0u);
-}
-
-TEST_F(UITableViewTest, ARowUsedAgainShowsNothingOfItsPast)
+TEST_F(UITableViewTest, RowsInSightAreNeverStaleAndShowNothingOfTheirPast)
 {
     start(numbers(40));
-    beginSwipe(1, 100).cancel();
-    host.wheel({100, 100}, -600);
-    host.advance(0.1);
-    for (std::size_t place = 0; place < 8; ++place)
-        EXPECT_EQ(row(place).frame(), CGRectMake(0, 600 + place * 60.0, 320, 60));
+    then("scrolled", [&] { scroll(-90); });
+    then("the wheel after a swipe that was taken away", [&] {
+        beginSwipe(1, 100).cancel();
+        host.wheel({100, 100}, -600);
+    });
+    auto& all = list().arrayNote;
+    for (const auto& left :
+        {Notes(all.begin() + 5, all.end()), Notes(all.begin(), all.begin() + 2), Notes()}) {
+        all = left;
+        then(std::to_string(left.size()) + " are left", [&] { table().reloadData(); });
+    }
+    EXPECT_EQ(rowViews(), 0u);
 }
 
 TEST_F(UITableViewTest, ANewSizeLaysTheRowsOutAtOnce)
 {
     start(numbers(20));
     scroll(-480);
-    host.resize({500, 776});
-    host.advance(1.0 / 30);
-    ASSERT_EQ(rows().size(), 12u);
-    EXPECT_EQ(row(0).frame(), CGRectMake(0, 480, 500, 60));
+    then("wider", 1.0 / 30, [&] { host.resize({500, 776}); });
     EXPECT_EQ(row(0).label->frame(), CGRectMake(15, 0, 485, 60));
-    host.resize({320, 2000});
-    host.advance(1.0 / 30);
-    EXPECT_EQ(table().contentOffset().y, 0);
-    EXPECT_EQ(rows().size(), 20u);
+    then("higher", 1.0 / 30, [&] { host.resize({320, 2000}); });
 }
 
 using UITableViewDeathTest = UITableViewTest;
