@@ -2,6 +2,7 @@
 #include "FilesOnDisk.h"
 #include "KeyedArchiver.h"
 #include "ManyNotes.h"
+#include "Print.h"
 #include "UIApplication.h"
 #include "VistaNoteViewController.h"
 #include <algorithm>
@@ -35,8 +36,7 @@ std::shared_ptr<ToDoItem2> noteAround(UIView* view)
     return row ? row->toDoItem() : nullptr;
 }
 
-bool areEqual(const std::vector<std::shared_ptr<ToDoItem2>>& notes,
-    const std::vector<std::shared_ptr<ToDoItem2>>& others)
+bool areEqual(const Notes& notes, const Notes& others)
 {
     return std::equal(notes.begin(), notes.end(), others.begin(), others.end(),
         [](const auto& a, const auto& b) { return *a == *b; });
@@ -80,10 +80,8 @@ void SessionWatch::putNotes(std::size_t count, bool badge, std::size_t theme)
 
 void SessionWatch::watchFromNowOn()
 {
-    m_known.clear();
-    for (const auto& note : list().arrayNote)
-        m_known[note] = {note->text, note->completed};
-    m_first = listNow();
+    m_first = m_known = listNow();
+    m_fingers.clear();
     m_underFingers.clear();
     m_rows.clear();
     m_datesEdited.clear();
@@ -110,11 +108,11 @@ std::vector<std::shared_ptr<TableViewCell>> SessionWatch::rows() const
     return found;
 }
 
-void SessionWatch::act(const char* name, const std::function<void()>& action)
+void SessionWatch::act(const std::string& name, const std::function<void()>& action)
 {
     m_step = name;
     if (m_tells)
-        std::fprintf(stderr, "%s\n", name);
+        std::fprintf(stderr, "%s\n", name.c_str());
     auto* const edited = dynamic_cast<UIView*>(UIResponder::current());
     m_typed = noteAround(edited);
     if (m_typed && rowAround(edited)->labelData.get() == edited)
@@ -127,7 +125,7 @@ void SessionWatch::act(const char* name, const std::function<void()>& action)
             detail->arrayNotePortato.at(static_cast<std::size_t>(*detail->indirizzoNotaDaVisualizzare));
     action();
     compareNotes();
-    watchGestures(m_step == "lift");
+    watchGestures(m_step.starts_with("lift"));
     m_targets.clear();
 }
 
@@ -179,9 +177,7 @@ void SessionWatch::compareNotes()
             "the note \"" + note->text.value_or("") + "\" is gone, and nothing deleted it");
     }
     require(removed <= 1 || isStep, "more than one note is gone");
-    m_known.clear();
-    for (const auto& note : now)
-        m_known[note] = {note->text, note->completed};
+    m_known = listNow();
 }
 
 void SessionWatch::watchGestures(bool isLift)
@@ -199,7 +195,7 @@ void SessionWatch::watchGestures(bool isLift)
         const bool isSwiped = row->gestureRecognizers().front()->isActive();
         if (isHeld && known.isHeld) {
             require(known.note == row->toDoItem(), "a row that is held shows another note");
-            require(!isSwiped || !known.isSwiped || m_step == "move" || known.x == row->center().x,
+            require(!isSwiped || !known.isSwiped || m_step.starts_with("move") || known.x == row->center().x,
                 "a row that is swiped moved without its finger");
         }
         if (known.hasGesture && !hasGesture)
@@ -211,48 +207,42 @@ void SessionWatch::watchGestures(bool isLift)
     m_rows = std::move(now);
 }
 
-void SessionWatch::touch(Fingers& fingers, const std::vector<HostTouch>& touches)
+void SessionWatch::touch(const std::vector<HostTouch>& touches)
 {
     std::vector<HostTouch> known;
-    const char* name = "move";
+    std::string name;
     for (HostTouch touch : touches) {
-        const auto finger = fingers.find(touch.identifier);
-        if (touch.phase == HostTouch::Phase::began) {
-            if (finger != fingers.end())
-                continue;
+        const auto finger = m_fingers.find(touch.identifier);
+        const bool begins = touch.phase == HostTouch::Phase::began;
+        if (begins != (finger == m_fingers.end()))
+            continue;
+        if (begins) {
             name = "finger";
-            fingers[touch.identifier] = touch.location;
+            m_fingers[touch.identifier] = touch.location;
             UIWindow& window = *UIApplication::shared().keyWindow();
             m_underFingers[touch.identifier] = noteAround(window.hitTest(touch.location).get());
-        } else if (finger == fingers.end()) {
-            continue;
         } else if (touch.phase == HostTouch::Phase::moved) {
+            name = "move";
             finger->second = touch.location;
         } else {
             name = touch.phase == HostTouch::Phase::ended ? "lift" : "cancel";
             touch.location = finger->second;
-            fingers.erase(finger);
+            m_fingers.erase(finger);
         }
-        known.push_back(touch);
-    }
-    if (known.empty())
-        return;
-    for (const HostTouch& touch : known) {
         if (touch.phase == HostTouch::Phase::ended)
             m_targets.insert(m_underFingers[touch.identifier]);
+        name += " " + std::to_string(touch.identifier) + " at " + description(touch.location.x) + " "
+            + description(touch.location.y);
+        known.push_back(touch);
     }
-    if (m_tells)
-        std::fprintf(stderr, "%d at %g %g: ", static_cast<int>(known[0].identifier), known[0].location.x,
-            known[0].location.y);
-    act(name, [&] { host.touch(known); });
+    if (!known.empty())
+        act(name, [&] { host.touch(known); });
 }
 
 void SessionWatch::press(const HostKeyPress& key)
 {
-    if (m_tells)
-        std::fprintf(stderr, "%d ", static_cast<int>(key.key));
     m_targets.insert(noteAround(UIApplication::shared().focusSystem().focusedView().get()));
-    act("key", [&] { host.client().keyPressed(key); });
+    act("key " + std::to_string(static_cast<int>(key.key)), [&] { host.client().keyPressed(key); });
 }
 
 void SessionWatch::useReader(bool readsFirst, std::size_t kind, std::size_t element, std::size_t action)
@@ -262,25 +252,22 @@ void SessionWatch::useReader(bool readsFirst, std::size_t kind, std::size_t elem
     std::vector<AccessibilityElement> all;
     collect(m_tree, all);
     const AccessibilityElement& chosen = all[element % all.size()];
-    if (m_tells)
-        std::fprintf(stderr, "%s %zu ", chosen.label.c_str(), action);
     for (const auto& [note, known] : m_known) {
         if (known.text.value_or("") == chosen.label || (isEmpty(*note) && chosen.label == "Empty note"))
             m_targets.insert(note);
     }
+    HostClient& program = host.client();
     if (kind == 0)
-        act("reader presses", [&] { host.client().pressElement(chosen.identifier); });
+        act("press " + chosen.label, [&] { program.pressElement(chosen.identifier); });
     else if (kind == 1)
-        act("reader acts", [&] { host.client().performElementAction(chosen.identifier, action); });
+        act("act on " + chosen.label, [&] { program.performElementAction(chosen.identifier, action); });
     else
-        act("reader focuses", [&] { host.client().focusElement(chosen.identifier); });
+        act("focus " + chosen.label, [&] { program.focusElement(chosen.identifier); });
 }
 
 void SessionWatch::advance(double seconds)
 {
-    if (m_tells)
-        std::fprintf(stderr, "%g ", seconds);
-    act("advance", [&] { host.advance(seconds); });
+    act("advance " + description(seconds), [&] { host.advance(seconds); });
 }
 
 void SessionWatch::setDiskFails(bool fails)
@@ -317,18 +304,17 @@ void SessionWatch::changeFromOutside(std::size_t kind, std::size_t place, bool i
     replaceFromOutside(
         isCopy ? archive + ".sync-conflict.archive" : archive, KeyedArchiver::archivedData(notes));
     m_hasNews = m_hadNews = true;
-    if (m_tells)
-        std::fprintf(stderr, "%zu %zu %d ", kind, place, isCopy);
-    act("another machine", [&] { host.client().documentsChanged(); });
+    act("another machine, " + std::to_string(kind) + " at " + std::to_string(place),
+        [&] { host.client().documentsChanged(); });
 }
 
 bool SessionWatch::wasEmptyAtStart(const std::shared_ptr<ToDoItem2>& note) const
 {
-    return std::any_of(m_first.begin(), m_first.end(),
-        [&](const auto& entry) { return entry.first == note && entry.second.text.value_or("").empty(); });
+    const auto known = m_first.find(note);
+    return known != m_first.end() && known->second.text.value_or("").empty();
 }
 
-void SessionWatch::restart(Fingers& fingers)
+void SessionWatch::restart()
 {
     act("quit", [&] {
         // The records outlive the program, with what was still being typed.
@@ -342,13 +328,12 @@ void SessionWatch::restart(Fingers& fingers)
         m_hasNews = m_hadNews = false;
         watchFromNowOn();
     });
-    fingers.clear();
 }
 
-void SessionWatch::comeToRest(Fingers& fingers)
+void SessionWatch::comeToRest()
 {
-    while (!fingers.empty())
-        touch(fingers, {{fingers.begin()->first, HostTouch::Phase::ended, {}}});
+    while (!m_fingers.empty())
+        touch({{m_fingers.begin()->first, HostTouch::Phase::ended, {}}});
     act("active", [&] { host.client().stateChanged(HostState::active); });
     act("return", [&] { host.textInput().pressReturn(); });
     if (list().presentedViewController())
@@ -375,17 +360,17 @@ void SessionWatch::comeToRest(Fingers& fingers)
     checkBadge();
 }
 
-std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> SessionWatch::listNow() const
+SessionWatch::NoteStates SessionWatch::listNow() const
 {
-    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> notes;
+    NoteStates notes;
     for (const auto& note : list().arrayNote)
-        notes.push_back({note, {std::ssize(notes), note->text, note->data, note->completed}});
+        notes[note] = {std::ssize(notes), note->text, note->data, note->completed};
     return notes;
 }
 
-void SessionWatch::takeAllBack(Fingers& fingers)
+void SessionWatch::takeAllBack()
 {
-    comeToRest(fingers);
+    comeToRest();
     if (list().presentedViewController())
         return;
     std::size_t steps = 0;
@@ -398,13 +383,13 @@ void SessionWatch::takeAllBack(Fingers& fingers)
     while (press(HostKey::undo))
         ++steps;
     m_datesEdited.clear();
-    comeToRest(fingers);
+    comeToRest();
     m_step = "take all back";
     require(m_hadNews || steps >= UndoManager::levelsOfUndo || listNow() == m_first,
         "it is not the list of the start");
     for (std::size_t i = 0; i < steps; ++i)
         require(press(HostKey::redo), "a step cannot be done again");
-    comeToRest(fingers);
+    comeToRest();
 }
 
 bool SessionWatch::isListInFile()

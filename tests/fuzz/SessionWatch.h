@@ -7,9 +7,6 @@
 
 namespace velmorath {
 
-/// Where each finger is that is down.
-using Fingers = std::map<std::int64_t, CGPoint>;
-
 /// The program on the headless host, watched: each step is compared with the one before, and when everything
 /// has come to rest the screen, the file and the badge with the list. What must not be ends the process with
 /// a line that says it.
@@ -21,31 +18,31 @@ public:
     void putNotes(std::size_t count, bool badge, std::size_t theme);
     void start();
 
+    /// Where each finger is that is down.
+    const std::map<std::int64_t, CGPoint>& fingers() const { return m_fingers; }
     /// Fingers that are not down move and leave nowhere.
-    void touch(Fingers&, const std::vector<HostTouch>&);
+    void touch(const std::vector<HostTouch>&);
     void press(const HostKeyPress&);
     /// Chooses an element of what is on the screen, or was when it was read last, and presses it, does one of
     /// its actions or points keys at it.
     void useReader(bool readsFirst, std::size_t kind, std::size_t element, std::size_t action);
     void advance(double seconds);
     /// Anything else that happens.
-    void act(const char* name, const std::function<void()>&);
+    void act(const std::string& name, const std::function<void()>&);
     void setDiskFails(bool);
     /// Another machine adds a note, deletes, completes, edits or moves one, and a synchroniser brings that:
     /// as the list, or as a copy beside it.
     void changeFromOutside(std::size_t kind, std::size_t place, bool isCopy);
     /// The program ends, and starts again over the same files.
-    void restart(Fingers&);
+    void restart();
     /// Lifts the fingers, ends the typing, lets three seconds pass, and looks at everything.
-    void comeToRest(Fingers&);
+    void comeToRest();
     /// Comes to rest, takes back all that was done since the start, and looks whether it is.
-    void takeAllBack(Fingers&);
+    void takeAllBack();
 
 private:
-    struct Known {
-        std::optional<std::string> text;
-        bool completed;
-    };
+    /// Every note of the list, with its place.
+    using NoteStates = std::map<std::shared_ptr<ToDoItem2>, NoteState>;
     /// What a row was after the last step.
     struct Watched {
         std::shared_ptr<ToDoItem2> note;
@@ -63,7 +60,7 @@ private:
     /// Those that are kept for a moment, too.
     std::vector<std::shared_ptr<TableViewCell>> rows() const;
     void watchFromNowOn();
-    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> listNow() const;
+    NoteStates listNow() const;
     /// Whether what was written last got there.
     void noteWrites();
     /// A row that is moved while a new note is typed is saved with it: a disk that fails then leaves it
@@ -77,11 +74,12 @@ private:
     void require(bool, const std::string& what) const;
 
     /// What the list was after the last step.
-    std::map<std::shared_ptr<ToDoItem2>, Known> m_known;
+    NoteStates m_known;
     /// The notes that the current step may complete or delete, and those whose text it may change.
     std::set<std::shared_ptr<ToDoItem2>> m_targets;
     std::shared_ptr<ToDoItem2> m_typed;
     std::shared_ptr<ToDoItem2> m_inDetail;
+    std::map<std::int64_t, CGPoint> m_fingers;
     std::map<std::int64_t, std::shared_ptr<ToDoItem2>> m_underFingers;
     std::map<const TableViewCell*, Watched> m_rows;
     std::set<std::shared_ptr<ToDoItem2>> m_datesEdited;
@@ -94,7 +92,7 @@ private:
     /// How many of the announcements were looked at.
     std::size_t m_heard = 0;
     /// What the list was at the start of the program.
-    std::vector<std::pair<std::shared_ptr<ToDoItem2>, NoteState>> m_first;
+    NoteStates m_first;
     AccessibilityElement m_tree;
     std::string m_step;
     bool m_tells;

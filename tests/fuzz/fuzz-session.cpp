@@ -3,6 +3,7 @@
 
 #include "SessionWatch.h"
 #include <cstdint>
+#include <fuzzer/FuzzedDataProvider.h>
 
 using namespace velmorath;
 
@@ -16,85 +17,57 @@ constexpr HostKey keys[] = {HostKey::up, HostKey::down, HostKey::left, HostKey::
     HostKey::end, HostKey::pageUp, HostKey::pageDown, HostKey::tab, HostKey::enter, HostKey::space,
     HostKey::escape, HostKey::insert, HostKey::edit, HostKey::remove};
 
-/// The input, byte by byte; zeros once it has run out.
-class Bytes {
-public:
-    Bytes(const std::uint8_t* data, std::size_t size)
-        : m_data(data)
-        , m_size(size)
-    {
-    }
-
-    bool isOver() const { return m_size == 0; }
-    std::size_t below(std::size_t end) { return next() % end; }
-    bool flip() { return next() & 1; }
-    /// From 0 to 1.
-    CGFloat part() { return next() / 255.0; }
-    template <typename T, std::size_t count> const T& oneOf(const T (&choices)[count])
-    {
-        return choices[below(count)];
-    }
-
-private:
-    std::uint8_t next()
-    {
-        if (m_size == 0)
-            return 0;
-        --m_size;
-        return *m_data++;
-    }
-
-    const std::uint8_t* m_data;
-    std::size_t m_size;
-};
-
 class Session {
 public:
     Session(const std::uint8_t* data, std::size_t size)
         : m_bytes(data, size)
     {
-        m_watch.host.screen().setSize(m_bytes.oneOf(sizes));
-        const bool isFirstStart = m_bytes.below(8) == 0;
+        m_watch.host.screen().setSize(m_bytes.PickValueInArray(sizes));
+        const bool isFirstStart = below(8) == 0;
         if (!isFirstStart)
-            m_watch.putNotes(m_bytes.below(32), m_bytes.below(8) != 0, m_bytes.below(7));
+            m_watch.putNotes(below(32), below(8) != 0, below(7));
         m_watch.start();
     }
 
     void run()
     {
-        while (!m_bytes.isOver())
+        while (m_bytes.remaining_bytes() > 0)
             step();
-        m_watch.takeAllBack(m_fingers);
+        m_watch.takeAllBack();
     }
 
 private:
+    std::size_t below(std::size_t end) { return m_bytes.ConsumeIntegralInRange<std::size_t>(0, end - 1); }
+    /// From 0 to 1.
+    CGFloat part() { return m_bytes.ConsumeIntegral<std::uint8_t>() / 255.0; }
+
     CGPoint somewhere()
     {
         const CGSize size = m_watch.host.screen().size();
-        const CGFloat columns[] = {30, size.width / 2, size.width * 0.7, size.width - 40, size.width - 20, 2,
-            size.width * m_bytes.part()};
-        const CGFloat x = m_bytes.oneOf(columns);
-        const std::size_t row = m_bytes.below(14);
+        const CGFloat columns[] = {
+            30, size.width / 2, size.width * 0.7, size.width - 40, size.width - 20, 2, size.width * part()};
+        const CGFloat x = m_bytes.PickValueInArray(columns);
+        const std::size_t row = below(14);
         if (row == 12)
             return {x, size.height - 28};
         if (row == 13)
-            return {x, size.height * m_bytes.part()};
-        return {x, row * 60.0 + (m_bytes.flip() ? 30 : 8)};
+            return {x, size.height * part()};
+        return {x, row * 60.0 + (m_bytes.ConsumeBool() ? 30 : 8)};
     }
 
-    std::int64_t finger() { return m_bytes.flip() ? 2 : 1; }
+    std::int64_t finger() { return m_bytes.ConsumeBool() ? 2 : 1; }
 
     void touch(std::int64_t identifier, HostTouch::Phase phase, CGPoint place)
     {
-        m_watch.touch(m_fingers, {{identifier, phase, place}});
+        m_watch.touch({{identifier, phase, place}});
     }
 
     /// In a few frames, which may end before it does.
     void drag(std::int64_t identifier, CGVector way)
     {
-        const std::size_t steps = 1 + m_bytes.below(6);
-        for (std::size_t step = 0; step < steps && m_fingers.contains(identifier); ++step) {
-            const CGPoint from = m_fingers.at(identifier);
+        const std::size_t steps = 1 + below(6);
+        for (std::size_t step = 0; step < steps && m_watch.fingers().contains(identifier); ++step) {
+            const CGPoint from = m_watch.fingers().at(identifier);
             touch(identifier, HostTouch::Phase::moved,
                 {from.x + way.dx / static_cast<CGFloat>(steps),
                     from.y + way.dy / static_cast<CGFloat>(steps)});
@@ -104,17 +77,17 @@ private:
 
     void step()
     {
-        switch (m_bytes.below(20)) {
+        switch (below(20)) {
         case 0:
         case 1:
             return touch(finger(), HostTouch::Phase::began, somewhere());
         case 2: {
             const std::int64_t one = finger();
-            return drag(one, {(m_bytes.part() - 0.5) * 2 * m_watch.host.screen().size().width, 0});
+            return drag(one, {(part() - 0.5) * 2 * m_watch.host.screen().size().width, 0});
         }
         case 3: {
             const std::int64_t one = finger();
-            return drag(one, {0, (m_bytes.part() - 0.5) * 2 * m_watch.host.screen().size().height});
+            return drag(one, {0, (part() - 0.5) * 2 * m_watch.host.screen().size().height});
         }
         case 4:
             return touch(finger(), HostTouch::Phase::ended, {-1, -1});
@@ -123,47 +96,48 @@ private:
         case 6:
             return spread();
         case 7:
-            return m_watch.advance(m_bytes.part() * m_bytes.part());
+            return m_watch.advance(part() * part());
         case 8:
-            return m_watch.advance(0.001 * static_cast<double>(1 + m_bytes.below(16)));
+            return m_watch.advance(0.001 * static_cast<double>(1 + below(16)));
         case 9:
-            return m_watch.act(
-                "wheel", [&] { m_watch.host.wheel(somewhere(), (m_bytes.part() - 0.5) * 2000); });
+            return m_watch.act("wheel", [&] { m_watch.host.wheel(somewhere(), (part() - 0.5) * 2000); });
         case 10:
             return m_watch.press(
-                {m_bytes.oneOf(keys), m_bytes.below(4) == 0, m_bytes.below(4) == 0, m_bytes.below(4) == 0});
+                {m_bytes.PickValueInArray(keys), below(4) == 0, below(4) == 0, below(4) == 0});
         case 11:
-            return m_watch.act("type", [&] { m_watch.host.textInput().replaceText(m_bytes.oneOf(texts)); });
+            return m_watch.act(
+                "type", [&] { m_watch.host.textInput().replaceText(m_bytes.PickValueInArray(texts)); });
         case 12:
             return m_watch.act("return", [&] { m_watch.host.textInput().pressReturn(); });
         case 13:
-            return m_watch.useReader(m_bytes.flip(), m_bytes.below(3), m_bytes.below(256), m_bytes.below(8));
+            return m_watch.useReader(m_bytes.ConsumeBool(), below(3), below(256), below(8));
         case 14:
-            return m_watch.act("resize", [&] { m_watch.host.resize(m_bytes.oneOf(sizes)); });
+            return m_watch.act("resize", [&] { m_watch.host.resize(m_bytes.PickValueInArray(sizes)); });
         case 15: {
             constexpr HostState states[] = {HostState::active, HostState::inactive, HostState::background};
-            return m_watch.act("state", [&] { m_watch.host.client().stateChanged(m_bytes.oneOf(states)); });
+            return m_watch.act(
+                "state", [&] { m_watch.host.client().stateChanged(m_bytes.PickValueInArray(states)); });
         }
         case 16:
             return rare();
         case 17:
             return swipe();
         default:
-            return m_watch.comeToRest(m_fingers);
+            return m_watch.comeToRest();
         }
     }
 
     void rare()
     {
-        switch (m_bytes.below(5)) {
+        switch (below(5)) {
         case 0:
-            return m_watch.restart(m_fingers);
+            return m_watch.restart();
         case 1:
-            return m_watch.setDiskFails(m_bytes.flip());
+            return m_watch.setDiskFails(m_bytes.ConsumeBool());
         case 2:
             return touch(finger(), HostTouch::Phase::cancelled, {-1, -1});
         case 3:
-            return m_watch.act("mail", [&] { m_watch.host.effects().setCanSendMail(m_bytes.flip()); });
+            return m_watch.act("mail", [&] { m_watch.host.effects().setCanSendMail(m_bytes.ConsumeBool()); });
         default:
             return rarer();
         }
@@ -171,7 +145,7 @@ private:
 
     void rarer()
     {
-        switch (m_bytes.below(8)) {
+        switch (below(8)) {
         case 0:
         case 4:
             return m_watch.act("draw", [&] { m_watch.host.draw(); });
@@ -182,10 +156,11 @@ private:
         case 6:
             return m_watch.press({HostKey::redo});
         case 3:
-            return m_watch.changeFromOutside(m_bytes.below(5), m_bytes.below(32), m_bytes.below(4) == 0);
+            return m_watch.changeFromOutside(below(5), below(32), below(4) == 0);
         default:
-            return m_watch.act("file",
-                [&] { m_watch.host.documents().setFile(std::optional<std::string>(m_bytes.oneOf(files))); });
+            return m_watch.act("file", [&] {
+                m_watch.host.documents().setFile(std::optional<std::string>(m_bytes.PickValueInArray(files)));
+            });
         }
     }
 
@@ -202,7 +177,7 @@ private:
         const std::int64_t one = finger();
         touch(one, HostTouch::Phase::began, somewhere());
         const CGFloat way = m_watch.host.screen().size().width * 0.7;
-        drag(one, {m_bytes.flip() ? way : -way, 0});
+        drag(one, {m_bytes.ConsumeBool() ? way : -way, 0});
         touch(one, HostTouch::Phase::ended, {-1, -1});
     }
 
@@ -210,21 +185,19 @@ private:
     void spread()
     {
         const CGPoint upper = somewhere();
-        const CGPoint lower = upper + CGVector{0, m_bytes.flip() ? 60.0 : 120.0};
-        m_watch.touch(m_fingers, {{1, HostTouch::Phase::began, upper}, {2, HostTouch::Phase::began, lower}});
-        const std::size_t steps = 1 + m_bytes.below(4);
-        for (std::size_t step = 0; step < steps && m_fingers.size() == 2; ++step) {
-            m_watch.touch(m_fingers,
-                {{1, HostTouch::Phase::moved, m_fingers[1] + CGVector{0, -20}},
-                    {2, HostTouch::Phase::moved, m_fingers[2] + CGVector{0, 20}}});
+        const CGPoint lower = upper + CGVector{0, m_bytes.ConsumeBool() ? 60.0 : 120.0};
+        m_watch.touch({{1, HostTouch::Phase::began, upper}, {2, HostTouch::Phase::began, lower}});
+        const std::size_t steps = 1 + below(4);
+        for (std::size_t step = 0; step < steps && m_watch.fingers().size() == 2; ++step) {
+            m_watch.touch({{1, HostTouch::Phase::moved, m_watch.fingers().at(1) + CGVector{0, -20}},
+                {2, HostTouch::Phase::moved, m_watch.fingers().at(2) + CGVector{0, 20}}});
             m_watch.advance(0.016);
         }
-        if (m_bytes.flip())
+        if (m_bytes.ConsumeBool())
             touch(finger(), HostTouch::Phase::ended, {-1, -1});
     }
 
-    Bytes m_bytes;
-    Fingers m_fingers;
+    FuzzedDataProvider m_bytes;
     SessionWatch m_watch;
 };
 

@@ -50,15 +50,20 @@ void ScreensWalk::openUsualList()
     host.advance(0.05);
 }
 
+void ScreensWalk::lookAfter(const std::string& state, const std::function<void()>& deed, double seconds)
+{
+    deed();
+    host.advance(seconds);
+    look(state);
+}
+
 void ScreensWalk::visitList()
 {
     openUsualList();
     look("list");
     if (!m_everything)
         return;
-    host.press(HostKey::down);
-    host.advance(0.5);
-    look("list-focused");
+    lookAfter("list-focused", [&] { host.press(HostKey::down); });
     open({"Only"}, "Red");
     look("list-one-note");
     open({});
@@ -91,9 +96,8 @@ void ScreensWalk::visitGestures()
         }
     }
     openUsualList();
-    swipe(1, -half - 10);
-    host.advance(0.15);
-    look("gap-closing");
+    lookAfter(
+        "gap-closing", [&] { swipe(1, -half - 10); }, 0.15);
 
     openUsualList();
     TwoFingers fingers(host, {100, 30}, {100, 90});
@@ -108,35 +112,24 @@ void ScreensWalk::visitGestures()
 void ScreensWalk::visitEditing()
 {
     openUsualList();
-    tapWords(2);
-    host.advance(0.5);
-    look("editing-text");
-    type(longText);
-    host.advance(0.5);
-    look("edited-text");
+    lookAfter("editing-text", [&] { tapWords(2); });
+    lookAfter("edited-text", [&] { type(longText); });
     if (!m_everything)
         return;
-    tap({host.screen().size().width - 50, 13});
-    host.advance(0.5);
-    look("editing-date");
+    lookAfter("editing-date", [&] { tap({host.screen().size().width - 50, 13}); });
     openUsualList();
-    beginPull(70).lift();
-    host.advance(1);
-    look("editing-new-note");
+    lookAfter(
+        "editing-new-note", [&] { beginPull(70).lift(); }, 1);
 }
 
 void ScreensWalk::visitReordering()
 {
     openUsualList();
-    tapReorder();
-    host.advance(0.5);
-    look("reordering");
+    lookAfter("reordering", [&] { tapReorder(); });
     if (!m_everything)
         return;
     Finger dragging(host, {host.screen().size().width - 25, 30});
-    dragging.moveBy({0, 75});
-    host.advance(0.5);
-    look("reordering-dragged");
+    lookAfter("reordering-dragged", [&] { dragging.moveBy({0, 75}); });
 }
 
 void ScreensWalk::visitThemes()
@@ -154,19 +147,13 @@ void ScreensWalk::visitNotes()
 {
     openUsualList();
     list().arrayNote[2]->text = longText + "\n\n" + longText + longText;
-    tap({200, 125});
-    host.advance(0.5);
-    look("note-long");
+    lookAfter("note-long", [&] { tap({200, 125}); });
     if (!m_everything)
         return;
-    tap({100, 300});
-    host.advance(0.5);
-    look("note-edited");
+    lookAfter("note-edited", [&] { tap({100, 300}); });
     for (const auto& [place, name] : {std::pair<std::size_t, std::string>{0, "short"}, {1, "completed"}}) {
         openUsualList();
-        tapBesideWords(place);
-        host.advance(0.5);
-        look("note-" + name);
+        lookAfter("note-" + name, [&, row = place] { tapBesideWords(row); });
     }
 }
 
@@ -201,29 +188,21 @@ void ScreensWalk::visitTutorial()
 {
     open({"One"});
     UserDefaults::standard().removeObject("primoAvvioApp7");
-    launch();
-    host.advance(1);
-    look("offer");
-    tap(host.draw().text("Yes")->rect.center());
-    host.advance(1);
-    look("tutorial");
-    const CGPoint button = host.draw().text("next")->rect.center();
-    {
-        Finger finger(host, button);
-        look("tutorial-held");
-        finger.lift();
-    }
-    host.advance(1);
-    look("tutorial-last");
+    lookAfter(
+        "offer", [&] { launch(); }, 1);
+    lookAfter(
+        "tutorial", [&] { tap(host.draw().text("Yes")->rect.center()); }, 1);
+    Finger finger(host, host.draw().text("next")->rect.center());
+    look("tutorial-held");
+    lookAfter(
+        "tutorial-last", [&] { finger.lift(); }, 1);
 }
 
 void ScreensWalk::visitMail()
 {
     open({"One"});
     openInformation();
-    tapRow(0);
-    host.advance(0.5);
-    look("mail");
+    lookAfter("mail", [&] { tapRow(0); });
     if (!m_everything)
         return;
     tap({160, 300});
@@ -231,18 +210,14 @@ void ScreensWalk::visitMail()
     open({"One"});
     host.effects().setCanSendMail(false);
     openInformation();
-    tapRow(0);
-    host.advance(0.5);
-    look("mail-impossible");
+    lookAfter("mail-impossible", [&] { tapRow(0); });
     host.effects().setCanSendMail(true);
 }
 
 void ScreensWalk::visitSharing()
 {
     open({"One"});
-    list().offerSharing();
-    host.advance(0.5);
-    look("sharing");
+    lookAfter("sharing", [&] { list().offerSharing(); });
     if (!m_everything)
         return;
     HeadlessDocuments& documents = host.documents();
@@ -253,9 +228,7 @@ void ScreensWalk::visitSharing()
         list().offerSharing();
         host.advance(0.5);
         const CGSize size = host.screen().size();
-        tap({size.width / 2, size.height - fromBottom});
-        host.advance(0.5);
-        look(state);
+        lookAfter(state, [&] { tap({size.width / 2, size.height - fromBottom}); });
     };
     documents.setHowShared(Documents::Shared::copied);
     choose(180, "shared");
@@ -277,9 +250,7 @@ void ScreensWalk::visitNews()
     for (const auto& [state, bytes] :
         {std::pair("news-unreadable", std::string("half")), {"news", archive}}) {
         replaceFromOutside(archivePath(), bytes);
-        host.client().documentsChanged();
-        host.advance(0.5);
-        look(state);
+        lookAfter(state, [&] { host.client().documentsChanged(); });
         host.press(HostKey::escape);
         host.advance(0.5);
     }
@@ -297,18 +268,18 @@ void ScreensWalk::visitOverlays()
     for (const bool succeeds : {true, false}) {
         open({"One"});
         EZLoadingActivity::Settings::DarkensBackground() = succeeds;
-        EZLoadingActivity::show("Loading", false);
-        host.advance(0.1);
-        look(succeeds ? "loading-darkened-coming" : "loading-coming");
-        host.advance(0.4);
-        look(succeeds ? "loading-darkened" : "loading");
-        EZLoadingActivity::hide(succeeds, true);
-        host.advance(0.3);
-        look(succeeds ? "loading-success-coming" : "loading-failure-coming");
-        host.advance(succeeds ? 0.3 : 0.8);
-        look(succeeds ? "loading-success-going" : "loading-failure-going");
-        host.advance(5);
-        look(succeeds ? "loading-gone" : "loading-failure-gone");
+        const std::string shown = succeeds ? "loading-darkened" : "loading";
+        lookAfter(
+            shown + "-coming", [] { EZLoadingActivity::show("Loading", false); }, 0.1);
+        lookAfter(
+            shown, [] {}, 0.4);
+        const std::string ended = succeeds ? "loading-success" : "loading-failure";
+        lookAfter(
+            ended + "-coming", [&] { EZLoadingActivity::hide(succeeds, true); }, 0.3);
+        lookAfter(
+            ended + "-going", [] {}, succeeds ? 0.3 : 0.8);
+        lookAfter(
+            succeeds ? "loading-gone" : "loading-failure-gone", [] {}, 5);
     }
     EZLoadingActivity::Settings::DarkensBackground() = false;
 }

@@ -13,6 +13,8 @@ protected:
     virtual void look(const std::string& state) = 0;
 
 private:
+    /// Does it, lets time pass, and looks.
+    void lookAfter(const std::string& state, const std::function<void()>& deed, double seconds = 0.5);
     void open(const Lines& texts, const std::string& theme = "Blue");
     void openUsualList();
     void visitList();
