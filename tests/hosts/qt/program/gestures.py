@@ -28,7 +28,7 @@ def adding(program):
     program.until_line(BEGINS, program.release)
     program.write("Buy milk")
     program.wait_for_texts(["Buy milk", "Hello!"], "the new note is on top, and saved")
-    dates = [date for _, date, _ in archive_exchange.show(archive(program.home))]
+    dates = [date for _, date, _ in archive_exchange.read(archive(program.home))]
     today = datetime.datetime.now(datetime.timezone.utc)
     assert dates == [f"{today:%b} {today.day}, {today.year}", None], "a note that was never typed has no date"
     program.add_by_pulling("Call home")

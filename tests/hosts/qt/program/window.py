@@ -31,7 +31,7 @@ def archive(home):
 def texts_in(home):
     """The texts of all notes in the file, as another program reads it, with "x " before those of completed ones."""
     return [("x " if completed else "") + text
-            for text, _, completed in archive_exchange.show(archive(home))]
+            for text, _, completed in archive_exchange.read(archive(home))]
 
 
 class Program:
