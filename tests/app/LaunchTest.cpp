@@ -1,66 +1,24 @@
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
-class LaunchTest : public ListTest {
+class LaunchTest : public Story {
 protected:
     static UserDefaults& defaults() { return UserDefaults::standard(); }
 };
 
-TEST_F(LaunchTest, TheTutorialIsOfferedAfterHalfASecondAndOnlyOnce)
-{
-    launch();
-    EXPECT_EQ(host.effects().permissionsAsked(), 1);
-    host.advance(0.3);
-    EXPECT_FALSE(presented());
-    host.advance(0.2);
-    EXPECT_TRUE(presented());
-    defaults().reset();
-    EXPECT_TRUE(defaults().boolForKey("HasLaunchedOnce"));
-    EXPECT_EQ(*defaults().dictionary("settaggi"), defaultSettings("Red"));
-    EXPECT_EQ(*defaults().object("nuovaNota")->string(), "No");
-    EXPECT_EQ(*defaults().object("primoAvvioApp7")->string(), "No");
-    relaunch();
-    host.advance(1);
-    EXPECT_FALSE(presented());
-}
-
-TEST_F(LaunchTest, TheSampleNoteReachesTheFileWithTheNextChange)
-{
-    launch();
-    relaunch();
-    // It was never saved, and is not made again.
-    EXPECT_EQ(notes(), Lines());
-    beginPull(70).lift();
-    host.advance(1);
-    type("Mine");
-    relaunch();
-    EXPECT_EQ(notes(), (Lines{"Mine"}));
-}
-
-TEST_F(LaunchTest, WhereThereAreNotesNoSampleIsAdded)
-{
-    start({"One"});
-    defaults().removeObject("nuovaNota");
-    defaults().synchronize();
-    relaunch();
-    EXPECT_EQ(notes(), (Lines{"One"}));
-    EXPECT_FALSE(defaults().object("nuovaNota"));
-    swipe(0, -200);
-    relaunch();
-    EXPECT_EQ(notes(), (Lines{"Hello!"}));
-    EXPECT_TRUE(defaults().object("nuovaNota"));
-}
-
-TEST_F(LaunchTest, ChosenSettingsAreLeftAlone)
+TEST_F(LaunchTest, WhereThereAreNotesNoSampleIsAddedAndChosenSettingsAreLeftAlone)
 {
     set("theme", "Green");
     set("own", "kept");
     start({"One"});
-    relaunch();
-    EXPECT_EQ(list().theme, "Green");
-    EXPECT_EQ(*list().dizionarioSettaggi.at("own").string(), "kept");
+    tellLines();
+    defaults().removeObject("nuovaNota");
+    defaults().synchronize();
+    then("another start", [&] { relaunch(); });
+    then("the last note goes", [&] { swipe(0, -200); });
+    then("another start", [&] { relaunch(); });
 }
 
 using LaunchDeathTest = LaunchTest;

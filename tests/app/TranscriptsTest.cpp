@@ -28,14 +28,21 @@ protected:
 
 TEST_F(TranscriptsTest, TheFirstDay)
 {
-    then("the first start", [&] { launch(); });
+    then("the first start", 0.3, [&] { launch(); });
+    EXPECT_EQ(host.effects().permissionsAsked(), 1);
+    then("the tutorial is offered", 1);
     then("yes, show the tutorial", [&] { tap(host.draw().text("Yes")->rect.center()); });
     then("next", [&] { tap(host.draw().text("next")->rect.center()); });
     then("close", [&] { tap(host.draw().text("close")->rect.center()); });
-    then("the second start", [&] { relaunch(); });
+    then("the second start: the sample note is not saved, and not made again", [&] { relaunch(); });
+    then("the first note", [&] { host.press(HostKey::insert), type("Mine"); });
+    then("the third start", [&] { relaunch(); });
     UserDefaults::standard().removeObject(settingsKey);
     UserDefaults::standard().synchronize();
     then("a start without settings", [&] { relaunch(); });
+    UserDefaults::standard().removeObject(settingsKey);
+    then("the information without settings", [&] { openInformation(); });
+    then("they were stored", [&] { relaunch(); });
 }
 
 TEST_F(TranscriptsTest, Swipes)

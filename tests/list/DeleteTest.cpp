@@ -15,7 +15,6 @@ TEST_F(DeleteTest, TheRowsBelowCloseTheGapOneAfterAnother)
     EXPECT_EQ(takeLines("tableView(tableView:"), Lines());
     then("there", 0.05);
     EXPECT_EQ(takeLines("tableView(tableView:").size(), 4u);
-    EXPECT_EQ(row(3).backgroundColor(), (CGColor{0, 0.6, 1, 1}));
 }
 
 TEST_F(DeleteTest, AtTheEndOfALongListNothingStaysEmptyBelow)

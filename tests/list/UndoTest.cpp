@@ -6,12 +6,6 @@ namespace {
 
 class UndoTest : public Story {
 protected:
-    bool press(HostKey key)
-    {
-        const bool isUsed = host.press(key);
-        host.advance(1);
-        return isUsed;
-    }
     void edit(std::size_t place, const std::string& text)
     {
         tapWords(place);
@@ -19,25 +13,19 @@ protected:
         host.advance(1);
     }
     void tapUndo() { tap({84, host.screen().size().height - 28}); }
-    const Lines& felt() { return host.effects().felt(); }
 };
 
 TEST_F(UndoTest, EachChangeIsTakenBackAndDoneAgain)
 {
-    const Lines first{"One", "x Two", "Three", "Four"};
-    const auto deletes = [this] { swipe(0, -200); };
-    const auto reopens = [this] { swipe(1, 200); };
-    const auto edits = [this] { edit(2, "3"); };
-    const auto empties = [this] { edit(2, ""); };
-    const auto adds = [this] {
+    const auto add = [this] {
         beginPull(70).lift();
         type("New");
     };
-    const auto moves = [this] {
+    const auto move = [this] {
         host.press(HostKey::down);
         host.press(HostKey::down, false, true);
     };
-    const auto deletesInFull = [this] {
+    const auto deleteInFull = [this] {
         tapBesideWords(3);
         host.advance(0.5);
         tap({100, 300});
@@ -45,40 +33,24 @@ TEST_F(UndoTest, EachChangeIsTakenBackAndDoneAgain)
         tap({292, 28});
     };
     using Change = std::function<void()>;
-    for (const auto& [change, name, after] :
-        {std::tuple<Change, std::string, Lines>{deletes, "Delete One", {"x Two", "Three", "Four"}},
-            {reopens, "Reopen Two", {"One", "Two", "Three", "Four"}},
-            {edits, "Edit 3", {"One", "x Two", "3", "Four"}},
-            {empties, "Delete Three", {"One", "x Two", "Four"}},
-            {adds, "Add note New", {"New", "One", "x Two", "Three", "Four"}},
-            {moves, "Move One", {"x Two", "One", "Three", "Four"}},
-            {deletesInFull, "Delete Four", {"One", "x Two", "Three"}}}) {
-        host.quit();
-        start(first);
+    for (const auto& [what, change] : {std::pair<std::string, Change>{"delete", [&] { swipe(0, -200); }},
+             {"reopen", [&] { swipe(1, 200); }}, {"edit", [&] { edit(2, "3"); }},
+             {"empty", [&] { edit(2, ""); }}, {"add", add}, {"move", move},
+             {"delete in full", deleteInFull}}) {
+        start({"One", "x Two", "Three", "Four"});
         const auto notes = list().arrayNote;
         for (const auto& note : notes)
             note->data = "Nov 1, 2026";
-        const long long before = badge();
-        change();
-        host.advance(1);
-        const long long badgeAfter = badge();
-        ASSERT_EQ(saved(), after) << name;
+        then(what, change);
         takeLines();
-        host.effects().clearFelt();
         for (int turn = 0; turn < 2; ++turn) {
-            EXPECT_TRUE(press(HostKey::undo)) << name;
-            EXPECT_EQ(saved(), first) << name;
+            then("undo", [&] { EXPECT_TRUE(host.press(HostKey::undo)); });
             EXPECT_EQ(list().arrayNote, notes) << "the same records";
             EXPECT_EQ(notes[2]->data, "Nov 1, 2026") << "with their dates";
-            EXPECT_EQ(badge(), before) << name;
-            EXPECT_FALSE(press(HostKey::undo)) << "there is no more";
-            EXPECT_TRUE(press(HostKey::redo)) << name;
-            EXPECT_EQ(saved(), after) << name;
-            EXPECT_EQ(badge(), badgeAfter) << name;
+            EXPECT_FALSE(host.press(HostKey::undo)) << "there is no more";
+            then("redo", [&] { EXPECT_TRUE(host.press(HostKey::redo)); });
         }
-        EXPECT_EQ(felt(), Lines{}) << "no sounds";
         EXPECT_EQ(countLines("toDoItemDeleted:") + countLines("moveRowAtIndexPath"), 0u);
-        EXPECT_EQ(host.effects().announced().back(), "Redone, " + name);
     }
 }
 
@@ -124,13 +96,13 @@ TEST_F(UndoTest, NotWhileATextIsTypedOrFingersAreDown)
     then("delete", [&] { swipe(0, -200); });
     {
         Finger resting(host, {20, 30});
-        EXPECT_FALSE(press(HostKey::undo) && press(HostKey::redo));
+        EXPECT_FALSE(host.press(HostKey::undo) || host.press(HostKey::redo));
         Finger onButton(host, {84, host.screen().size().height - 28}, 2);
         then("with two fingers", [&] { onButton.lift(); });
         resting.cancel();
     }
     tapWords(0);
-    EXPECT_FALSE(press(HostKey::undo)) << "it is the editor's";
+    EXPECT_FALSE(host.press(HostKey::undo)) << "it is the editor's";
     then("while typing", [&] { tapUndo(); });
 }
 

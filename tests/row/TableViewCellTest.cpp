@@ -1,12 +1,12 @@
 #include "FilesOnDisk.h"
 #include "KeyedUnarchiver.h"
-#include "ListTest.h"
+#include "Story.h"
 #include "ToDoItem.h"
 
 namespace velmorath {
 namespace {
 
-class TableViewCellTest : public ListTest {
+class TableViewCellTest : public Story {
 protected:
     std::shared_ptr<TableViewCell> cell =
         std::make_shared<TableViewCell>(UITableViewCellStyle::standard, "cell");
@@ -15,52 +15,27 @@ protected:
 TEST_F(TableViewCellTest, ATapOnTheWordsEditsThemAndAnywhereElseOpensTheNote)
 {
     start({"Milk", "Bread"});
+    const auto tapped = [this](CGPoint point) {
+        then("at " + std::to_string(std::lround(point.x)) + ", " + std::to_string(std::lround(point.y)),
+            [&] { tap(point); });
+        // Whichever it was.
+        then("done", [&] { host.press(HostKey::escape), host.textInput().pressReturn(); });
+    };
     // Four characters of 9.6 points from x = 15; 44 points high around the middle.
-    for (const CGPoint onWords : {CGPoint{16, 30}, CGPoint{53, 30}, CGPoint{20, 9}, CGPoint{20, 51}}) {
-        tap(onWords);
-        EXPECT_TRUE(row(0).label->isEditing()) << onWords.x << ", " << onWords.y;
-        host.textInput().pressReturn();
-        host.advance(0.5);
-    }
-    EXPECT_FALSE(presented());
-    for (const CGPoint beside : {CGPoint{10, 30}, CGPoint{55, 30}, CGPoint{20, 6}, CGPoint{20, 55}}) {
-        tap(beside);
-        EXPECT_FALSE(row(0).label->isEditing());
-        ASSERT_TRUE(presented()) << beside.x << ", " << beside.y;
-        leavePresented();
-    }
-}
-
-TEST_F(TableViewCellTest, WordsFromTheRightAreTappedWhereTheyAre)
-{
-    // They end at the row's right end, below the date.
+    for (const CGPoint onWords : {CGPoint{16, 30}, CGPoint{53, 30}, CGPoint{20, 9}, CGPoint{20, 51}})
+        tapped(onWords);
+    for (const CGPoint beside : {CGPoint{10, 30}, CGPoint{55, 30}, CGPoint{20, 6}, CGPoint{20, 55}})
+        tapped(beside);
     start({"שלום"});
-    tapWords(0);
-    ASSERT_TRUE(presented());
-    leavePresented();
-    tap({290, 30});
-    EXPECT_TRUE(row(0).label->isEditing());
-    host.textInput().pressReturn();
-    host.advance(0.5);
-    // Those of a long note leave the date's column, so that the note can be opened.
-    list().arrayNote[0]->text = "שלום שלום שלום שלום שלום שלום שלום שלום שלום";
-    table().reloadData();
-    host.advance(0.05);
-    tap({290, 30});
-    EXPECT_FALSE(row(0).label->isEditing());
-    leavePresented();
-    tap({200, 30});
-    EXPECT_TRUE(row(0).label->isEditing());
-}
-
-TEST_F(TableViewCellTest, ACompletedNoteAndAPlaceholderCannotBeEdited)
-{
+    then("words from the right are where they are, below the date", 0);
+    tapped({20, 30});
+    tapped({290, 30});
+    start({"שלום שלום שלום שלום שלום שלום שלום שלום שלום"});
+    then("long ones leave the date's column, so that the note can be opened", 0);
+    tapped({290, 30});
+    tapped({200, 30});
     start({"x Done"});
-    tapWords(0);
-    EXPECT_FALSE(host.textInput().isEditing());
-    EXPECT_TRUE(presented());
-
-    EXPECT_FALSE(cell->label->becomeFirstResponder());
+    then("a completed one cannot be edited", [&] { tapWords(0); });
     EXPECT_FALSE(list().placeHolderCell->label->becomeFirstResponder());
 }
 

@@ -1,14 +1,13 @@
 #include "Bundle.h"
-#include "Configuration.h"
 #include "FilesOnDisk.h"
 #include "Info.h"
 #include "Info2.h"
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
-class SettingsTest : public ListTest {
+class SettingsTest : public Story {
 protected:
     /// The screen on top of all others.
     UIViewController& top() const
@@ -35,72 +34,39 @@ protected:
     }
 };
 
-TEST_F(SettingsTest, WithoutAnyTheInformationStoresRed)
-{
-    start({"One"});
-    UserDefaults::standard().removeObject(settingsKey);
-    takeLines();
-    openInformation();
-    Lines lines = takeLines();
-    ASSERT_GE(lines.size(), 3u);
-    lines.resize(3);
-    EXPECT_EQ(lines, (Lines{"non cè qualcosa", "devo inizializzare il dizionario", "colorForIndex:"}));
-    EXPECT_EQ(stored(), defaultSettings("Red"));
-}
-
-TEST_F(SettingsTest, WithoutAStoreItsPageIsOpenedOnTheWeb)
+TEST_F(SettingsTest, AddressesAreOpenedWhereTheyCanBe)
 {
     start({"One"});
     openInformation();
     const std::size_t before = host.draw().commands().size();
     host.effects().refuseScheme("itms-apps");
-    tapRow(1);
+    then("the store's page on the web", [&] { tapRow(1); });
     EXPECT_EQ(host.draw().commands().size(), before) << "nothing pale over the row";
-    EXPECT_EQ(host.effects().openedAddresses(),
-        (Lines{"https://" + std::string(configuration::storeHost) + "/app/apple-store/id"
-            + std::string(configuration::storeIdentifier) + "?action=write-review"}));
     host.effects().refuseScheme("https");
-    tapRow(1);
-    tapRow(4);
-    EXPECT_EQ(host.effects().openedAddresses().size(), 1u);
-    EXPECT_TRUE(dynamic_cast<Info*>(&top()));
-}
+    then("none", [&] { tapRow(1), tapRow(4); });
 
-TEST_F(SettingsTest, WritesToTheMakersWithTheProgramsName)
-{
-    start({"One"});
-    openInformation();
+    tellLines();
+    tellScreen();
     Bundle::main().setInfoDictionary({{"CFBundleDisplayName", 1}, {"CFBundleName", "Other"}});
-    takeLines();
-    tapRow(0);
-    EXPECT_EQ(takeLines("Nome dell'app"), (Lines{"Nome dell'app: Other"}));
-    tap({272, 28});
-    host.advance(0.5);
-    EXPECT_TRUE(dynamic_cast<Info*>(&top()));
-    EXPECT_EQ(host.effects().openedAddresses(),
-        (Lines{"mailto:hello@velmorath.example?body="
-               "Phone%2CTest%20phone%2CHeadless%2C1.0%20%20%20Other%20%20Free"}));
+    then("a mail to the makers", [&] { tapRow(0); });
+    then("sent", [&] { tap({272, 28}); });
     Bundle::main().setInfoDictionary({});
-    tapRow(0);
-    EXPECT_TRUE(host.draw().text("Phone,Test phone,Headless,1.0     Free"));
+    then("of a program without a name", [&] { tapRow(0); });
 }
 
 TEST_F(SettingsTest, TheBadgeCountsWhatIsInTheFileAndTheListCountsAnew)
 {
     start({"One", "x Two", "Three"}, "Red");
-    host.effects().setBadge(17);
     openOptions();
     for (const std::string file : {"", "neither notes nor anything else"}) {
-        tapRow(0);
+        then("off", [&] { tapRow(0); });
         std::remove(archivePath().c_str());
         if (!file.empty())
             replaceFromOutside(archivePath(), file);
-        tapRow(0);
-        EXPECT_EQ(badge(), 0) << file;
+        host.effects().setBadge(17);
+        then("on", [&] { tapRow(0); });
     }
-    close();
-    close();
-    EXPECT_EQ(badge(), 2);
+    then("back in the list", [&] { close(), close(); });
 }
 
 TEST_F(SettingsTest, AThemeIsStoredAtOnceAndShownAfterTheTap)
@@ -118,37 +84,31 @@ TEST_F(SettingsTest, AThemeIsStoredAtOnceAndShownAfterTheTap)
 
 TEST_F(SettingsTest, ALowWindowScrollsToTheLastThemeByFingerWheelAndKeys)
 {
-    const CGPoint bottom{160, 290};
-    const auto themeChosenAfter = [&](const auto& scroll) {
-        host.quit();
-        host.screen().setSize({568, 320});
-        UserDefaults::standard().setObject(settingsKey, defaultSettings("Red"));
-        start({"One"}, "Red");
-        openThemes();
-        scroll();
-        host.advance(1);
-        return setting(stored(), "theme");
-    };
-    EXPECT_EQ(themeChosenAfter([&] {
+    const auto byFinger = [this] {
         Finger finger(host, {160, 270});
         finger.moveBy({0, -250});
         finger.hold();
         finger.lift();
         host.advance(1);
-        tap(bottom);
-    }),
-        "Black");
-    EXPECT_EQ(themeChosenAfter([&] {
-        host.wheel(bottom, -300);
-        tap(bottom);
-    }),
-        "Black");
-    for (const HostKey choosing : {HostKey::enter, HostKey::space}) {
-        EXPECT_EQ(themeChosenAfter([&] {
-            for (const HostKey key : {HostKey::tab, HostKey::tab, HostKey::end, choosing})
-                host.press(key);
-        }),
-            "Black");
+        tap({160, 290});
+    };
+    const auto byWheel = [this] {
+        host.wheel({160, 290}, -300);
+        tap({160, 290});
+    };
+    const auto byKeys = [this](HostKey choosing) {
+        for (const HostKey key : {HostKey::tab, HostKey::tab, HostKey::end, choosing})
+            host.press(key);
+    };
+    host.screen().setSize({568, 320});
+    tellScreen();
+    using Way = std::function<void()>;
+    for (const auto& [what, way] : {std::pair<std::string, Way>{"by finger", byFinger}, {"by wheel", byWheel},
+             {"by enter", [&] { byKeys(HostKey::enter); }}, {"by space", [&] { byKeys(HostKey::space); }}}) {
+        set("theme", "Red");
+        start({"One"});
+        then("the themes", [&] { openThemes(); });
+        then(what, way);
     }
     EXPECT_EQ(host.draw().text("Black")->rect.maxY(), 320);
 }
