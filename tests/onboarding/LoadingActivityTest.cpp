@@ -31,35 +31,31 @@ protected:
         return nullptr;
     }
     std::shared_ptr<LoadingActivity> box() const { return boxIn(screen()); }
-    bool shows(const std::string& text) { return host.draw().text(text) != nullptr; }
 };
 
 } // namespace
 
 TEST_F(LoadingActivityTest, OneAtATimeFromTheLoopsNextTurnOn)
 {
-    EXPECT_TRUE(EZLoadingActivity::show("One", false));
-    EXPECT_FALSE(EZLoadingActivity::showOnController("Two", false, root().shared_from_this()));
-    EXPECT_FALSE(box());
-    host.advance(0.5);
-    ASSERT_TRUE(box());
+    tellScreen();
+    then("one is coming", 0, [&] {
+        EXPECT_TRUE(EZLoadingActivity::show("One", false));
+        EXPECT_FALSE(EZLoadingActivity::showOnController("Two", false, root().shared_from_this()));
+    });
+    then("it is there", 0.5);
     host.resize({667, 375});
     EXPECT_EQ(box()->center(), (CGPoint{333.5, 187.5}));
-    EXPECT_TRUE(EZLoadingActivity::hide(true, true));
-    host.advance(0.4);
-    EXPECT_FALSE(EZLoadingActivity::show("Three", false)) << "the mark is still fading in";
-    host.advance(0.2);
-    EXPECT_TRUE(EZLoadingActivity::show("Four", false)) << "the old box need not be gone";
-    host.advance(3);
-    ASSERT_TRUE(box());
-    EXPECT_EQ(box()->textLabel->text(), "Four");
-    EXPECT_TRUE(EZLoadingActivity::hide({}, false));
-    host.advance(0.3);
-
-    EZLoadingActivity::show("Loading", false);
-    EZLoadingActivity::hide(true, false);
-    host.advance(0.3);
-    EXPECT_TRUE(host.draw().texts().empty()) << "one that ends before it is shown is never seen";
+    then("it ends", 0.4, [&] { EXPECT_TRUE(EZLoadingActivity::hide(true, true)); });
+    then("its mark is still fading in", 0.2, [&] { EXPECT_FALSE(EZLoadingActivity::show("Three", false)); });
+    then("the old box need not be gone", 3, [&] { EXPECT_TRUE(EZLoadingActivity::show("Four", false)); });
+    then("it ends", [&] { EXPECT_TRUE(EZLoadingActivity::hide({}, false)); });
+    then("one that ends before it is shown is never seen", [&] {
+        EZLoadingActivity::show("Loading", false);
+        EZLoadingActivity::hide(true, false);
+    });
+    then("one that ends by itself", 1.9, [&] { EZLoadingActivity::showWithDelay("Loading", false, 2); });
+    then("its mark", 0.2);
+    then("it is over", 0.5);
 }
 
 TEST_F(LoadingActivityTest, AMarkStaysByItsMeaning)
@@ -82,17 +78,6 @@ TEST_F(LoadingActivityTest, AMarkStaysByItsMeaning)
     const int frames = host.framesPrepared();
     host.advance(1);
     EXPECT_EQ(host.framesPrepared(), frames);
-}
-
-TEST_F(LoadingActivityTest, EndsByItselfAfterADelay)
-{
-    EXPECT_TRUE(EZLoadingActivity::showWithDelay("Loading", false, 2));
-    host.advance(1.9);
-    EXPECT_TRUE(shows("Loading"));
-    host.advance(0.2);
-    EXPECT_TRUE(shows("Success"));
-    host.advance(0.5);
-    EXPECT_FALSE(box());
 }
 
 TEST_F(LoadingActivityTest, TouchesAreIgnoredFromTheBeginningToTheEnd)

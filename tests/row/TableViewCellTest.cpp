@@ -6,11 +6,7 @@
 namespace velmorath {
 namespace {
 
-class TableViewCellTest : public Story {
-protected:
-    std::shared_ptr<TableViewCell> cell =
-        std::make_shared<TableViewCell>(UITableViewCellStyle::standard, "cell");
-};
+using TableViewCellTest = Story;
 
 TEST_F(TableViewCellTest, ATapOnTheWordsEditsThemAndAnywhereElseOpensTheNote)
 {
@@ -52,7 +48,8 @@ template <typename Archived> void unarchive()
 
 TEST_F(TableViewCellDeathTest, WhatCannotBeMadeEndsTheProgram)
 {
-    EXPECT_DEATH(cell->setToDoItem(nullptr), "bound to no note");
+    TableViewCell cell(UITableViewCellStyle::standard, "cell");
+    EXPECT_DEATH(cell.setToDoItem(nullptr), "bound to no note");
     EXPECT_DEATH(unarchive<TableViewCell>(), "NSCoding not supported");
     EXPECT_DEATH(unarchive<StrikeThroughText>(), "NSCoding not supported");
     EXPECT_DEATH(ToDoItem(), "unimplemented initializer 'init\\(\\)' for class 'Velmorath.ToDoItem'");

@@ -46,7 +46,9 @@ void Story::then(const std::string& what, double seconds, const std::function<vo
     const HeadlessTextInput& input = host.textInput();
     tell(
         "editor", input.isEditing() ? "\"" + input.text() + "\" at " + number(input.frame().midY()) : "none");
-    tell("over the list", presented() ? host.client().accessibilityTree().children.back().label : "nothing");
+    const std::vector<AccessibilityElement> top = host.client().accessibilityTree().children;
+    const std::string over = top.empty() ? "an empty screen" : top.back().label;
+    tell("over the list", presented() ? over : "nothing");
     tell("opened", joined(host.effects().openedAddresses()));
     tell("badge", std::to_string(badge()));
     const auto view = UIApplication::shared().focusSystem().focusedView();

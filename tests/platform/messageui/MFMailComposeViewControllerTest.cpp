@@ -1,10 +1,10 @@
 #include "MFMailComposeViewController.h"
-#include "ListTest.h"
+#include "Story.h"
 
 namespace velmorath {
 namespace {
 
-class MailTest : public ListTest, public MFMailComposeViewControllerDelegate {
+class MailTest : public Story, public MFMailComposeViewControllerDelegate {
 protected:
     void compose(std::vector<std::string> recipients, std::string body)
     {
@@ -23,7 +23,6 @@ protected:
         composer.dismiss(false);
     }
     void tapSend() { tap({host.screen().size().width - 48, 28}); }
-    const Lines& opened() { return host.effects().openedAddresses(); }
 
     std::optional<MFMailComposeResult> result;
 };
@@ -32,27 +31,20 @@ TEST_F(MailTest, SendsWhatWasTypedInAddressForm)
 {
     compose({"we+you@makers.example", "a&b@c.example"}, "Phone");
     EXPECT_TRUE(host.draw().text("To: we+you@makers.example, a&b@c.example"));
-    tap({160, 300});
-    ASSERT_TRUE(host.textInput().isEditing());
+    then("typing", [&] { tap({160, 300}); });
     EXPECT_TRUE(host.textInput().traits().multiline);
     host.textInput().replaceText("Perché?\n100 % & più\r\n好");
-    tapSend();
+    then("sent", [&] { tapSend(); });
     EXPECT_EQ(result, MFMailComposeResult::sent);
-    EXPECT_EQ(opened(),
-        (Lines{"mailto:we%2Byou@makers.example,a%26b@c.example?body="
-               "Perch%C3%A9%3F%0D%0A100%20%25%20%26%20pi%C3%B9%0D%0A%E5%A5%BD"}));
-    EXPECT_FALSE(presented());
-    EXPECT_FALSE(host.textInput().isEditing());
 }
 
 TEST_F(MailTest, LeavesOutAnEmptyBodyAndTellsWhenNoMailProgramTookIt)
 {
     compose({"a@b.example"}, "");
-    tapSend();
-    EXPECT_EQ(opened(), (Lines{"mailto:a@b.example"}));
+    then("sent", [&] { tapSend(); });
     host.effects().refuseScheme("mailto");
     compose({"a@b.example"}, "Body");
-    tapSend();
+    then("refused", [&] { tapSend(); });
     EXPECT_EQ(result, MFMailComposeResult::failed);
 }
 
