@@ -1,6 +1,6 @@
 #include "PosixFiles.h"
 #include "FilesOnDisk.h"
-#include "TemporaryFolder.h"
+#include "HeadlessFiles.h"
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -28,19 +28,22 @@ std::size_t countIn(const std::string& folder)
 
 class PosixFilesTest : public testing::Test {
 protected:
+    PosixFilesTest() { fs::create_directory(m_folder); }
+
     std::optional<Error> replace(const std::string& path, std::string_view bytes)
     {
         return replaceFile(m_files, path, bytes);
     }
 
-    TemporaryFolder m_folder;
-    std::string m_path = m_folder.path() + "/notes";
-    PosixFiles m_files{m_folder.path(), m_folder.path() + "/defaults", "/"};
+    HeadlessFiles m_scratch{{}};
+    const std::string m_folder = *m_scratch.documentDirectory();
+    const std::string m_path = m_folder + "/notes";
+    PosixFiles m_files{m_folder, m_folder + "/defaults", "/"};
 };
 
 TEST_F(PosixFilesTest, ReplacesWholeFilesForTheOwnerAlone)
 {
-    auto path = m_folder.path() + "/a/b/notes";
+    auto path = m_folder + "/a/b/notes";
     EXPECT_FALSE(m_files.exists(path));
     EXPECT_FALSE(m_files.read(path));
     std::string bytes("long\0er", 7);
@@ -50,8 +53,8 @@ TEST_F(PosixFilesTest, ReplacesWholeFilesForTheOwnerAlone)
     ASSERT_FALSE(replace(path, ""));
     EXPECT_EQ(*m_files.read(path), "");
     EXPECT_EQ(permissions(path), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(permissions(m_folder.path() + "/a"), fs::perms::owner_all);
-    EXPECT_EQ(countIn(m_folder.path() + "/a/b"), 1u);
+    EXPECT_EQ(permissions(m_folder + "/a"), fs::perms::owner_all);
+    EXPECT_EQ(countIn(m_folder + "/a/b"), 1u);
 }
 
 TEST_F(PosixFilesTest, TakesOverWhatAKillLeft)
@@ -59,7 +62,7 @@ TEST_F(PosixFilesTest, TakesOverWhatAKillLeft)
     ASSERT_FALSE(replace(m_path + ".new", "a much longer text than the next one"));
     ASSERT_FALSE(replace(m_path, "new"));
     EXPECT_EQ(*m_files.read(m_path), "new");
-    EXPECT_EQ(countIn(m_folder.path()), 1u);
+    EXPECT_EQ(countIn(m_folder), 1u);
 }
 
 TEST_F(PosixFilesTest, DoesNotDisturbAnotherWriter)
@@ -84,7 +87,7 @@ TEST_F(PosixFilesTest, KeepsTheOldFileWhenTheDiskIsFull)
     std::signal(SIGXFSZ, oldHandler);
     EXPECT_TRUE(error);
     EXPECT_EQ(*m_files.read(m_path), "old");
-    EXPECT_EQ(countIn(m_folder.path()), 1u);
+    EXPECT_EQ(countIn(m_folder), 1u);
 }
 
 TEST_F(PosixFilesTest, ReportsFoldersThatCannotBeWritten)
@@ -96,13 +99,13 @@ TEST_F(PosixFilesTest, ReportsFoldersThatCannotBeWritten)
     EXPECT_TRUE(replace("/proc/velmorath/notes", "new"));
     if (geteuid() == 0)
         return; // Permissions do not stop the superuser.
-    fs::permissions(m_folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    fs::permissions(m_folder, fs::perms::owner_read | fs::perms::owner_exec);
     EXPECT_TRUE(replace(m_path, "new"));
     EXPECT_TRUE(m_files.setAside(m_path, "unreadable"));
     EXPECT_EQ(*m_files.read(m_path), "old");
-    fs::permissions(m_folder.path(), fs::perms::none);
+    fs::permissions(m_folder, fs::perms::none);
     EXPECT_TRUE(m_files.exists(m_path));
-    fs::permissions(m_folder.path(), fs::perms::owner_all);
+    fs::permissions(m_folder, fs::perms::owner_all);
 }
 
 TEST_F(PosixFilesTest, RefusesWhatIsNotAFile)
@@ -127,7 +130,7 @@ TEST_F(PosixFilesTest, RefusesAGiganticFile)
 
 TEST_F(PosixFilesTest, FollowsLinksAndLeavesThemInPlace)
 {
-    auto target = m_folder.path() + "/elsewhere/target";
+    auto target = m_folder + "/elsewhere/target";
     fs::create_symlink("elsewhere/target", m_path);
     EXPECT_FALSE(m_files.exists(m_path));
     ASSERT_FALSE(replace(m_path, "one"));
@@ -174,20 +177,20 @@ TEST_F(PosixFilesTest, KeepsWhatSomebodyElsePutThere)
     EXPECT_EQ(m_files.copiesBeside(m_path).size(), 1u);
     fs::remove(m_path);
     EXPECT_FALSE(m_files.version(m_path));
-    EXPECT_TRUE(m_files.copiesBeside(m_folder.path() + "/none/notes.archive").empty());
+    EXPECT_TRUE(m_files.copiesBeside(m_folder + "/none/notes.archive").empty());
 }
 
 TEST_F(PosixFilesTest, FindsTheCopiesOfALinkAndOfWhatItLeadsTo)
 {
-    const std::string folder = m_folder.path() + "/elsewhere/";
-    const std::string link = m_folder.path() + "/list.archive";
+    const std::string folder = m_folder + "/elsewhere/";
+    const std::string link = m_folder + "/list.archive";
     ASSERT_FALSE(replace(folder + "list-of-all.archive", "ours"));
     for (const char* const name : {"list-of-all.archive", "list-of-all.conflict.archive"})
         ASSERT_FALSE(replace(folder + name, name));
-    ASSERT_FALSE(replace(m_folder.path() + "/list.unsaved.archive", "unsaved"));
+    ASSERT_FALSE(replace(m_folder + "/list.unsaved.archive", "unsaved"));
     fs::create_symlink("elsewhere/list-of-all.archive", link);
     EXPECT_EQ(m_files.copiesBeside(link),
-        (std::vector{folder + "list-of-all.conflict.archive", m_folder.path() + "/list.unsaved.archive"}));
+        (std::vector{folder + "list-of-all.conflict.archive", m_folder + "/list.unsaved.archive"}));
 
     // What a link leads to is no copy of it, whatever its name.
     fs::remove(link);

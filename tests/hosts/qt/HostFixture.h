@@ -4,30 +4,37 @@
 #include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace velmorath {
+
+using Texts = std::vector<std::string>;
 
 /// Writes down what the host says, and draws what a test wants drawn.
 class RecordingClient final : public HostClient {
 public:
     void touchesChanged(const std::vector<HostTouch>& changed, double) override
     {
-        touches.insert(touches.end(), changed.begin(), changed.end());
-        ++touchCalls;
+        static constexpr const char* phases[] = {"began", "moved", "ended", "cancelled"};
+        std::ostringstream line;
+        for (const HostTouch& touch : changed) {
+            line << (line.tellp() > 0 ? ", " : "") << phases[static_cast<int>(touch.phase)] << " "
+                 << touch.identifier << " at " << touch.location.x << " " << touch.location.y;
+        }
+        heard.push_back(line.str());
     }
-    void scrolled(CGPoint, CGVector by) override { scrolls.push_back(by); }
-    bool keyPressed(const HostKeyPress& press) override
+    void scrolled(CGPoint, CGVector by) override
     {
-        keys.push_back(press);
-        return true;
+        heard.push_back("scrolled " + QString::number(by.dy).toStdString());
     }
+    bool keyPressed(const HostKeyPress&) override { return true; }
     bool documentOpened(const Result<std::string>& file) override
     {
-        documents.push_back(file ? *file : "error");
+        heard.push_back(file ? *file : "error");
         return true;
     }
-    void documentsChanged() override { ++documentChanges; }
-    void screenChanged() override { ++screenChanges; }
+    void documentsChanged() override { }
+    void screenChanged() override { heard.push_back("another size"); }
     CGRect prepareFrame() override
     {
         ++frames;
@@ -47,32 +54,17 @@ public:
         ++readings;
         return tree;
     }
-    bool pressElement(std::int64_t identifier) override
+    bool pressElement(std::int64_t) override { return true; }
+    bool performElementAction(std::int64_t, std::size_t) override { return true; }
+    bool focusElement(std::int64_t) override { return true; }
+    void wake() override { heard.push_back("woken"); }
+    void stateChanged(HostState state) override
     {
-        pressed.push_back(identifier);
-        return true;
+        heard.push_back(state == HostState::background ? "out of sight" : "in sight");
     }
-    bool performElementAction(std::int64_t identifier, std::size_t action) override
-    {
-        performed.emplace_back(identifier, action);
-        return true;
-    }
-    bool focusElement(std::int64_t identifier) override
-    {
-        focused.push_back(identifier);
-        return true;
-    }
-    void wake() override { ++wakes; }
-    void stateChanged(HostState state) override { states.push_back(state); }
     void willTerminate() override { }
 
-    std::vector<HostTouch> touches;
-    int touchCalls = 0;
-    std::vector<CGVector> scrolls;
-    std::vector<HostKeyPress> keys;
-    std::vector<std::string> documents;
-    int documentChanges = 0;
-    int screenChanges = 0;
+    Texts heard;
     int frames = 0;
     std::function<void()> onFrame;
     CGRect damage = CGRect::null();
@@ -80,15 +72,10 @@ public:
     std::function<void(CGContext&)> drawing;
     AccessibilityElement tree;
     int readings = 0;
-    std::vector<std::int64_t> pressed;
-    std::vector<std::pair<std::int64_t, std::size_t>> performed;
-    std::vector<std::int64_t> focused;
-    int wakes = 0;
-    std::vector<HostState> states;
 };
 
-/// A whole host with its window, on Qt's screen that nobody sees.
-class HostFixture : public testing::Test {
+/// A whole host with its window, on Qt's screen that nobody sees, and whoever edits a text there.
+class HostFixture : public testing::Test, public TextInputClient {
 protected:
     HostFixture()
     {
@@ -96,11 +83,36 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&host.widget()));
         QTest::qWait(60);
         client.drawn.clear();
+        client.heard.clear();
         client.frames = 0;
-        client.screenChanges = 0;
-        client.states.clear();
     }
-    ~HostFixture() override { host.detach(); }
+    ~HostFixture() override
+    {
+        host.textInput().end();
+        host.detach();
+    }
+
+    void textInputDidChange(const std::string& utf8) override
+    {
+        changes.push_back(utf8);
+        if (onChange)
+            onChange();
+    }
+    void textInputDidReturn() override { ++returns; }
+
+    void begin(const std::string& text, const TextInputTraits& traits = {})
+    {
+        host.textInput().begin(*this, text, style, traits);
+        host.textInput().place(field, field, 1);
+    }
+    template <typename Editor> Editor* editor()
+    {
+        for (Editor* found : host.widget().findChildren<Editor*>()) {
+            if (found->isVisible())
+                return found;
+        }
+        return nullptr;
+    }
 
     /// What the window shows, in device pixels.
     QImage grab()
@@ -110,6 +122,11 @@ protected:
 
     QtHost host{{"/nowhere", "/nowhere/velmorath-sound.so"}};
     RecordingClient client;
+    CGRect field = CGRectMake(20, 100, 200, 60);
+    CGTextStyle style{.font = {.size = 17}, .color = CGColor::gray(1)};
+    Texts changes;
+    int returns = 0;
+    std::function<void()> onChange;
 };
 
 } // namespace velmorath

@@ -145,18 +145,6 @@ TEST_F(Painting, PicturesFillTheirRectangle)
     EXPECT_FALSE(host.screen().decodeImage("P6 1 1 255\nabc")) << "PNG and JPEG only";
 }
 
-TEST_F(Painting, NaturalTextBeginsWhereItsReadingBegins)
-{
-    const CGTextStyle style{.font = {.size = 14}, .color = CGColor::gray(1)};
-    const CGRect rect = CGRectMake(0, 0, 100, 40);
-    context->drawText("abc", rect, style);
-    EXPECT_LT(inked().right(), 100);
-    EXPECT_NEAR(inked().center().y(), 40, 10);
-    image.fill(Qt::black);
-    context->drawText("\u05e9\u05dc\u05d5\u05dd", rect, style);
-    EXPECT_GT(inked().left(), 100);
-}
-
 TEST_F(Painting, EllipsisStandsAtTheEndOfTheReadingDirection)
 {
     const CGTextStyle style{.font = {.size = 14}, .color = CGColor::gray(1)};

@@ -5,11 +5,8 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <map>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace velmorath {
 
@@ -134,30 +131,6 @@ TEST(QuietMachine, MissingServicesAreSilentAndCostNoTime)
     bool granted = false;
     effects.requestNotificationPermission([&](bool answer) { granted = answer; });
     EXPECT_TRUE(granted);
-}
-
-TEST(OneProgram, TheSecondCallsTheFirst)
-{
-    QTemporaryDir folder;
-    const std::string path = folder.path().toStdString();
-    SingleProgram first(path);
-    ASSERT_TRUE(first.isFirst());
-    DesktopCall heard;
-    first.setOnCall([&](const DesktopCall& call) { heard = call; });
-    // More than the first one reads at once.
-    const std::vector<std::string> files(300, "/a folder\nwith a line break/list.archive");
-
-    const pid_t child = fork();
-    if (child == 0) {
-        const SingleProgram second(path);
-        _exit(!second.isFirst() && second.callFirst({"the token", files}) ? 0 : 1);
-    }
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !heard.files.empty(); }));
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-    EXPECT_EQ(heard.activationToken, "the token");
-    EXPECT_EQ(heard.files, files);
 }
 
 TEST(OneProgram, AFolderThatCannotBeWrittenStopsNobody)

@@ -1,7 +1,6 @@
 #include "Bundle.h"
 #include "FilesOnDisk.h"
 #include "HeadlessHost.h"
-#include "TemporaryFolder.h"
 #include <gtest/gtest.h>
 
 namespace velmorath {
@@ -19,7 +18,7 @@ class BundleTest : public testing::Test {
 protected:
     void add(const std::string& name, std::string_view contents)
     {
-        ASSERT_FALSE(replaceFile(m_host.files(), m_folder.path() + name, contents));
+        ASSERT_FALSE(replaceFile(m_host.files(), m_host.files().resourceDirectory() + name, contents));
     }
 
     std::string inLanguages(std::vector<std::string> languages, std::string_view key)
@@ -29,8 +28,8 @@ protected:
         return m_bundle.localizedString(key);
     }
 
-    TemporaryFolder m_folder;
-    HeadlessHost m_host{m_folder.path()};
+    HeadlessFiles m_scratch{{}};
+    HeadlessHost m_host{*m_scratch.documentDirectory()};
     Bundle m_bundle;
 };
 

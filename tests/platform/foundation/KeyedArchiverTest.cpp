@@ -3,7 +3,6 @@
 #include "HeadlessHost.h"
 #include "KeyedUnarchiver.h"
 #include "ManyNotes.h"
-#include "TemporaryFolder.h"
 #include <gtest/gtest.h>
 
 namespace velmorath {
@@ -45,8 +44,7 @@ protected:
     KeyedArchiverTest() { ToDoItem2::enterInUnarchiver(); }
 
     HeadlessHost m_host{VELMORATH_RESOURCES};
-    TemporaryFolder m_folder;
-    std::string m_path = m_folder.path() + "/notes";
+    std::string m_path = *m_host.files().documentDirectory() + "/notes";
 };
 
 TEST_F(KeyedArchiverTest, ARecordThatStandsTwiceStaysOne)

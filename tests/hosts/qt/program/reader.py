@@ -97,6 +97,9 @@ class Reader:
         self.wait_for(look, f"{name}, {action}")
         return found[-1]
 
+    def editor(self):
+        return next(element for element in self.elements() if element.get_role_name() == "text")
+
     @staticmethod
     def actions(element):
         return [element.get_action_name(i) for i in range(element.get_n_actions())]
@@ -116,7 +119,12 @@ def tutorial(reader):
 def adding(program, reader):
     reader.hears(["text: Note"], lambda: reader.act("Add note"))
     reader.wait_for(lambda: "SetFocus" not in reader.actions(reader.find("Hello!")), "keys are the editor's")
-    reader.hears(["+B", "+u", "+y"], lambda: program.type("Buy milk"))
+    reader.hears(["+B", "+u", "+y"], lambda: program.type("Buy mil"))
+    editor = reader.editor()
+    run = editor.get_attribute_run(3, True)
+    assert (run.start_offset, run.end_offset) == (0, 7), "readers read by what attributes apply to"
+    assert editor.get_caret_offset() == 7
+    assert editor.insert_text(7, "k", 1)
     reader.hears(["list item: Buy milk"], lambda: program.key("Return"))
     saved(program, reader, ["Buy milk", "Hello!"])
     reader.hears(["text: Note"], lambda: program.key("ctrl+n"))
@@ -129,6 +137,22 @@ def adding(program, reader):
     reader.hears(["text: Note"], lambda: reader.act("Hello!", "Insert below"))
     program.write("Last")
     saved(program, reader, ["Call home", "Fix it", "Buy milk", "Hello!", "Last"])
+
+
+def looking(program, reader):
+    """What is where, and what can be done with it."""
+    screen = reader.atspi.CoordType.SCREEN
+    rows = reader.find("Notes, 5")
+    reader.wait_for(lambda: [row.get_name() for row in reader.elements(rows)] == program.texts(), "the rows")
+    second = list(reader.elements(rows))[1]
+    assert (second.get_parent(), second.get_index_in_parent()) == (rows, 1)
+    assert second.get_description().endswith(", 2/5")
+    assert reader.actions(second) == ["Press", "SetFocus", "Edit", "Complete", "Delete", "Insert below", "Move up",
+                                      "Move down"]
+    window = rows.get_parent().get_parent()
+    corner, place = window.get_position(screen), second.get_extents(screen)
+    assert (place.x - corner.x, place.y - corner.y, place.width, place.height) == (0, 60, 375, 60)
+    assert rows.get_accessible_at_point(corner.x + 10, corner.y + 100, screen) == second
 
 
 def saved(program, reader, texts):
@@ -159,7 +183,7 @@ def changing(program, reader):
 
 def one_note(program, reader):
     reader.hears(["heading: Open note"], lambda: reader.act("Buy milk"))
-    text = next(element for element in reader.elements() if element.get_role_name() == "text")
+    text = reader.editor()
     states = text.get_state_set()
     assert states.contains(reader.atspi.StateType.EDITABLE), "Enter edits it"
     assert not states.contains(reader.atspi.StateType.READ_ONLY)
@@ -209,7 +233,7 @@ def use(home):
     with Program(home) as program:
         reader.wait_for(lambda: "dialog: Watch tutorial" in reader.heard, "the offer of the tutorial")
         tutorial(reader)
-        for job in (adding, changing, one_note, options, mail):
+        for job in (adding, looking, changing, one_note, options, mail):
             job(program, reader)
 
 

@@ -44,7 +44,7 @@ class Program:
         self.home = home
         with open(os.path.join(home, "lines.txt"), "w", encoding="utf-8") as lines:
             self.process = subprocess.Popen([EXECUTABLE, *arguments], env=environment, cwd=home, stdout=lines)
-        wait_for(lambda: SCREEN.window_of(self.process.pid), "the program shows a window", 10)
+        wait_for(lambda: SCREEN.window_of(self.process.pid), "the program shows a window")
         self.window = SCREEN.window_of(self.process.pid)
         self.resize(WIDTH, HEIGHT)
         time.sleep(0.4)
@@ -192,7 +192,7 @@ def serve(name, path, interface, answer):
     threading.Thread(target=GLib.MainLoop().run, daemon=True).start()
 
 
-def wait_for(condition, what, seconds=5):
+def wait_for(condition, what, seconds=10):
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         try:
