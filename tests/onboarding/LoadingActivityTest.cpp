@@ -18,8 +18,6 @@ protected:
         host.advance(5);
         EZLoadingActivity::hide({}, false);
         Settings::LoadOverApplicationWindow() = false;
-        Settings::DarkensBackground() = false;
-        Settings::ShadowEnabled() = true;
     }
 
     static std::shared_ptr<LoadingActivity> boxIn(const UIView& view)

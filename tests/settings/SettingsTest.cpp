@@ -113,21 +113,6 @@ TEST_F(SettingsTest, ALowWindowScrollsToTheLastThemeByFingerWheelAndKeys)
     EXPECT_EQ(host.draw().text("Black")->rect.maxY(), 320);
 }
 
-TEST_F(SettingsTest, TheSheenFollowsTheWindow)
-{
-    start({"One"}, "Red");
-    openThemes();
-    host.resize({1200, 800});
-    host.advance(0.1);
-    std::size_t sheens = 0;
-    const DrawingRecorder drawn = host.draw();
-    for (const DrawingCommand& command : drawn.commands()) {
-        if (command.kind == DrawingCommand::Kind::gradient)
-            sheens += command.rect.size.width == 1200 ? 1 : 100;
-    }
-    EXPECT_EQ(sheens, 7u);
-}
-
 using SettingsDeathTest = SettingsTest;
 
 TEST_F(SettingsDeathTest, WhatCannotBe)

@@ -179,6 +179,10 @@ void ScreensWalk::visitInformation()
     look("themes");
     if (!m_everything)
         return;
+    const CGSize size = host.screen().size();
+    host.resize({size.height, size.width});
+    look("themes-turned");
+    host.resize(size);
     close();
     close();
     look("information-again");

@@ -81,17 +81,5 @@ TEST_F(KeyedArchiverTest, PythonReadsWhatItWroteAndItReadsWhatPythonWrites)
     }
 }
 
-TEST_F(KeyedArchiverTest, ReadsHalfCharactersAsReplacements)
-{
-    Notes notes{makeNote("<👍>", {}, false)};
-    auto bytes = KeyedArchiver::archivedData(notes);
-    auto place = bytes.find("\xD8\x3D\xDC\x4D");
-    ASSERT_NE(place, std::string::npos);
-    bytes.replace(place, 4, "\xDC\x4D\xD8\x3D");
-    EXPECT_EQ(unarchive(bytes)[0]->text, "<\uFFFD\uFFFD>");
-    bytes.replace(place, 6, std::string("\0<\0>\xD8\x3D", 6));
-    EXPECT_EQ(unarchive(bytes)[0]->text, "<<>\uFFFD");
-}
-
 } // namespace
 } // namespace velmorath
