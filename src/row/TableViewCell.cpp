@@ -49,8 +49,8 @@ TableViewCell::TableViewCell(UITableViewCellStyle style, std::string reuseIdenti
 {
     label->setKeyboardAppearance(UIKeyboardAppearance::dark);
     label->setReturnKeyType(UIReturnKeyType::done);
-    label->setDelegate(this);
-    labelData->setDelegate(this);
+    label->setDelegate(*this);
+    labelData->setDelegate(*this);
     // The field ends far out of sight: dates stand on the left in every language.
     labelData->setTextAlignment(CGTextAlignment::left);
 

@@ -14,22 +14,15 @@ bool isLanguageTag(std::string_view tag)
     });
 }
 
-std::optional<StringsTable> readTable(const std::string& language)
-{
-    auto& files = Host::current().files();
-    auto path = files.resourceDirectory() + "/strings/" + language + ".strings";
-    auto bytes = files.read(path);
-    return bytes ? std::optional(parseStringsTable(*bytes)) : std::nullopt;
-}
-
 // "pt-BR" is content with "pt".
 std::optional<StringsTable> tableForLanguage(std::string language)
 {
+    auto& files = Host::current().files();
     while (isLanguageTag(language)) {
         if (language == "en")
             return StringsTable();
-        if (auto table = readTable(language))
-            return table;
+        if (auto bytes = files.read(files.resourceDirectory() + "/strings/" + language + ".strings"))
+            return parseStringsTable(*bytes);
         auto hyphen = language.rfind('-');
         language.resize(hyphen == std::string::npos ? 0 : hyphen);
     }

@@ -1,7 +1,6 @@
 #include "KeyedUnarchiver.h"
 #include "Unicode.h"
 #include <algorithm>
-#include <map>
 
 namespace velmorath {
 namespace {
@@ -21,22 +20,7 @@ constexpr std::uint32_t notMet = 0;
 constexpr std::uint32_t beingDecoded = 1;
 constexpr std::uint32_t firstPlace = 2;
 
-std::map<std::string, KeyedUnarchiver::Decoder, std::less<>>& decoders()
-{
-    static std::map<std::string, KeyedUnarchiver::Decoder, std::less<>> decoders;
-    return decoders;
-}
-
-bool isOneOf(const BinaryPropertyListReader::Object& name, std::initializer_list<std::string_view> names)
-{
-    return std::any_of(names.begin(), names.end(),
-        [&](std::string_view known) { return BinaryPropertyListReader::isString(name, known); });
-}
-
-bool isStringClass(const BinaryPropertyListReader::Object& name)
-{
-    return isOneOf(name, {"NSString", "NSMutableString"});
-}
+constexpr std::initializer_list<std::string_view> stringClasses = {"NSString", "NSMutableString"};
 
 // A line break in a file must not begin a line of its own in the log.
 std::string onOneLine(std::string_view text)
@@ -52,11 +36,6 @@ std::string onOneLine(std::string_view text)
 }
 
 } // namespace
-
-void KeyedUnarchiver::setClass(std::string className, Decoder decoder)
-{
-    decoders().insert_or_assign(std::move(className), std::move(decoder));
-}
 
 Result<std::shared_ptr<Object>> KeyedUnarchiver::unarchiveTopLevelObject(std::string_view bytes)
 {
@@ -96,7 +75,7 @@ std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
     if (uid.kind != Kind::uid || uid.integer == nullUID)
         return {};
     auto object = objectAt(uid);
-    if (object.kind == Kind::dictionary && isStringClass(className(object))) {
+    if (object.kind == Kind::dictionary && classOf(object) && isOneOf(stringClasses)) {
         auto characters = entry(object, "NS.string");
         object = characters.kind == Kind::invalid ? entry(object, "NS.bytes") : characters;
         if (object.kind == Kind::uid)
@@ -172,22 +151,19 @@ std::shared_ptr<Object> KeyedUnarchiver::decodeObject(const Plist::Object& objec
 
 std::shared_ptr<Object> KeyedUnarchiver::decodeInstance(const Plist::Object& record)
 {
-    auto name = className(record);
-    if (name.kind != Kind::string)
+    if (!classOf(record))
         return fail("The archive holds an object without a class");
-    for (auto& [className, decode] : decoders()) {
-        if (Plist::isString(name, className)) {
-            m_record = record;
-            return decode(*this);
-        }
+    if (m_decoder) {
+        m_record = record;
+        return (*m_decoder)(*this);
     }
-    if (isOneOf(name, {"NSArray", "NSMutableArray"}))
+    if (isOneOf({"NSArray", "NSMutableArray"}))
         return decodeElements(record, "NS.objects");
-    if (!isStringClass(name)
-        && !isOneOf(name,
-            {"NSDictionary", "NSMutableDictionary", "NSSet", "NSMutableSet", "NSDate", "NSData",
-                "NSMutableData", "NSNull"}))
-        return fail("The archive holds an object of the unknown class " + onOneLine(Plist::string(name)));
+    if (!isOneOf(stringClasses)
+        && !isOneOf({"NSDictionary", "NSMutableDictionary", "NSSet", "NSMutableSet", "NSDate", "NSData",
+            "NSMutableData", "NSNull"}))
+        return fail(
+            "The archive holds an object of the unknown class " + onOneLine(Plist::string(m_className)));
     // The contents are of no use, but an unknown class among them counts as anywhere else.
     for (auto key : {"NS.keys", "NS.objects"}) {
         if (entry(record, key).kind != Kind::invalid)
@@ -210,17 +186,25 @@ std::shared_ptr<Object> KeyedUnarchiver::decodeElements(const Plist::Object& rec
     return array;
 }
 
-BinaryPropertyListReader::Object KeyedUnarchiver::className(const Plist::Object& record)
+bool KeyedUnarchiver::classOf(const Plist::Object& record)
 {
     auto uid = entry(record, "$class");
     if (uid.kind != Kind::uid)
-        return {};
+        return false;
     // Mostly the same one as last time.
     if (uid.integer != m_classUID) {
         m_classUID = uid.integer;
         m_className = entry(objectAt(uid), "$classname");
+        bool isAffordable = spend(m_className.bytes.size());
+        m_decoder = isAffordable ? Registry<Decoder>::find(Plist::string(m_className)) : nullptr;
     }
-    return m_className;
+    return m_className.kind == Kind::string;
+}
+
+bool KeyedUnarchiver::isOneOf(std::initializer_list<std::string_view> classes) const
+{
+    return std::any_of(classes.begin(), classes.end(),
+        [this](std::string_view name) { return Plist::isString(m_className, name); });
 }
 
 BinaryPropertyListReader::Object KeyedUnarchiver::entry(const Plist::Object& record, std::string_view name)

@@ -3,6 +3,7 @@
 #include "BinaryPropertyListReader.h"
 #include "Object.h"
 #include "ReadingBudget.h"
+#include "Registry.h"
 #include <deque>
 #include <functional>
 #include <memory>
@@ -25,7 +26,10 @@ public:
     using Decoder = std::function<std::shared_ptr<Object>(KeyedUnarchiver&)>;
 
     /// Names the class that stands for an archived class name, for the whole program.
-    static void setClass(std::string className, Decoder);
+    static void setClass(std::string className, Decoder decoder)
+    {
+        Registry<Decoder>::enter(std::move(className), std::move(decoder));
+    }
 
     /// The root of an archive. An object that is referred to twice is decoded once and shared. An error
     /// when the bytes are no keyed archive, are damaged, or lead to an object of an unknown class.
@@ -56,7 +60,9 @@ private:
     std::shared_ptr<Object> decodeInstance(const Plist::Object& record);
     std::shared_ptr<Object> decodeElements(const Plist::Object& record, std::string_view key);
 
-    Plist::Object className(const Plist::Object& record);
+    /// Finds out the class of a record. False when it has none.
+    bool classOf(const Plist::Object& record);
+    bool isOneOf(std::initializer_list<std::string_view> classes) const;
     Plist::Object entry(const Plist::Object& record, std::string_view name);
     Plist::Object objectAt(const Plist::Object& uid);
     bool spend(std::uint64_t cost);
@@ -66,8 +72,10 @@ private:
     Plist::Object m_objects;
     Plist::Object m_record;
     std::vector<Key> m_keys;
+    /// The class that was found last, and what makes objects of it.
     std::int64_t m_classUID = -1;
     Plist::Object m_className;
+    const Decoder* m_decoder = nullptr;
     /// For each archived object: not met yet, being decoded, or where its value is.
     std::vector<std::uint32_t> m_places;
     std::deque<std::shared_ptr<Object>> m_values;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FatalError.h"
 #include <functional>
 #include <map>
 #include <string>
@@ -21,6 +22,14 @@ public:
     {
         const auto found = entries().find(name);
         return found == entries().end() ? nullptr : &found->second;
+    }
+
+    /// It is fatal when nothing has that name; `kind` says in the message what was looked for.
+    static const T& named(std::string_view name, std::string_view kind)
+    {
+        if (const T* found = find(name))
+            return *found;
+        fatalError("There is no " + std::string(kind) + " named " + std::string(name));
     }
 
 private:

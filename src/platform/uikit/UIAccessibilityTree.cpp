@@ -152,9 +152,7 @@ std::optional<UIAccessibilityTree::Entry> UIAccessibilityTree::entryAsTold(
 bool UIAccessibilityTree::press(UIWindow& window, std::int64_t identifier)
 {
     const std::optional<Entry> entry = entryAsTold(window, identifier);
-    if (!entry || !entry->info.press)
-        return false;
-    return entry->info.press();
+    return entry && entry->info.press && entry->info.press();
 }
 
 bool UIAccessibilityTree::perform(UIWindow& window, std::int64_t identifier, std::size_t action)

@@ -121,15 +121,18 @@ void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double
         m_touchDispatcher.touchesChanged(*keyWindow(), touches, time);
 }
 
-bool UIApplication::canBeUsed() const
+bool UIApplication::listens() const
 {
     // Nothing moves under a finger, neither by the wheel nor by keys.
-    return m_ignoringInteraction == 0 && !m_windows.empty() && numberOfTouches() == 0;
+    if (m_ignoringInteraction > 0 || m_windows.empty() || numberOfTouches() > 0)
+        return false;
+    Host::current().screen().requestFrame();
+    return true;
 }
 
 void UIApplication::scrolled(CGPoint location, CGVector by)
 {
-    if (!canBeUsed())
+    if (!listens())
         return;
     const std::shared_ptr<UIView> hit = keyWindow()->hitTest(location);
     for (UIView* view = hit.get(); view; view = view->superview()) {
@@ -141,11 +144,10 @@ void UIApplication::scrolled(CGPoint location, CGVector by)
 
 bool UIApplication::keyPressed(const HostKeyPress& press)
 {
-    if (!canBeUsed() || m_editedView)
+    if (m_editedView || !listens())
         return false;
     if (press.isRepeat && !mayRepeat(press.key))
         return true;
-    Host::current().screen().requestFrame();
     return m_focusSystem.keyPressed(*keyWindow(), press);
 }
 
@@ -160,28 +162,21 @@ AccessibilityElement UIApplication::accessibilityTree()
 
 bool UIApplication::pressElement(std::int64_t identifier)
 {
-    if (!canBeUsed())
-        return false;
-    Host::current().screen().requestFrame();
-    return m_accessibilityTree.press(*keyWindow(), identifier);
+    return listens() && m_accessibilityTree.press(*keyWindow(), identifier);
 }
 
 bool UIApplication::performElementAction(std::int64_t identifier, std::size_t action)
 {
-    if (!canBeUsed())
-        return false;
-    Host::current().screen().requestFrame();
-    return m_accessibilityTree.perform(*keyWindow(), identifier, action);
+    return listens() && m_accessibilityTree.perform(*keyWindow(), identifier, action);
 }
 
 bool UIApplication::focusElement(std::int64_t identifier)
 {
-    if (!canBeUsed() || m_editedView)
+    if (m_editedView || !listens())
         return false;
     const std::shared_ptr<UIView> view = m_accessibilityTree.view(*keyWindow(), identifier);
     if (!view || !view->canBecomeFocused())
         return false;
-    Host::current().screen().requestFrame();
     m_focusSystem.focusByUser(*keyWindow(), view);
     return true;
 }

@@ -103,8 +103,8 @@ private:
 
     UIApplication() = default;
     void launch(const std::string& delegateClassName);
-    /// Whether the program listens just now to anything but the fingers that are down.
-    bool canBeUsed() const;
+    /// Whether the program listens just now to anything but the fingers that are down; a frame follows then.
+    bool listens() const;
 
     std::shared_ptr<UIApplicationDelegate> m_delegate;
     std::vector<std::shared_ptr<UIWindow>> m_windows;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "FatalError.h"
 #include "Object.h"
 #include "Registry.h"
 #include <memory>
@@ -25,9 +24,7 @@ struct UINib {
     /// It is fatal when none was entered under that name.
     static const UINib& named(std::string_view name)
     {
-        if (const UINib* found = Registry<UINib>::find(name))
-            return *found;
-        fatalError("There is no interface file named " + std::string(name));
+        return Registry<UINib>::named(name, "interface file");
     }
 };
 

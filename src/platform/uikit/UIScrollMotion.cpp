@@ -15,7 +15,6 @@ constexpr double springRate = 11;
 
 UIScrollMotion UIScrollMotion::springing(double start, CGFloat offset, CGFloat velocity, CGFloat target)
 {
-    // Faster than this the spring would pass its target.
     const CGFloat limit = springRate * std::fabs(target - offset);
     return {start, offset, std::clamp(velocity, -limit, limit), target};
 }

@@ -9,13 +9,16 @@ namespace velmorath {
 /// where it belongs. Times in seconds of Clock::now(), speeds in points a second.
 class UIScrollMotion {
 public:
-    UIScrollMotion() = default;
-
-    static UIScrollMotion runningOn(double start, CGFloat offset, CGFloat velocity)
+    /// Towards a target or, without one, running on.
+    UIScrollMotion(
+        double start = 0, CGFloat offset = 0, CGFloat velocity = 0, std::optional<CGFloat> target = {})
+        : m_start(start)
+        , m_offset(offset)
+        , m_velocity(velocity)
+        , m_target(target)
     {
-        return {start, offset, velocity, std::nullopt};
     }
-    /// Towards a target, which it never passes.
+    /// Not so fast that it would pass its target.
     static UIScrollMotion springing(double start, CGFloat offset, CGFloat velocity, CGFloat target);
 
     /// The offset at this moment. What runs past the range's end springs back from there.
@@ -28,22 +31,13 @@ private:
         CGFloat velocity;
     };
 
-    UIScrollMotion(double start, CGFloat offset, CGFloat velocity, std::optional<CGFloat> target)
-        : m_start(start)
-        , m_offset(offset)
-        , m_velocity(velocity)
-        , m_target(target)
-    {
-    }
-
     State at(double now) const;
     bool hasArrived(const State&) const;
     CGFloat end(CGFloat offset);
 
-    double m_start = 0;
-    CGFloat m_offset = 0;
-    CGFloat m_velocity = 0;
-    /// Where it springs to; without one it runs on.
+    double m_start;
+    CGFloat m_offset;
+    CGFloat m_velocity;
     std::optional<CGFloat> m_target;
     bool m_isOver = false;
 };

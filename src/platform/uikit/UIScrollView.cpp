@@ -246,20 +246,11 @@ void UIScrollView::endDragging(CGVector velocity)
     const bool willDecelerate = runsOn || rest != offset;
     if (m_scrollDelegate)
         m_scrollDelegate->scrollViewDidEndDragging(*this, willDecelerate);
-    if (!willDecelerate)
-        return;
-    if (m_pagingEnabled)
-        springTo(rest, velocity);
-    else
-        runOn(velocity);
-}
-
-void UIScrollView::runOn(CGVector velocity)
-{
     const double now = Host::current().clock().now();
-    const CGPoint offset = contentOffset();
-    startDecelerating(UIScrollMotion::runningOn(now, offset.x, velocity.dx),
-        UIScrollMotion::runningOn(now, offset.y, velocity.dy));
+    if (willDecelerate && m_pagingEnabled)
+        springTo(rest, velocity);
+    else if (willDecelerate)
+        startDecelerating({now, contentOffset().x, velocity.dx}, {now, contentOffset().y, velocity.dy});
 }
 
 void UIScrollView::goTo(CGPoint target)

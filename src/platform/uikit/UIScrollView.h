@@ -81,7 +81,6 @@ private:
     void beginDragging();
     void drag();
     void endDragging(CGVector velocity);
-    void runOn(CGVector velocity);
     /// On its way by itself, unless the user wants no motion.
     void goTo(CGPoint target);
     void springTo(CGPoint target, CGVector velocity);

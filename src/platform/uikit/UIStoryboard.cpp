@@ -17,14 +17,6 @@ void UIStoryboard::enter(std::string name, std::vector<UIStoryboardScene> scenes
         scene.storyboard = &storyboard;
 }
 
-const UIStoryboard& UIStoryboard::named(std::string_view name)
-{
-    const UIStoryboard* found = Registry<UIStoryboard>::find(name);
-    if (!found)
-        fatalError("There is no storyboard named " + std::string(name));
-    return *found;
-}
-
 std::shared_ptr<UIViewController> UIStoryboard::instantiateViewController(std::string_view identifier) const
 {
     for (const UIStoryboardScene& scene : m_scenes) {

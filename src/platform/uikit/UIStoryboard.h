@@ -30,7 +30,10 @@ public:
     /// Makes the storyboard known under this name; the first scene is the one that a program starts with.
     static void enter(std::string name, std::vector<UIStoryboardScene>);
     /// It is fatal when none was entered under that name.
-    static const UIStoryboard& named(std::string_view);
+    static const UIStoryboard& named(std::string_view name)
+    {
+        return Registry<UIStoryboard>::named(name, "storyboard");
+    }
 
     std::shared_ptr<UIViewController> instantiateInitialViewController() const
     {

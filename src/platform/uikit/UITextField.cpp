@@ -20,22 +20,4 @@ CGRect UITextField::textRect() const
     return CGRectMake(x, room.midY() - metrics.size.height / 2, width, metrics.size.height);
 }
 
-void UITextField::didBeginEditing()
-{
-    if (m_delegate)
-        m_delegate->textFieldDidBeginEditing(*this);
-}
-
-void UITextField::didEndEditing()
-{
-    if (m_delegate)
-        m_delegate->textFieldDidEndEditing(*this);
-}
-
-void UITextField::didReturn()
-{
-    if (m_delegate)
-        m_delegate->textFieldShouldReturn(*this);
-}
-
 } // namespace velmorath

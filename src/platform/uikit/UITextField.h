@@ -29,24 +29,23 @@ public:
     void setMinimumFontSize(CGFloat) { }
     /// How much of the field's right end its text keeps off.
     void setRightInset(CGFloat inset) { setDrawn(m_rightInset, inset); }
-    void setDelegate(UITextFieldDelegate* delegate) { m_delegate = delegate; }
+    void setDelegate(UITextFieldDelegate& delegate) { m_delegate = &delegate; }
 
     /// Where the text is drawn, in the field's coordinates: no wider than there is room.
     CGRect textRect() const;
 
 protected:
-    bool shouldBeginEditing() override
-    {
-        return !m_delegate || m_delegate->textFieldShouldBeginEditing(*this);
-    }
-    void didBeginEditing() override;
-    void didEndEditing() override;
-    void didReturn() override;
+    bool shouldBeginEditing() override { return m_delegate->textFieldShouldBeginEditing(*this); }
+    void didBeginEditing() override { m_delegate->textFieldDidBeginEditing(*this); }
+    void didEndEditing() override { m_delegate->textFieldDidEndEditing(*this); }
+    void didReturn() override { m_delegate->textFieldShouldReturn(*this); }
     CGRect editingRect() const override;
 
 private:
+    inline static UITextFieldDelegate s_nobody;
+
     CGFloat m_rightInset = 0;
-    UITextFieldDelegate* m_delegate = nullptr;
+    UITextFieldDelegate* m_delegate = &s_nobody;
 };
 
 } // namespace velmorath
