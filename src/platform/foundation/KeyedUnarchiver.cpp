@@ -20,8 +20,6 @@ constexpr std::uint32_t notMet = 0;
 constexpr std::uint32_t beingDecoded = 1;
 constexpr std::uint32_t firstPlace = 2;
 
-constexpr std::initializer_list<std::string_view> stringClasses = {"NSString", "NSMutableString"};
-
 // A line break in a file must not begin a line of its own in the log.
 std::string onOneLine(std::string_view text)
 {
@@ -75,7 +73,7 @@ std::optional<std::string> KeyedUnarchiver::decodeString(std::string_view key)
     if (uid.kind != Kind::uid || uid.integer == nullUID)
         return {};
     auto object = objectAt(uid);
-    if (object.kind == Kind::dictionary && classOf(object) && isOneOf(stringClasses)) {
+    if (object.kind == Kind::dictionary && classOf(object) && isStringClass()) {
         auto characters = entry(object, "NS.string");
         object = characters.kind == Kind::invalid ? entry(object, "NS.bytes") : characters;
         if (object.kind == Kind::uid)
@@ -159,7 +157,7 @@ std::shared_ptr<Object> KeyedUnarchiver::decodeInstance(const Plist::Object& rec
     }
     if (isOneOf({"NSArray", "NSMutableArray"}))
         return decodeElements(record, "NS.objects");
-    if (!isOneOf(stringClasses)
+    if (!isStringClass()
         && !isOneOf({"NSDictionary", "NSMutableDictionary", "NSSet", "NSMutableSet", "NSDate", "NSData",
             "NSMutableData", "NSNull"}))
         return fail(

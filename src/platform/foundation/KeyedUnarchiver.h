@@ -63,6 +63,7 @@ private:
     /// Finds out the class of a record. False when it has none.
     bool classOf(const Plist::Object& record);
     bool isOneOf(std::initializer_list<std::string_view> classes) const;
+    bool isStringClass() const { return isOneOf({"NSString", "NSMutableString"}); }
     Plist::Object entry(const Plist::Object& record, std::string_view name);
     Plist::Object objectAt(const Plist::Object& uid);
     bool spend(std::uint64_t cost);
