@@ -39,6 +39,7 @@ public:
     State state() const { return m_state; }
     /// The view it is attached to.
     UIView* view() const { return m_view; }
+    const UITouches& touches() const { return m_touches; }
     std::size_t numberOfTouches() const { return m_touches.size(); }
     CGPoint locationOfTouch(std::size_t index, const UIView&) const;
 
@@ -59,8 +60,6 @@ public:
     virtual bool claimsTouches() const { return false; }
 
 protected:
-    const UITouches& touches() const { return m_touches; }
-
     /// From possible to began (or ended, for a gesture without length) after asking the delegate.
     /// False, and failed, when the delegate refuses.
     bool begin(State = State::began);

@@ -7,17 +7,9 @@ namespace velmorath {
 
 namespace {
 
-using Addressed = std::vector<std::pair<std::shared_ptr<UIGestureRecognizer>, UITouches>>;
-
-void address(Addressed& addressed, const std::shared_ptr<UIGestureRecognizer>& recognizer,
-    const std::shared_ptr<UITouch>& touch)
+template <typename Things, typename Thing> bool contains(const Things& things, const Thing& thing)
 {
-    const auto known = std::find_if(
-        addressed.begin(), addressed.end(), [&](const auto& entry) { return entry.first == recognizer; });
-    if (known == addressed.end())
-        addressed.push_back({recognizer, {touch}});
-    else
-        known->second.push_back(touch);
+    return std::find(things.begin(), things.end(), thing) != things.end();
 }
 
 } // namespace
@@ -60,23 +52,19 @@ void UITouchDispatcher::cancelAll()
 void UITouchDispatcher::cancelTouches(const UIView& gone)
 {
     // First all are taken away, then everybody is told: whoever is told may do anything.
-    Addressed addressed;
+    Recognizers losers;
     UITouches touchesOfViews;
     for (auto& [identifier, finger] : m_fingers) {
         for (const auto& recognizer : std::exchange(finger.recognizers, {})) {
-            if (!recognizer->view() || !recognizer->view()->isDescendantOf(gone))
-                finger.recognizers.push_back(recognizer);
-            else
-                address(addressed, recognizer, finger.touch);
+            const bool isGone = recognizer->view() && recognizer->view()->isDescendantOf(gone);
+            (isGone ? losers : finger.recognizers).push_back(recognizer);
         }
         if (finger.touch->view()->isDescendantOf(gone) && std::exchange(finger.viewIsTold, false))
             touchesOfViews.push_back(finger.touch);
     }
-    for (auto& [recognizer, touches] : addressed) {
-        std::erase_if(touches,
-            [&recognizer = recognizer](const auto& touch) { return !recognizer->isTracking(*touch); });
-        if (!touches.empty())
-            recognizer->touchesCancelled(touches);
+    for (const auto& recognizer : losers) {
+        if (recognizer->numberOfTouches() > 0)
+            recognizer->touchesCancelled(UITouches(recognizer->touches()));
     }
     for (const auto& touch : touchesOfViews)
         touch->view()->touchesCancelled({touch});
@@ -105,27 +93,35 @@ void UITouchDispatcher::deliver(
 
 void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver toRecognizer)
 {
-    Addressed addressed;
-    for (std::int64_t identifier : fingers) {
+    Recognizers addressed;
+    for (const std::int64_t identifier : fingers) {
         // What the fingers before this one set off may have taken it away.
-        const auto found = m_fingers.find(identifier);
-        if (found == m_fingers.end())
+        const auto finger = m_fingers.find(identifier);
+        if (finger == m_fingers.end())
             continue;
-        for (const auto& recognizer : found->second.recognizers)
-            address(addressed, recognizer, found->second.touch);
+        for (const auto& recognizer : finger->second.recognizers) {
+            if (!contains(addressed, recognizer))
+                addressed.push_back(recognizer);
+        }
     }
     const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
-    std::vector<std::shared_ptr<UIGestureRecognizer>> winners;
-    for (auto& entry : addressed) {
-        const std::shared_ptr<UIGestureRecognizer>& recognizer = entry.first;
-        UITouches& touches = entry.second;
-        // What a recognizer before this one set off may have taken the touches away.
-        std::erase_if(touches, [&](const auto& touch) {
-            return areNew ? !isOfferedTo(*touch, recognizer) : !recognizer->isTracking(*touch);
-        });
-        // A gesture that begins as soon as the finger is down has it before the others hear of it.
-        for (const auto& winner : winners)
-            std::erase_if(touches, [&](const auto& touch) { return winner->isTracking(*touch); });
+    Recognizers winners;
+    for (const auto& recognizer : addressed) {
+        UITouches touches;
+        for (const std::int64_t identifier : fingers) {
+            // What a recognizer before this one set off may have taken the touch away.
+            const auto finger = m_fingers.find(identifier);
+            if (finger == m_fingers.end())
+                continue;
+            const std::shared_ptr<UITouch>& touch = finger->second.touch;
+            const bool isItsOwn = areNew ? contains(finger->second.recognizers, recognizer)
+                                         : recognizer->isTracking(*touch);
+            // A gesture that begins as soon as the finger is down has it before the others hear of it.
+            const bool isTaken = std::any_of(winners.begin(), winners.end(),
+                [&](const auto& winner) { return winner->isTracking(*touch); });
+            if (isItsOwn && !isTaken)
+                touches.push_back(touch);
+        }
         if (touches.empty())
             continue;
         ((*recognizer).*toRecognizer)(touches);
@@ -136,16 +132,6 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
     }
 }
 
-bool UITouchDispatcher::isOfferedTo(
-    const UITouch& touch, const std::shared_ptr<UIGestureRecognizer>& recognizer) const
-{
-    return std::any_of(m_fingers.begin(), m_fingers.end(), [&](const auto& entry) {
-        const auto& recognizers = entry.second.recognizers;
-        return entry.second.touch.get() == &touch
-            && std::find(recognizers.begin(), recognizers.end(), recognizer) != recognizers.end();
-    });
-}
-
 void UITouchDispatcher::giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner)
 {
     // A gesture with a length is the only one until it is over; others only have their own fingers.
@@ -153,7 +139,7 @@ void UITouchDispatcher::giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>
     // What failing and cancelling sets off may change the fingers.
     const auto fingers = m_fingers;
     for (const auto& [identifier, finger] : fingers) {
-        if (!hasAll && !isOfferedTo(*finger.touch, winner))
+        if (!hasAll && !contains(finger.recognizers, winner))
             continue;
         for (const auto& recognizer : finger.recognizers) {
             if (recognizer != winner && recognizer->isTracking(*finger.touch))

@@ -26,9 +26,10 @@ public:
     void cancelTouches(const UIView&);
 
 private:
+    using Recognizers = std::vector<std::shared_ptr<UIGestureRecognizer>>;
     struct Finger {
         std::shared_ptr<UITouch> touch;
-        std::vector<std::shared_ptr<UIGestureRecognizer>> recognizers;
+        Recognizers recognizers;
         bool viewIsTold = true;
     };
     using Deliver = void (UIGestureRecognizer::*)(const UITouches&);
@@ -40,7 +41,6 @@ private:
     void deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver);
     void deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView);
     void giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner);
-    bool isOfferedTo(const UITouch&, const std::shared_ptr<UIGestureRecognizer>&) const;
     bool isGestureGoingOn() const;
 
     std::map<std::int64_t, Finger> m_fingers;
