@@ -66,7 +66,7 @@ std::optional<UIAccessibilityInfo> UndoButton::accessibilityInfo()
 {
     std::optional<UIAccessibilityInfo> info = UIButton::accessibilityInfo();
     // With nothing to take back, a press does what holding it does.
-    if (!m_holdName.empty() && info->label != m_holdName)
+    if (!m_holdName.empty() && info->element.label != m_holdName)
         info->actions.push_back({m_holdName, m_hold});
     return info;
 }

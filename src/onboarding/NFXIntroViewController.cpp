@@ -37,7 +37,7 @@ public:
     std::optional<UIAccessibilityInfo> accessibilityInfo() override
     {
         std::optional<UIAccessibilityInfo> info = UIScrollView::accessibilityInfo();
-        info->role = AccessibilityRole::image;
+        info->element.role = AccessibilityRole::image;
         return info;
     }
 };

@@ -26,8 +26,8 @@ std::optional<UIAccessibilityInfo> TableViewCell::accessibilityInfo()
 {
     std::optional<UIAccessibilityInfo> info = UITableViewCell::accessibilityInfo();
     info->subject = m_toDoItem;
-    info->label = label->text().empty() ? words("Empty note") : label->text();
-    info->value = dateAndState(*m_toDoItem);
+    info->element.label = label->text().empty() ? words("Empty note") : label->text();
+    info->element.value = dateAndState(*m_toDoItem);
     if (isKeyboardPresented(UIApplication::shared()))
         info->press = nullptr;
     else

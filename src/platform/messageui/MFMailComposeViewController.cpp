@@ -64,7 +64,7 @@ public:
     bool canBecomeFocused() const override { return true; }
     std::optional<UIAccessibilityInfo> accessibilityInfo() override
     {
-        return UIAccessibilityInfo{.role = AccessibilityRole::text, .label = accessibilityLabel()};
+        return UIAccessibilityInfo{{.role = AccessibilityRole::text, .label = accessibilityLabel()}};
     }
 };
 

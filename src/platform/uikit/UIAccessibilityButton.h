@@ -21,9 +21,8 @@ public:
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override
     {
-        return UIAccessibilityInfo{.role = AccessibilityRole::button,
-            .label = accessibilityLabel(),
-            .press = m_isPossible() ? m_action : nullptr};
+        return UIAccessibilityInfo{{.role = AccessibilityRole::button, .label = accessibilityLabel()},
+            m_isPossible() ? m_action : nullptr};
     }
 
 private:

@@ -15,15 +15,9 @@ struct UIAccessibilityAction {
 /// What a view says of itself to those who do not see it. Groups, dialogs and lists hold what is in them;
 /// whatever is in anything else is a part of it and is not told on its own.
 struct UIAccessibilityInfo {
-    AccessibilityRole role = AccessibilityRole::group;
-    std::string label{};
-    std::string value{};
-    /// Of options the chosen one, and a toggle that is on.
-    bool isSelected = false;
-    bool isToggle = false;
-    /// A place in a list, and how many a list has; -1 for all others.
-    std::int64_t index = -1;
-    std::int64_t count = -1;
+    /// Without what the platform finds out: where it is, what is in it, and what keys and presses can do
+    /// there.
+    AccessibilityElement element{};
     /// What a tap would do; empty when that is nothing. False when it was refused.
     std::function<bool()> press{};
     std::vector<UIAccessibilityAction> actions{};

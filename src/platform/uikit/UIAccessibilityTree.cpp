@@ -27,21 +27,6 @@ void putInReadingOrder(std::vector<AccessibilityElement>& elements)
         [](const auto& a, const auto& b) { return isReadBefore(a.frame.origin, b.frame.origin); });
 }
 
-AccessibilityElement element(const UIAccessibilityInfo& info)
-{
-    AccessibilityElement told{.role = info.role,
-        .label = info.label,
-        .value = info.value,
-        .isSelected = info.isSelected,
-        .isToggle = info.isToggle,
-        .isPressable = static_cast<bool>(info.press),
-        .index = info.index,
-        .count = info.count};
-    for (const UIAccessibilityAction& action : info.actions)
-        told.actions.push_back(action.name);
-    return told;
-}
-
 AccessibilityElement& firstOf(std::vector<AccessibilityElement>& things, bool (*isWanted)(AccessibilityRole))
 {
     const auto found =
@@ -92,13 +77,16 @@ void UIAccessibilityTree::collect(UIView& view, Reading& reading, std::vector<Ac
     const CGRect frame = view.shownInWindow(view.bounds()).intersected(view.clipInWindow());
     if (frame.isEmpty() || std::min(frame.size.width, frame.size.height) < leastInSight)
         return;
-    AccessibilityElement told = element(*info);
+    AccessibilityElement told = info->element;
     told.identifier = identifier(info->subject ? info->subject : view.shared_from_this());
     told.frame = frame;
+    told.isPressable = static_cast<bool>(info->press);
+    for (const UIAccessibilityAction& action : info->actions)
+        told.actions.push_back(action.name);
     told.isFocusable = view.canBecomeFocused() && !UIResponder::current();
     told.isFocused = &view == reading.focused;
     reading.hasFocus |= told.isFocused;
-    if (holdsOthers(info->role)) {
+    if (holdsOthers(told.role)) {
         collectSubviews(view, reading, told.children);
         putInReadingOrder(told.children);
     }
@@ -144,7 +132,7 @@ std::optional<UIAccessibilityTree::Entry> UIAccessibilityTree::entryAsTold(
     const AccessibilityElement* told = find(m_told, identifier);
     Reading now = read(window, nullptr);
     const auto entry = now.entries.find(identifier);
-    if (!told || entry == now.entries.end() || entry->second.info.label != told->label)
+    if (!told || entry == now.entries.end() || entry->second.info.element.label != told->label)
         return {};
     return std::move(entry->second);
 }

@@ -45,7 +45,7 @@ void UIActivityIndicatorView::startOrStopTurning()
 std::optional<UIAccessibilityInfo> UIActivityIndicatorView::accessibilityInfo()
 {
     return UIAccessibilityInfo{
-        .role = AccessibilityRole::progress, .label = Bundle::main().localizedString("In progress")};
+        {.role = AccessibilityRole::progress, .label = Bundle::main().localizedString("In progress")}};
 }
 
 void UIActivityIndicatorView::draw(CGContext& context) const

@@ -30,7 +30,7 @@ public:
 
     std::optional<UIAccessibilityInfo> accessibilityInfo() override
     {
-        return UIAccessibilityInfo{.role = AccessibilityRole::dialog, .label = accessibilityLabel()};
+        return UIAccessibilityInfo{{.role = AccessibilityRole::dialog, .label = accessibilityLabel()}};
     }
 };
 

@@ -5,8 +5,8 @@ namespace velmorath {
 std::optional<UIAccessibilityInfo> UIButton::accessibilityInfo()
 {
     std::optional<UIAccessibilityInfo> info = UIControl::accessibilityInfo();
-    if (info->label.empty())
-        info->label = m_title;
+    if (info->element.label.empty())
+        info->element.label = m_title;
     return info;
 }
 

@@ -20,14 +20,15 @@ bool isInside(const UIControl& control, const UITouches& touches)
 
 std::optional<UIAccessibilityInfo> UIControl::accessibilityInfo()
 {
-    return UIAccessibilityInfo{.role = AccessibilityRole::button,
+    UIAccessibilityInfo info{{.role = AccessibilityRole::button,
         .label = accessibilityLabel(),
         .isSelected = m_selected,
-        .isToggle = m_isToggle,
-        .press = [this] {
-            press();
-            return true;
-        }};
+        .isToggle = m_isToggle}};
+    info.press = [this] {
+        press();
+        return true;
+    };
+    return info;
 }
 
 void UIControl::touchesMoved(const UITouches& touches)

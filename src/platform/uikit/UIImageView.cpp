@@ -6,7 +6,7 @@ std::optional<UIAccessibilityInfo> UIImageView::accessibilityInfo()
 {
     if (!m_image || m_image->accessibilityLabel().empty())
         return {};
-    return UIAccessibilityInfo{.role = AccessibilityRole::image, .label = m_image->accessibilityLabel()};
+    return UIAccessibilityInfo{{.role = AccessibilityRole::image, .label = m_image->accessibilityLabel()}};
 }
 
 void UIImageView::draw(CGContext& context) const

@@ -9,7 +9,7 @@ std::optional<UIAccessibilityInfo> UILabel::accessibilityInfo()
     if (words.empty())
         return {};
     return UIAccessibilityInfo{
-        .role = m_heading ? AccessibilityRole::heading : AccessibilityRole::text, .label = words};
+        {.role = m_heading ? AccessibilityRole::heading : AccessibilityRole::text, .label = words}};
 }
 
 CGFloat UILabel::heightFitting(CGFloat width) const

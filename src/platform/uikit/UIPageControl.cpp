@@ -34,9 +34,9 @@ void UIPageControl::sizeToFit()
 
 std::optional<UIAccessibilityInfo> UIPageControl::accessibilityInfo()
 {
-    return UIAccessibilityInfo{.role = AccessibilityRole::text,
+    return UIAccessibilityInfo{{.role = AccessibilityRole::text,
         .label = Bundle::main().localizedString(
-            "Page %1 of %2", {std::to_string(m_currentPage + 1), std::to_string(m_numberOfPages)})};
+            "Page %1 of %2", {std::to_string(m_currentPage + 1), std::to_string(m_numberOfPages)})}};
 }
 
 void UIPageControl::draw(CGContext& context) const

@@ -162,7 +162,7 @@ void UIScrollView::turnPage(int step)
 
 std::optional<UIAccessibilityInfo> UIScrollView::accessibilityInfo()
 {
-    UIAccessibilityInfo info{.label = accessibilityLabel()};
+    UIAccessibilityInfo info{{.label = accessibilityLabel()}};
     if (!m_pagingEnabled) {
         if (!m_scrollEnabled)
             return {};

@@ -280,7 +280,7 @@ std::int64_t UITableView::rowsOfAPage() const
 std::optional<UIAccessibilityInfo> UITableView::accessibilityInfo()
 {
     UIAccessibilityInfo info{
-        .role = AccessibilityRole::list, .label = accessibilityLabel(), .count = m_count};
+        {.role = AccessibilityRole::list, .label = accessibilityLabel(), .count = m_count}};
     info.actions = scrollActions(m_rowHeight * static_cast<CGFloat>(rowsOfAPage()),
         [this](CGPoint target) { scrollByReader(target); });
     return info;

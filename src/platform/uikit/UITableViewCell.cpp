@@ -142,12 +142,12 @@ std::optional<UIAccessibilityInfo> UITableViewCell::accessibilityInfo()
 {
     UITableView* const around = table();
     const std::int64_t place = *around->placeOf(*this);
-    UIAccessibilityInfo info{.role = m_accessibilityRole,
+    UIAccessibilityInfo info{{.role = m_accessibilityRole,
         .label = m_textLabel->text(),
         .value = m_accessibilityValue,
         .isSelected = m_accessoryType == UITableViewCellAccessoryType::checkmark,
         .isToggle = m_isAccessibilityToggle,
-        .index = place};
+        .index = place}};
     if (!around->isEditing()) {
         info.press = [around, place] {
             around->selectByUser(place);

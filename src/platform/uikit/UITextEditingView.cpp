@@ -96,11 +96,9 @@ std::optional<UIAccessibilityInfo> UITextEditingView::accessibilityInfo()
 {
     if (isEditing())
         return {};
-    return UIAccessibilityInfo{
-        .role = m_traits.multiline ? AccessibilityRole::textArea : AccessibilityRole::textField,
-        .label = accessibilityLabel(),
-        .value = m_text,
-        .press = [this] { return becomeFirstResponder(); }};
+    const auto role = m_traits.multiline ? AccessibilityRole::textArea : AccessibilityRole::textField;
+    return UIAccessibilityInfo{{.role = role, .label = accessibilityLabel(), .value = m_text},
+        [this] { return becomeFirstResponder(); }};
 }
 
 void UITextEditingView::placeEditor()

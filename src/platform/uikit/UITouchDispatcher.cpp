@@ -114,8 +114,8 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
             if (finger == m_fingers.end())
                 continue;
             const std::shared_ptr<UITouch>& touch = finger->second.touch;
-            const bool isItsOwn = areNew ? contains(finger->second.recognizers, recognizer)
-                                         : recognizer->isTracking(*touch);
+            const bool isItsOwn =
+                areNew ? contains(finger->second.recognizers, recognizer) : recognizer->isTracking(*touch);
             // A gesture that begins as soon as the finger is down has it before the others hear of it.
             const bool isTaken = std::any_of(winners.begin(), winners.end(),
                 [&](const auto& winner) { return winner->isTracking(*touch); });

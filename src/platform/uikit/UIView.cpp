@@ -256,7 +256,7 @@ std::optional<UIAccessibilityInfo> UIView::accessibilityInfo()
 {
     if (!m_viewController || m_accessibilityLabel.empty())
         return {};
-    return UIAccessibilityInfo{.role = AccessibilityRole::screen, .label = m_accessibilityLabel};
+    return UIAccessibilityInfo{{.role = AccessibilityRole::screen, .label = m_accessibilityLabel}};
 }
 
 bool UIView::hasGestureGoingOn() const
