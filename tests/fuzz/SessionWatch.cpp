@@ -154,30 +154,29 @@ void SessionWatch::compareNotes()
                 || text == "The list was changed on another device.";
         });
     m_heard = announced.size();
-    std::size_t removed = 0;
-    const Notes& now = list().arrayNote;
-    for (const auto& note : now) {
+    const NoteStates now = listNow();
+    for (const auto& [note, state] : now) {
         const auto known = m_known.find(note);
         if (known == m_known.end()) {
-            require(added > 0 || isStep, "a note is there that nothing added");
-            --added;
+            require(added-- > 0 || isStep, "a note is there that nothing added");
             continue;
         }
         const bool mayBeEdited = note == m_typed || note == m_inDetail || isStep;
-        require(known->second.text == note->text || mayBeEdited, "the text of another note changed");
-        require(known->second.completed == note->completed || m_targets.contains(note) || isStep,
+        require(known->second.text == state.text || mayBeEdited, "the text of another note changed");
+        require(known->second.completed == state.completed || m_targets.contains(note) || isStep,
             "another note was completed or reopened");
     }
+    std::size_t removed = 0;
     for (const auto& [note, known] : m_known) {
-        if (std::find(now.begin(), now.end(), note) != now.end())
+        if (now.contains(note))
             continue;
         ++removed;
-        const bool wasEmptied = isEmpty(*note) && (note == m_typed || m_targets.contains(note));
+        const bool wasEmptied = isEmpty(*note) && note == m_typed;
         require(wasEmptied || m_targets.contains(note) || note == m_inDetail || isStep,
             "the note \"" + note->text.value_or("") + "\" is gone, and nothing deleted it");
     }
     require(removed <= 1 || isStep, "more than one note is gone");
-    m_known = listNow();
+    m_known = now;
 }
 
 void SessionWatch::watchGestures(bool isLift)
@@ -272,12 +271,10 @@ void SessionWatch::advance(double seconds)
 
 void SessionWatch::setDiskFails(bool fails)
 {
-    host.files().setFault(
-        [fails](HeadlessFiles::Operation operation, const std::string&) -> std::optional<Error> {
-            if (fails && operation != HeadlessFiles::Operation::read)
-                return Error{"the disk is full"};
-            return {};
-        });
+    host.files().setFault([fails](HeadlessFiles::Operation operation, const std::string&) {
+        const bool writes = operation != HeadlessFiles::Operation::read;
+        return fails && writes ? std::optional(Error{"the disk is full"}) : std::nullopt;
+    });
 }
 
 void SessionWatch::changeFromOutside(std::size_t kind, std::size_t place, bool isCopy)
@@ -410,10 +407,8 @@ void SessionWatch::checkRows()
 {
     const Notes& notes = list().arrayNote;
     const CGRect sight = table().bounds();
-    require(sight.origin.y
-            == std::clamp(sight.origin.y, 0.0,
-                std::max(0.0, static_cast<CGFloat>(notes.size()) * 60 - sight.size.height)),
-        "the list is pulled past its end");
+    const CGFloat end = static_cast<CGFloat>(notes.size()) * 60 - sight.size.height;
+    require(sight.minY() >= 0 && sight.minY() <= std::max(0.0, end), "the list is pulled past its end");
     std::set<std::int64_t> shown;
     for (const auto& row : rows()) {
         if (row == list().placeHolderCell) {
@@ -421,7 +416,7 @@ void SessionWatch::checkRows()
             continue;
         }
         const std::optional<std::int64_t> place = table().placeOf(*row);
-        require(place && *place < static_cast<std::int64_t>(notes.size()), "a row is there that is nobody's");
+        require(place && *place < std::ssize(notes), "a row is there that is nobody's");
         shown.insert(*place);
         const auto& note = notes[static_cast<std::size_t>(*place)];
         const std::string name = "row " + std::to_string(*place) + " ";
@@ -436,7 +431,7 @@ void SessionWatch::checkRows()
                 name + "is " + oddity);
         }
     }
-    for (std::int64_t place = 0; place < static_cast<std::int64_t>(notes.size()); ++place) {
+    for (std::int64_t place = 0; place < std::ssize(notes); ++place) {
         const CGFloat top = static_cast<CGFloat>(place) * 60;
         const bool isInSight = top < sight.maxY() && top + 60 > sight.minY();
         require(!isInSight || shown.contains(place), "row " + std::to_string(place) + " is not there");

@@ -75,7 +75,7 @@ TEST_F(NewsTest, TypingAGestureAndAScreenAreFinishedFirst)
     tapBesideWords(0);
     host.advance(1);
     newList("a screen", {"Uno", "x Two", "Three", "Four"});
-    then("closed", [&] { leavePresented(); });
+    then("closed", [&] { presented()->dismiss(false); });
     then("a list that is thrown", 0, [&] {
         host.resize({320, 176});
         host.advance(0.1);

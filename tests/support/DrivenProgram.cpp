@@ -143,14 +143,6 @@ Lines DrivenProgram::textsOf(const Notes& notes)
     return texts;
 }
 
-Lines DrivenProgram::shown() const
-{
-    Notes notes;
-    for (const auto& cell : rows())
-        notes.push_back(cell->toDoItem());
-    return textsOf(notes);
-}
-
 Lines DrivenProgram::saved()
 {
     const auto notes = savedNotes();
@@ -234,12 +226,6 @@ Finger DrivenProgram::beginSwipe(std::size_t place, CGFloat points)
     Finger finger(host, {points > 0 ? 20.0 : 300.0, place * 60.0 + 30});
     finger.moveBy({points, 0});
     return finger;
-}
-
-void DrivenProgram::leavePresented()
-{
-    host.advance(0.5);
-    presented()->dismiss(false);
 }
 
 Finger DrivenProgram::beginPull(CGFloat depth)

@@ -41,9 +41,8 @@ public:
     /// What of a row is not as its note, its place and the theme want it: ">" how far aside, "v" how far
     /// below, "%" how opaque, "~" of another colour, and more in words.
     Lines oddities(const TableViewCell&);
-    /// The texts of the list, of the rows in sight, and of the notes in the file; "x " marks completed ones.
+    /// The texts of the list, and of the notes in the file; "x " marks completed ones.
     Lines notes() const { return textsOf(list().arrayNote); }
-    Lines shown() const;
     Lines saved();
     /// Nothing when there is no file or no list in it.
     std::optional<Notes> savedNotes();
@@ -69,8 +68,6 @@ public:
     void tapWords(std::size_t place) { tap({20, place * 60.0 + 30}); }
     void tapBesideWords(std::size_t place) { tap({240, place * 60.0 + 30}); }
     void tapReorder() { tap({28, host.screen().size().height - 28}); }
-    /// Lets the presented screen arrive and takes it away again.
-    void leavePresented();
     /// Sideways on a row, and lets go.
     void swipe(std::size_t place, CGFloat points) { beginSwipe(place, points).lift(); }
     /// Puts a finger on a row and moves it sideways; it stays down.

@@ -15,8 +15,6 @@ public:
         report(HostTouch::Phase::began);
     }
 
-    CGPoint location() const { return m_location; }
-
     /// In steps of a frame each.
     void moveTo(CGPoint target, int steps = 12)
     {

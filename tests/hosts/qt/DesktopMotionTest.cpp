@@ -13,34 +13,11 @@ namespace {
 
 using Settings = QMap<QString, QVariantMap>;
 
-/// A bus of the test's own.
-class Bus {
-public:
-    Bus()
-    {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
-        EXPECT_TRUE(m_daemon.waitForReadyRead(5000));
-        m_address = m_daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_address);
-    }
-    ~Bus()
-    {
-        m_daemon.kill();
-        m_daemon.waitForFinished(5000);
-    }
-    QString address() const { return QString::fromLatin1(m_address); }
-
-private:
-    QProcess m_daemon;
-    QByteArray m_address;
-};
-
 /// The desktop's settings, as its portal tells them.
 class Portal final : public QDBusVirtualObject {
 public:
-    explicit Portal(const Bus& bus)
-        : m_connection(QDBusConnection::connectToBus(bus.address(), QStringLiteral("portal")))
+    explicit Portal(const QByteArray& bus)
+        : m_connection(QDBusConnection::connectToBus(QString::fromLatin1(bus), QStringLiteral("portal")))
     {
         qDBusRegisterMetaType<Settings>();
         m_connection.registerVirtualObject(path, this);
@@ -70,8 +47,13 @@ private:
 
 TEST(DesktopMotion, FollowsTheDesktopsSettings)
 {
-    const Bus bus;
-    Portal portal(bus);
+    QProcess bus;
+    bus.start(QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    ASSERT_TRUE(bus.waitForReadyRead(5000));
+    const QByteArray address = bus.readLine().trimmed();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+    Portal portal(address);
     const QString gnome = QStringLiteral("org.gnome.desktop.interface");
     const QString animations = QStringLiteral("enable-animations");
     portal.set(gnome, animations, false);

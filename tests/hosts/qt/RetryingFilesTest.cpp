@@ -76,21 +76,6 @@ TEST_F(RetryingFilesTest, WhatOthersPutThereMeanwhileIsNotOverwritten)
     EXPECT_EQ(changes, (std::vector{true, false}));
 }
 
-TEST_F(RetryingFilesTest, WhatCannotBeSavedBesideAnUnreadableFileIsSavedLater)
-{
-    const auto link = QString::fromStdString(path);
-    EXPECT_TRUE(QFile::link(link, link));
-    // Something is there, but neither to be read nor to be moved: whatever is saved follows the link.
-    files.markUnreadable(path);
-    EXPECT_FALSE(save("ours"));
-    EXPECT_EQ(changes, (std::vector{true}));
-    EXPECT_TRUE(QFile::remove(link));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return saved(path) == "ours"; }));
-    EXPECT_EQ(changes, (std::vector{true, false}));
-    EXPECT_TRUE(save("later"));
-    EXPECT_FALSE(machine.exists(path + ".unreadable")) << "ours is readable";
-}
-
 } // namespace
 
 } // namespace velmorath

@@ -65,52 +65,34 @@ TEST(Languages, PlainCIsEnglish)
     EXPECT_FALSE(QtLocale().preferredLanguages().empty());
 }
 
-/// Stands where the desktop's tool would: it answers when a file appears, with what is in there.
-class SlowTool {
-public:
-    SlowTool()
-    {
-        QFile script(m_folder.filePath(QStringLiteral("xdg-mime")));
-        EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\ncd '" + m_folder.path().toUtf8()
-            + "'\necho \"$*\" >>asked\nuntil test -e answer; do sleep 0.02; done\ncat answer\n");
-        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    }
-
-    QByteArray path() const { return m_folder.path().toUtf8() + ":" + qgetenv("PATH"); }
-
-    QByteArray asked() const
-    {
-        QFile file(m_folder.filePath(QStringLiteral("asked")));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    void answer(const QByteArray& answer)
-    {
-        QFile file(m_folder.filePath(QStringLiteral("unfinished")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(answer);
-        EXPECT_TRUE(file.rename(m_folder.filePath(QStringLiteral("answer"))));
-    }
-
-private:
-    QTemporaryDir m_folder;
-};
-
 TEST(SlowDesktop, IsAskedInTimeAndNotWaitedFor)
 {
-    SlowTool tool;
-    const Environment environment({{"PATH", tool.path()}});
+    const QTemporaryDir folder;
+    const auto write = [&folder](const QString& name, const QByteArray& bytes) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    };
+    // Stands where the desktop's tool would: it answers, that there is nothing, when a file appears.
+    write(QStringLiteral("xdg-mime"),
+        "#!/bin/sh\ncd '" + folder.path().toUtf8()
+            + "'\necho \"$*\" >>asked\nuntil test -e answer; do sleep 0.02; done\necho\n");
+    const auto asked = [&folder] {
+        QFile file(folder.filePath(QStringLiteral("asked")));
+        return file.open(QIODevice::ReadOnly) ? file.readLine() : QByteArray();
+    };
+    const Environment environment({{"PATH", folder.path().toUtf8() + ":" + qgetenv("PATH")}});
     const QtClock clock([] {});
     ScreenWidget screen(clock);
     QtEffects effects(screen, QStringLiteral("/nowhere/velmorath-sound.so"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !tool.asked().isEmpty(); })) << "before anybody wants to know";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked() == "query default x-scheme-handler/mailto\n"; }))
+        << "before anybody wants to know";
     EXPECT_TRUE(effects.canSendMail()) << "no answer is no no";
     EXPECT_FALSE(effects.openAddress("rare-scheme://x")) << "its caller has another way, which must be taken";
     EXPECT_TRUE(effects.canSendMail());
-    tool.answer("\n");
+    write(QStringLiteral("answer"), {});
     EXPECT_TRUE(QTest::qWaitFor([&] { return !effects.canSendMail(); })) << "the answer was no";
-    EXPECT_EQ(tool.asked().left(37), "query default x-scheme-handler/mailto");
 }
 
 TEST(QuietMachine, MissingServicesAreSilentAndCostNoTime)

@@ -28,7 +28,7 @@ TEST_F(UITableViewTest, AHundredThousandNotesNeedAHandfulOfRows)
     }
     EXPECT_LE(most, 9u);
     EXPECT_LE(seen.size(), 18u);
-    EXPECT_EQ(shown().back(), "99999");
+    EXPECT_EQ(rows().back()->toDoItem()->text, "99999");
     host.wheel({100, 100}, 30);
     host.advance(0.1);
     takeLines();

@@ -63,7 +63,9 @@ def beside_an_unreadable_file(home, notices):
         place.unlink()
         program.add("Saved")
         wait_for(lambda: not notices.shown, "the notice goes")
-        assert program.texts() == ["Saved", "Beside", "Hello!"]
+        program.add("Later")
+        assert program.texts() == ["Later", "Saved", "Beside", "Hello!"]
+        assert list(place.parent.iterdir()) == [place], "what was saved is readable"
 
 
 def in_a_folder_that_breaks(home, notices, has_bus):
