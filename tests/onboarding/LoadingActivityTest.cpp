@@ -39,6 +39,7 @@ TEST_F(LoadingActivityTest, OneAtATimeFromTheLoopsNextTurnOn)
     then("one is coming", 0, [&] {
         EXPECT_TRUE(EZLoadingActivity::show("One", false));
         EXPECT_FALSE(EZLoadingActivity::showOnController("Two", false, root().shared_from_this()));
+        EXPECT_FALSE(box());
     });
     then("it is there", 0.5);
     host.resize({667, 375});
