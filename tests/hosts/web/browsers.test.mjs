@@ -4,7 +4,7 @@ import { join } from "node:path";
 import { test } from "node:test";
 import { Site } from "./harness/site.mjs";
 
-const site = Site.forEachTest({ viewport: { width: 320, height: 480 } });
+const site = Site.forEachTest({ width: 320, height: 480 });
 
 const english = "This browser is too old";
 

@@ -193,8 +193,8 @@ test("what could not be saved is asked about before the page goes, and said when
     const first = await begin("One");
     await first.tab.evaluate(fill);
     await first.untilSaid(complaint, () => first.swipe(0, 60, 350));
-    const asked = first.page.waitForEvent("dialog");
-    const closing = first.page.close({ runBeforeUnload: true });
+    const asked = new Promise((resolve) => first.tab.page.once("dialog", resolve));
+    const closing = first.tab.page.close({ runBeforeUnload: true });
     assert.equal((await asked).type(), "beforeunload");
     await (await asked).dismiss();
     await closing;
@@ -202,7 +202,7 @@ test("what could not be saved is asked about before the page goes, and said when
     await second.tab.tapOn("#notice button");
     await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
     await first.tab.until("it is said", () => document.getElementById("notice").textContent.includes("could not be saved"));
-    assert.ok(await first.page.isHidden("#remarks"));
+    assert.ok(await first.tab.evaluate(() => !document.getElementById("remarks").checkVisibility()));
 });
 
 test("a storage that cannot be opened is not an empty list", sameEverywhere, async () => {
@@ -310,7 +310,7 @@ test("where the browser may clear it, it is said once that the list can be copie
     };
     const list = await openStrange();
     await list.tapOn("No");
-    assert.deepEqual(await list.page.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
+    assert.deepEqual(await list.tab.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
     await list.add("One");
     await list.tab.until("it is said", hasRemark, true);
     assert.match(await remark(list), /copy.*home screen/);
@@ -318,14 +318,14 @@ test("where the browser may clear it, it is said once that the list can be copie
     assert.deepEqual(await list.tab.obstacles(), []);
     await list.tab.picture("copies");
     await list.add("Two");
-    assert.equal(await list.page.evaluate(() => document.querySelectorAll("#remarks p").length), 1);
-    await list.page.locator("#remarks button").click();
+    assert.equal(await list.tab.evaluate(() => document.querySelectorAll("#remarks p").length), 1);
+    await list.tab.tapOn("#remarks button");
     await list.atRest();
-    assert.ok(await list.page.evaluate(hasRemark, false));
-    await list.page.close();
+    assert.ok(await list.tab.evaluate(hasRemark, false));
+    await list.tab.close();
 
     const again = await openStrange();
     await again.add("Three");
     await again.untilKept("Three", "Two", "One", "Hello!");
-    assert.deepEqual(await again.page.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
+    assert.deepEqual(await again.tab.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
 });

@@ -30,8 +30,8 @@ test("a hundred thousand notes are opened, scrolled, and changed in their middle
     await list.atRest();
     assert.notEqual((await list.said())[0], "Note 0");
     // Far away from both ends, as with a wheel that turns very fast.
-    await list.page.mouse.move(200, 300);
-    await list.page.mouse.wheel(0, count / 2 * 60);
+    await list.tab.page.mouse.move(200, 300);
+    await list.tab.page.mouse.wheel({ deltaY: count / 2 * 60 });
     await list.atRest();
     const [place, y] = await list.tab.evaluate(() => {
         const item = document.querySelectorAll("#mirror [role=listitem]")[3];

@@ -1,5 +1,5 @@
 import assert from "node:assert/strict";
-import { cp, readFile } from "node:fs/promises";
+import { cp, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { archiveOf, paths, settingsOf } from "./harness/archive.mjs";
@@ -27,9 +27,9 @@ test("the server sends with every answer what it is said that servers should, bu
 
 test("nothing but the module is made code while the page runs, and no other page can show it inside itself", async () => {
     const tab = await site.phone.open(site.address);
-    const policy = await tab.page.getAttribute("meta[http-equiv=Content-Security-Policy]", "content");
+    const policy = await tab.evaluate(() => document.querySelector("meta[http-equiv=Content-Security-Policy]").content);
     assert.deepEqual(policy.match(/[\w-]*unsafe[\w-]*/g), ["wasm-unsafe-eval"]);
-    const refused = await tab.page.evaluate(() => Promise.all([
+    const refused = await tab.evaluate(() => Promise.all([
         () => (document.createElement("p").innerHTML = "<b>x</b>"),
         () => (document.createElement("script").src = "main.js"),
         () => navigator.serviceWorker.register("main.js"),
@@ -45,10 +45,9 @@ test("nothing but the module is made code while the page runs, and no other page
     assert.deepEqual(refused, Array.from(refused, () => "TypeError"));
     await tab.until("the worker has the page", () => navigator.serviceWorker.controller !== null);
 
-    await site.phone.context.route("**/blank", (route) => route.fulfill(
-        { contentType: "text/html", body: "<!doctype html><link rel=icon href=data:,>" }));
-    await tab.page.goto(new URL("/blank", site.address).href);
-    await tab.page.evaluate((address) => {
+    await writeFile(join(site.server.root, "frame.html"), "<!doctype html><link rel=icon href=data:,>");
+    await tab.goto(new URL("/frame.html", site.address).href);
+    await tab.evaluate((address) => {
         const frame = document.createElement("iframe");
         frame.src = address;
         document.body.append(frame);
@@ -76,7 +75,7 @@ const begin = async (query, ...notes) => {
     const list = await List.inNewTab(site);
     await list.put({ [paths.notes]: archiveOf(notes), [paths.settings]: settingsOf() });
     list.address += query;
-    await list.page.addInitScript(() => {
+    await list.tab.page.evaluateOnNewDocument(() => {
         const setConsumer = (use) => {
             use({ targetURL: location.href, files: [] });
             globalThis.launch = use;
@@ -93,9 +92,9 @@ test("a shortcut opens a new note, also in a page that is open, but not again wi
     await list.type("Two");
     await list.key("Enter");
     await list.untilKept("Two", "One");
-    assert.equal(list.page.url(), site.address);
+    assert.equal(list.tab.page.url(), site.address);
     await list.tapOn("Information");
-    await list.page.evaluate(() => launch({ targetURL: `${location.href}?add` }));
+    await list.tab.evaluate(() => launch({ targetURL: `${location.href}?add` }));
     await list.atRest();
     await list.tapOn("Close");
     await list.editing();
@@ -107,10 +106,10 @@ test("a shortcut opens a new note, also in a page that is open, but not again wi
 test("shared texts and opened files are added as copies are", async () => {
     const list = await begin(`?${new URLSearchParams({ text: "Milk\nBread\n" })}`, "Bread");
     await list.untilKept("Milk", "Bread");
-    await list.page.evaluate((query) => launch({ targetURL: `${location.href}?${query}` }),
+    await list.tab.evaluate((query) => launch({ targetURL: `${location.href}?${query}` }),
         `${new URLSearchParams({ title: "A page", text: "", url: "https://velmorath.example/" })}`);
     await list.untilKept("A page\nhttps://velmorath.example/", "Milk", "Bread");
-    await list.page.evaluate(() => launch({
+    await list.tab.evaluate(() => launch({
         targetURL: location.href,
         files: [
             { getFile: () => Promise.resolve(new File(["- [x] Done\n"], "list.md")) },

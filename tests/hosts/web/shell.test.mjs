@@ -134,7 +134,7 @@ test("a notice says its texts as they are, to everybody, and its button takes th
 
 test("every language has every word, and the words fit the smallest page", only("chromium", "has so small a page"), async () => {
     const tab = await openInstalled();
-    await tab.page.setViewportSize({ width: 320, height: 480 });
+    await tab.page.setViewport({ width: 320, height: 480 });
     const english = await tab.evaluate(async () => (await import(new URL("words.js", location.href).href)).words(["xx", "toString"]));
     for (const language of ["en", "it", "fr", "es", "pt-BR", "de-AT", "ja"]) {
         const said = await tab.evaluate(async (tag) => (await import(new URL("words.js", location.href).href)).words([tag]), language);
@@ -149,8 +149,8 @@ test("every language has every word, and the words fit the smallest page", only(
             }, [said[name], said[`${name}Text`] ?? said.untouched, said.startAgain]);
             assert.ok(fits, `${language}: ${said[name]}`);
         }
-        const height = await tab.page.evaluate(async (texts) => {
-            const { showRemark } = await import("./notice.js");
+        const height = await tab.evaluate(async (texts) => {
+            const { showRemark } = await import(new URL("notice.js", location.href).href);
             const remove = texts.map((text) => showRemark({ text, button: "OK" }));
             const { offsetHeight, scrollHeight, scrollWidth } = document.getElementById("remarks");
             remove.forEach((each) => each());

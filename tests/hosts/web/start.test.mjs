@@ -1,5 +1,5 @@
 import assert from "node:assert/strict";
-import { readFile } from "node:fs/promises";
+import { readFile, rename } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { gzipSync } from "node:zlib";
@@ -25,9 +25,9 @@ async function openTutorial(list) {
 test("the first list is painted after 200 kB, compressed", async () => {
     const list = await List.inNewTab(site);
     const painted = new Promise((resolve) => {
-        list.page.on("console", (message) => message.text() === "painted" && resolve([...site.phone.requests]));
+        list.tab.onLine = (line) => line === "painted" && resolve([...site.phone.requests]);
     });
-    await list.page.addInitScript(() => {
+    await list.tab.page.evaluateOnNewDocument(() => {
         const { fillText } = CanvasRenderingContext2D.prototype;
         CanvasRenderingContext2D.prototype.fillText = function fill(...what) {
             console.log("painted");
@@ -48,16 +48,14 @@ test("the module is on its way while the list is not there yet, which is said wh
     site.phone.addScript(() => {
         IDBFactory.prototype.open = () => new EventTarget();
     });
-    const tab = await site.phone.open();
-    const asked = tab.page.waitForRequest(/\.wasm$/);
-    await tab.page.goto(site.address);
-    await asked;
+    const tab = await site.phone.open(site.address);
     await tab.until("it is said", () => document.getElementById("notice").textContent.includes("not there yet"));
+    assert.ok(site.phone.requests.some((address) => address.endsWith(".wasm")));
 });
 
 test("the tutorial's pictures come when it is opened, however late", async () => {
-    let isReachable = false;
-    await site.phone.context.route("**/*.jpg", (route) => (isReachable ? route.continue() : route.abort()));
+    const picture = join(site.server.folder, "resources", "pictures", "1info.jpg");
+    await rename(picture, `${picture} to be`);
     site.phone.addScript(() => {
         // The worker would get them, too.
         ServiceWorkerContainer.prototype.register = () => Promise.reject(new Error("no worker"));
@@ -68,7 +66,7 @@ test("the tutorial's pictures come when it is opened, however late", async () =>
     await list.atRest();
     assert.ok(picturesAskedFor() > 0);
     assert.equal(await list.tab.evaluate(hasPicture), false);
-    isReachable = true;
+    await rename(`${picture} to be`, picture);
     await list.tab.until("the picture is there", hasPicture);
     assert.match(site.phone.faults.join(), /1info\.jpg cannot be read/);
     site.phone.faults.length = 0;
@@ -76,7 +74,7 @@ test("the tutorial's pictures come when it is opened, however late", async () =>
 
 test("what is said of a picture's size is so, and one that is none is told", async () => {
     const tab = await site.phone.open(site.address);
-    const sizes = await tab.page.evaluate(async () => {
+    const sizes = await tab.evaluate(async () => {
         const index = Object.entries(await (await fetch("resources/index.json")).json());
         return Promise.all(index.filter(([, size]) => size).map(async ([name, size]) => {
             const { width, height } = await createImageBitmap(await (await fetch(`resources/${name}`)).blob());
@@ -87,8 +85,8 @@ test("what is said of a picture's size is so, and one that is none is told", asy
     for (const [name, said, found] of sizes) {
         assert.equal(said, found, name);
     }
-    await tab.page.evaluate(async () => {
-        const { Pictures } = await import("./pictures.js");
+    await tab.evaluate(async () => {
+        const { Pictures } = await import(new URL("pictures.js", location.href).href);
         const bytes = new Uint8Array(await (await fetch("resources/pictures/ok.png")).arrayBuffer());
         await new Promise((resolve) => {
             new Pictures((decoded) => decoded.then(resolve), () => {}).decode(bytes.slice(0, 100));

@@ -11,7 +11,7 @@ const upright = { width: 375, height: 667 };
 const lying = { width: 667, height: 375 };
 
 async function turn(list, size) {
-    await list.page.setViewportSize(size);
+    await list.tab.page.setViewport({ ...list.tab.page.viewport(), ...size });
     await list.tab.until("the canvas has the size", ({ width, height }) => {
         const canvas = document.getElementById("screen");
         return canvas.width === Math.round(width * devicePixelRatio)
@@ -204,7 +204,7 @@ test("the user's own colours leave the picture alone, and motion is left out whe
     await list.key("Tab");
     const whole = { x: 0, y: 0, width: 750, height: 1334 };
     const plain = await list.tab.picture();
-    await list.page.emulateMedia({ forcedColors: "active" });
+    await list.tab.command("Emulation.setEmulatedMedia", { features: [{ name: "forced-colors", value: "active" }] });
     assert.equal(difference(plain, await list.tab.picture("forced-colors"), whole, 0, 0), 0);
 
     // How many pictures it takes to open a note and to close it.
@@ -219,7 +219,7 @@ test("the user's own colours leave the picture alone, and motion is left out whe
         return list.tab.evaluate(() => seen.size);
     };
     assert.ok(await looks() > 4);
-    await list.page.emulateMedia({ reducedMotion: "reduce" });
+    await list.tab.command("Emulation.setEmulatedMedia", { features: [{ name: "prefers-reduced-motion", value: "reduce" }] });
     // The list, the note, and for a moment the list without its ring.
     assert.ok(await looks() < 4);
 });

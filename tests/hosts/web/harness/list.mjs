@@ -228,11 +228,6 @@ export class List {
         return picture.pixel(300 * scale, rowMiddle(row) * scale);
     }
 
-    /** What drives the page in Chromium. */
-    get page() {
-        return this.tab.page;
-    }
-
     lines = [];
     tab = null;
     address = "";

@@ -2,10 +2,10 @@ import { mkdtemp, rm } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 
-/** Which browser the tests are run in: each has a file here, which drives it. */
+/** Which browser the tests are run in. */
 export const engine = process.env.VELMORATH_ENGINE ?? "chromium";
 
-const { Browser } = await import(`./${engine}.mjs`);
+const { Browser } = await import(engine === "webkit" ? "./webkit.mjs" : "./puppeteer.mjs");
 
 /** For a test that only this engine can be asked for. @param {string} reason what the others' drivers lack */
 export function only(name, reason) {
@@ -17,7 +17,7 @@ export const sameEverywhere = only("chromium", "it is the same everywhere");
 
 /** A browser on a phone: a profile that outlives it, and a record of what went wrong in its pages. */
 export class Phone {
-    /** `changes` are those of the browser's options that differ from a phone's: see the engine's file. */
+    /** `changes` are those of the browser's options that differ from a phone's: see the driver's file. */
     static async start(changes = {}) {
         const phone = new Phone();
         phone.#profile = await mkdtemp(join(tmpdir(), "velmorath-phone-"));
@@ -28,7 +28,7 @@ export class Phone {
 
     /** A new browser with the profile of the one that is gone. */
     async startAgain() {
-        this.browser = await Browser.start(this.#profile, this.#changes);
+        this.browser = await Browser.start(this.#profile, { engine, ...this.#changes });
     }
 
     /** In every tab that is opened from now on, a page runs this function before everything else. */
@@ -66,11 +66,6 @@ export class Phone {
     async stop() {
         await this.browser.close();
         await rm(this.#profile, { recursive: true, force: true, maxRetries: 10 });
-    }
-
-    /** What drives it in Chromium. */
-    get context() {
-        return this.browser.context;
     }
 
     #profile = "";

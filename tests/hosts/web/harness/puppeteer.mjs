@@ -1,0 +1,174 @@
+import { once } from "node:events";
+import { createRequire } from "node:module";
+import { Tab } from "./tab.mjs";
+
+const puppeteer = createRequire(import.meta.url)("puppeteer-core");
+
+const phone = { width: 375, height: 667, deviceScaleFactor: 2, hasTouch: true };
+const engines = {
+    chromium: {
+        browser: "chrome",
+        executablePath: process.env.VELMORATH_CHROMIUM ?? "/usr/bin/chromium",
+        args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--disable-component-update"],
+        defaultViewport: { ...phone, isMobile: true },
+    },
+    firefox: {
+        browser: "firefox",
+        executablePath: process.env.VELMORATH_FIREFOX ?? "/usr/bin/firefox-esr",
+        args: [],
+        defaultViewport: phone,
+    },
+};
+
+/** Chromium and Firefox, driven by Puppeteer. Tests that are run in Chromium alone may use its tabs' `page`. */
+export class Browser {
+    /** `changes` are those of Puppeteer's viewport; `args` are further ones of the program. */
+    static async start(profile, { engine, args = [], ...changes }) {
+        const browser = new Browser();
+        const usual = engines[engine];
+        browser.#driver = await puppeteer.launch({
+            ...usual,
+            args: [...usual.args, ...args],
+            defaultViewport: { ...usual.defaultViewport, ...changes },
+            env: { ...process.env, TZ: "UTC", LANGUAGE: "en" },
+            userDataDir: profile,
+        });
+        return browser;
+    }
+
+    async newTab(scripts) {
+        const page = await this.#driver.newPage();
+        for (const script of scripts) {
+            await page.evaluateOnNewDocument(script);
+        }
+        return new PuppeteerTab(page);
+    }
+
+    async closeTabs() {
+        const pages = await this.#driver.pages();
+        await this.#driver.newPage();
+        await Promise.all(pages.map((page) => page.close()));
+    }
+
+    async kill() {
+        const program = this.#driver.process();
+        const gone = once(program, "exit");
+        program.kill("SIGKILL");
+        await gone;
+    }
+
+    close() {
+        return this.#driver.close();
+    }
+
+    #driver;
+}
+
+class PuppeteerTab extends Tab {
+    constructor(page) {
+        super();
+        this.page = page;
+        // Firefox tells, too, what a page that goes away waits for no longer.
+        page.on("pageerror", ({ message }) => /ServiceWorker intercepted/.test(message) || this.onFault(`error: ${message}`));
+        page.on("console", (message) => this.#hear(message));
+        page.on("request", (request) => this.onRequest(request.url()));
+    }
+
+    async #hear(message) {
+        let text = message.text();
+        this.onLine(text);
+        if (message.type() === "error") {
+            // What is no text is a mere "JSHandle@error", and nothing any more when its page has gone.
+            if (text.startsWith("JSHandle@")) {
+                text = await message.args()[0].evaluate(String).catch(() => "");
+            }
+            if (text) {
+                this.onFault(text);
+            }
+        }
+    }
+
+    evaluate(action, argument) {
+        return this.page.evaluate(action, argument);
+    }
+
+    goto(address) {
+        return this.page.goto(address);
+    }
+
+    reload() {
+        return this.page.reload();
+    }
+
+    back() {
+        return this.page.goBack({ waitUntil: [] });
+    }
+
+    async close() {
+        const closed = new Promise((resolve) => this.page.once("close", resolve));
+        await this.page.close({ runBeforeUnload: true });
+        await closed;
+    }
+
+    async hide() {
+        await this.page.browser().newPage();
+        await this.until("it is out of sight", () => document.hidden);
+    }
+
+    async show() {
+        await this.page.bringToFront();
+        await this.until("it is in sight", () => !document.hidden);
+    }
+
+    async key(name) {
+        const keys = name.split("+");
+        for (const key of keys) {
+            await this.page.keyboard.down(key);
+        }
+        for (const key of keys.reverse()) {
+            await this.page.keyboard.up(key);
+        }
+    }
+
+    type(text) {
+        return this.page.keyboard.type(text);
+    }
+
+    async touch(phase, places) {
+        if (phase === "start") {
+            for (const [x, y] of places) {
+                this.#fingers.push(await this.page.touchscreen.touchStart(x, y));
+            }
+        } else if (phase === "move") {
+            for (const [finger, [x, y]] of places.entries()) {
+                await this.#fingers[finger].move(x, y);
+            }
+        } else {
+            for (const finger of this.#fingers.splice(0)) {
+                await finger.end();
+            }
+        }
+    }
+
+    async screenshot() {
+        return Buffer.from(await this.page.screenshot());
+    }
+
+    /** A command of Chromium's own debugging protocol. */
+    async command(name, parameters) {
+        this.#session ??= await this.page.createCDPSession();
+        return this.#session.send(name, parameters);
+    }
+
+    /** Chromium's page is gone at once, and the browser stays. */
+    async crash() {
+        const crashed = new Promise((resolve) => this.page.once("error", resolve));
+        this.command("Page.crash").catch(() => {});
+        await crashed;
+        await this.page.close();
+    }
+
+    #fingers = [];
+    #session;
+    page = null;
+}
