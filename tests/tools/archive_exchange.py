@@ -36,7 +36,8 @@ def read(path):
     return notes
 
 
-def write(path, notes):
+def write(path, notes, as_others=True):
+    """As the program itself would, or as others may, too."""
     objects = ["$null", None]
 
     def add(value):
@@ -53,12 +54,12 @@ def write(path, notes):
         for key, value in (("text", text), ("data", date)):
             note[key] = plistlib.UID(0) if value is None else add(value)
         # An entry that is missing, null or false means the same.
-        if number % 2 and not completed:
+        if as_others and number % 2 and not completed:
             del note["completed"]
-        if number % 2 and date is None:
+        if as_others and number % 2 and date is None:
             del note["data"]
         uids.append(add(note))
-    objects[1] = {"NS.objects": uids, "$class": add_class("NSMutableArray")}
+    objects[1] = {"NS.objects": uids, "$class": add_class("NSMutableArray" if as_others else "NSArray")}
     archive = {"$version": 100000, "$archiver": "NSKeyedArchiver", "$top": {"root": plistlib.UID(1)},
                "$objects": objects}
     with open(path, "wb") as file:

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
+import { only } from "./harness/engine.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { only } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -21,7 +21,7 @@ function keepEscapeFromThePage() {
 const isEditing = (list) => list.tab.evaluate(() => document.querySelector("#editors input, #editors textarea") !== null);
 
 async function goBackThroughEverything(script, goBack) {
-    site.phone.addScript(script);
+    site.addScript(script);
     const list = await List.with(site, ["One", "Two"]);
     const back = async () => {
         await goBack(list);

@@ -18,12 +18,12 @@ test("a browser without what the page needs says so, and starts nothing", async 
         () => delete AbortSignal.timeout,
         () => delete globalThis.WebAssembly,
     ]) {
-        const tab = await site.phone.open(site.address, script);
+        const tab = await site.open(site.address, script);
         assert.deepEqual(await title(tab), [english], script.toString());
-        assert.ok(!site.phone.requests.some((address) => address.endsWith(".wasm")), script.toString());
+        assert.ok(!site.requests.some((address) => address.endsWith(".wasm")), script.toString());
         assert.deepEqual(await tab.texts("#mirror *"), []);
     }
-    const tab = await site.phone.open(site.address);
+    const tab = await site.open(site.address);
     await tab.until("it starts elsewhere", () => document.querySelector("#mirror *") !== null);
     assert.deepEqual(await title(tab), []);
 });
@@ -32,7 +32,7 @@ test("it says so in the reader's language, on the smallest page, and when it can
     await writeFile(join(site.server.folder, "main.js"), "import of what is new;");
     const said = new Set();
     for (const language of ["xx", "it-CH", "fr", "es", "pt-BR", "de", "ja"]) {
-        const tab = await site.phone.open(site.address, new Function(`
+        const tab = await site.open(site.address, new Function(`
             delete Intl.Segmenter;
             Object.defineProperty(navigator, "languages", { value: ["tlh", "${language}", "en"] });`));
         const [words] = await title(tab);
@@ -43,8 +43,8 @@ test("it says so in the reader's language, on the smallest page, and when it can
             return scrollWidth <= innerWidth && scrollHeight <= innerHeight;
         }), words);
         assert.deepEqual(await tab.obstacles(), []);
-        assert.match(site.phone.faults.join(), /SyntaxError|Unexpected|import/);
-        site.phone.faults.length = 0;
+        assert.match(site.faults.join(), /SyntaxError|Unexpected|import/);
+        site.faults.length = 0;
     }
     assert.equal(said.size, 7);
     assert.ok(said.has(english));

@@ -3,7 +3,7 @@ import { mkdir, readdir, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { archiveOf, notesIn } from "./harness/archive.mjs";
+import { archiveOf, notesIn } from "./harness/formats.mjs";
 import { List } from "./harness/list.mjs";
 import { Site } from "./harness/site.mjs";
 
@@ -25,7 +25,8 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
         await sleep(50);
         names = await readdir(folder);
     }
-    assert.deepEqual(notesIn(await readFile(join(folder, names[0]))).map(({ text }) => text), ["One", "Two"]);
+    const copy = await notesIn(await readFile(join(folder, names[0])));
+    assert.deepEqual(copy.map(({ text }) => text), ["One", "Two"]);
 
     const fileOf = async (bytes, name = "copy") => {
         await writeFile(join(folder, name), bytes);
@@ -36,7 +37,7 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
         await choose(list, "Open a copy");
         await (await choosing).accept([await fileOf(bytes)]);
     };
-    await open(archiveOf(["New", "One"]));
+    await open(await archiveOf(["New", "One"]));
     await list.untilKept("New", "One", "x Two");
     await open(Buffer.from("- [x] Two\n- [ ] Newer\n  with a second line\n"));
     await list.untilKept("Newer\nwith a second line", "New", "One", "x Two");
@@ -67,7 +68,7 @@ test("a copy is downloaded, and opened it brings back what is missing", async ()
 });
 
 test("the list is shared as a text, or put on the clipboard", async () => {
-    site.phone.addScript(() => {
+    site.addScript(() => {
         globalThis.shared = [];
         navigator.share = async ({ text }) => shared.push([text, navigator.userActivation.isActive]);
     });

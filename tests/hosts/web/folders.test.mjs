@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { cp } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
-import { archiveOf, paths, settingsOf } from "./harness/archive.mjs";
+import { archiveOf, paths, usualSettings } from "./harness/formats.mjs";
 import { List } from "./harness/list.mjs";
 import { Site } from "./harness/site.mjs";
 
@@ -20,17 +20,17 @@ async function openOtherFolder() {
 // A page of a version for which a site had one list: it has that open, and what is typed there goes into it when it is
 // asked to finish. `next` is the number of the owner that it would not let write.
 async function openFormer(notes, typed) {
-    const tab = await site.phone.open(`${site.address}blank.html`);
-    const files = [[paths.settings, settingsOf()], [paths.notes, archiveOf(notes)], [paths.notes, archiveOf([typed, ...notes])]];
-    await tab.evaluate(async (encoded) => {
-        const [settings, before, after] = await Promise.all(encoded.map(async ([path, text]) =>
-            [new Uint8Array(await (await fetch(`data:;base64,${text}`)).arrayBuffer()), path]));
+    const tab = await site.open(`${site.address}blank.html`);
+    const files = await Promise.all([usualSettings(), archiveOf(notes), archiveOf([typed, ...notes])]);
+    await tab.evaluate(async ([names, ...encoded]) => {
+        const [settings, before, after] = await Promise.all(encoded.map(async (text) =>
+            new Uint8Array(await (await fetch(`data:;base64,${text}`)).arrayBuffer())));
         const opening = indexedDB.open("velmorath", 1);
         opening.onupgradeneeded = () => {
             opening.result.createObjectStore("owners").put(true, 7);
             const store = opening.result.createObjectStore("files");
-            store.put(...settings);
-            store.put(...before);
+            store.put(settings, names.settings);
+            store.put(before, names.notes);
         };
         await new Promise((resolve) => {
             opening.onsuccess = resolve;
@@ -39,7 +39,7 @@ async function openFormer(notes, typed) {
             const transaction = opening.result.transaction(["owners", "files"], "readwrite");
             transaction.objectStore("owners").add(true, 8);
             transaction.objectStore("owners").delete(8);
-            transaction.objectStore("files").put(...after);
+            transaction.objectStore("files").put(after, names.notes);
             transaction.oncomplete = () => resolve(true);
             transaction.onabort = () => resolve(false);
         });
@@ -51,7 +51,7 @@ async function openFormer(notes, typed) {
                 });
             });
         });
-    }, files.map(([path, bytes]) => [path, Buffer.from(bytes).toString("base64")]));
+    }, [paths, ...files.map((bytes) => bytes.toString("base64"))]);
     return tab;
 }
 

@@ -1,8 +1,8 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
+import { only, sameEverywhere } from "./harness/engine.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -19,9 +19,7 @@ test("the first launch asks once, shows the tutorial, and has a note to try thin
     await list.appears("Yes");
     await list.atRest();
     assert.deepEqual(await list.said(), ["Watch tutorial", "No", "Yes"]);
-    await list.tab.picture("first-launch");
     await list.tapOn("Yes");
-    await list.tab.picture("tutorial-first-page");
     await list.tab.flick([300, 300], [80, 300]);
     await list.atRest();
     assert.ok((await list.said()).includes("Page 2 of 2"));
@@ -30,7 +28,6 @@ test("the first launch asks once, shows the tutorial, and has a note to try thin
     assert.ok((await list.said()).includes("Page 1 of 2"));
     await list.tapOn("Next");
     assert.ok((await list.said()).includes("Page 2 of 2"));
-    await list.tab.picture("tutorial-last-page");
     await list.tapOn("Close");
     assert.deepEqual(await list.said(), ["Hello!", "Reorder notes", "Add note", "Share", "Information"]);
 
@@ -46,14 +43,12 @@ test("pulling the list down makes a note, if it goes deep enough", async () => {
     await begin("One");
     await list.tab.press([[200, 100]]);
     await list.tab.move([[200, 170]]);
-    await list.tab.picture("pull-to-add");
     await list.tab.release();
     await list.atRest();
     assert.equal((await list.said())[0], "One");
 
     await list.tab.press([[200, 100]]);
     await list.tab.move([[200, 330]]);
-    await list.tab.picture("release-to-add");
     // A phone shows its keyboard only for what gets the focus inside the touch.
     await list.tab.evaluate(() => addEventListener("touchend", () => {
         globalThis.focusedInTouch = document.activeElement.localName;
@@ -63,7 +58,6 @@ test("pulling the list down makes a note, if it goes deep enough", async () => {
     assert.deepEqual(await list.edited(), { kind: "input", label: "Note", value: "" });
     await list.atRest();
     await list.type("Buy <b>milk</b> & 🥛");
-    await list.tab.picture("typing");
     await list.tab.key("Enter");
     await list.untilKept("Buy <b>milk</b> & 🥛", "One");
     const today = new Intl.DateTimeFormat("en-US", { dateStyle: "medium", timeZone: "UTC" }).format();
@@ -104,7 +98,6 @@ test("swiping completes, reopens and deletes, and only a long way does", async (
     const open = await list.rowColor(1);
     await list.tab.press([[60, rowMiddle(1)]]);
     await list.tab.move([[350, rowMiddle(1)]]);
-    await list.tab.picture("swipe-right");
     await list.tab.release();
     await list.untilKept("One", "x Two", "Three");
     assert.ok(isGreen(await list.rowColor(1, "completed")));
@@ -122,7 +115,6 @@ test("swiping completes, reopens and deletes, and only a long way does", async (
 
     await list.tab.press([[330, rowMiddle(0)]]);
     await list.tab.move([[60, rowMiddle(0)]]);
-    await list.tab.picture("swipe-left");
     await list.tab.release();
     await list.untilKept("Two", "Three");
 });
@@ -132,7 +124,6 @@ test("pinching two rows apart makes a note between them, unless the fingers come
     const rows = [[180, rowMiddle(0)], [180, rowMiddle(1)]];
     await list.tab.press(rows);
     await list.tab.move([[180, 10], [180, rowMiddle(1) + 60]]);
-    await list.tab.picture("pinch");
     await list.tab.move([[180, rowMiddle(0) - 20], [180, rowMiddle(1) + 20]]);
     await list.tab.release();
     await list.atRest();
@@ -153,7 +144,6 @@ test("a note is read and written on a screen of its own", async () => {
     await list.editing();
     assert.deepEqual(await list.edited(), { kind: "textarea", label: "Note", value: "Two" });
     await list.type(" and\n\nmore");
-    await list.tab.picture("detail");
     await list.tapOn("Save");
     await list.untilKept("One", "Two and\n\nmore");
 

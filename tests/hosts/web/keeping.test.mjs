@@ -1,13 +1,14 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { test } from "node:test";
-import { paths, settingsOf } from "./harness/archive.mjs";
+import { only, sameEverywhere } from "./harness/engine.mjs";
+import { paths } from "./harness/formats.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { Reference, write } from "./harness/propertyList.mjs";
-import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
+
+const strangeArchives = new URL("../../fuzz/corpus/fuzz-archive/", import.meta.url);
 
 const begin = (...notes) => List.with(site, notes);
 
@@ -18,8 +19,7 @@ async function openAgain() {
 }
 
 async function killAndOpen() {
-    await site.phone.kill();
-    await site.phone.startAgain();
+    await site.killBrowser();
     return openAgain();
 }
 
@@ -146,7 +146,6 @@ test("a storage that is full for a while loses nothing that is on the screen, an
     assert.deepEqual((await list.said()).slice(0, 2), ["One, Completed", "Two"]);
     assert.deepEqual(await list.texts(), ["One", "Two"]);
     assert.deepEqual(await list.tab.obstacles(), []);
-    await list.tab.picture("not-saved");
     await list.tab.until("it was tried again", () => globalThis.refusals > 1);
     assert.match(await remark(list), /not saved/);
     await list.tab.evaluate(() => globalThis.makeRoom());
@@ -206,7 +205,7 @@ test("what could not be saved is asked about before the page goes, and said when
 });
 
 test("a storage that cannot be opened is not an empty list", sameEverywhere, async () => {
-    site.phone.addScript(() => {
+    site.addScript(() => {
         IDBFactory.prototype.open = () => {
             throw new DOMException("denied", "SecurityError");
         };
@@ -216,7 +215,6 @@ test("a storage that cannot be opened is not an empty list", sameEverywhere, asy
     assert.match(await notice(list), /denied/);
     assert.deepEqual(await list.tab.texts("#mirror *"), []);
     assert.deepEqual(await list.tab.obstacles(), []);
-    await list.tab.picture("no-storage");
 });
 
 test("a second tab takes the list over, with what was typed in the first", async () => {
@@ -225,7 +223,6 @@ test("a second tab takes the list over, with what was typed in the first", async
     await first.type("Two");
     const second = await openAgain();
     await second.tab.until("it is said", hasNotice);
-    await second.tab.picture("open-elsewhere");
     await second.tab.tapOn("#notice button");
     await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
     await second.atRest();
@@ -263,39 +260,27 @@ test("a picture that is lost while the page is out of sight is painted again", a
 });
 
 test("references longer than the page's numbers are an error here as in the window", sameEverywhere, async () => {
-    const corpus = new URL("../../fuzz/corpus/fuzz-archive/", import.meta.url);
-    const list = await List.inNewTab(site);
-    await list.put({
-        [paths.notes]: await readFile(new URL("references-beyond-32-bits.archive", corpus)),
-        [paths.settings]: settingsOf(),
-    });
+    const list = await List.over(site, await readFile(new URL("references-beyond-32-bits.archive", strangeArchives)));
     await list.open();
     assert.deepEqual(await list.tab.texts("#mirror [role=listitem]"), []);
     assert.equal(list.lines.filter((line) => line.startsWith("error : ")).length, 1);
 });
 
 test("a list that the program does not understand is left alone, and the page says so", sameEverywhere, async () => {
-    const strange = write({
-        $version: 100000,
-        $archiver: "NSKeyedArchiver",
-        $top: { root: new Reference(1) },
-        $objects: ["$null", "no list"],
-    });
-    const list = await List.inNewTab(site);
-    await list.put({ [paths.notes]: strange, [paths.settings]: settingsOf() });
+    const strange = await readFile(new URL("text.archive", strangeArchives));
+    const list = await List.over(site, strange);
     await list.tab.goto(site.address);
     await list.tab.until("it is said", hasNotice);
     assert.match(await notice(list), /root/);
-    await list.tab.picture("stopped");
     assert.deepEqual(await list.tab.obstacles(), []);
     await list.tab.tap([100, 100]);
     await list.tab.key("n");
     assert.deepEqual(await list.kept(paths.notes), strange);
-    site.phone.faults.length = 0;
+    site.faults.length = 0;
 });
 
 test("where the browser may clear it, it is said once that the list can be copied", sameEverywhere, async () => {
-    site.phone.addScript(() => {
+    site.addScript(() => {
         globalThis.asks = 0;
         navigator.storage.persisted = async () => false;
         navigator.storage.persist = async () => {
@@ -316,7 +301,6 @@ test("where the browser may clear it, it is said once that the list can be copie
     assert.match(await remark(list), /copy.*home screen/);
     await list.atRest();
     assert.deepEqual(await list.tab.obstacles(), []);
-    await list.tab.picture("copies");
     await list.add("Two");
     assert.equal(await list.tab.evaluate(() => document.querySelectorAll("#remarks p").length), 1);
     await list.tab.tapOn("#remarks button");

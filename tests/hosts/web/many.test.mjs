@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { test } from "node:test";
-import { notesIn, paths, settingsOf } from "./harness/archive.mjs";
+import { notesIn, paths } from "./harness/formats.mjs";
 import { List } from "./harness/list.mjs";
 import { Site } from "./harness/site.mjs";
 
@@ -9,10 +9,9 @@ const site = Site.forEachTest();
 
 test("the same notes are the same bytes as on every other machine", async () => {
     const bytes = await readFile(new URL("../../model/many-notes.archive", import.meta.url));
-    const notes = notesIn(bytes);
+    const notes = await notesIn(bytes);
     assert.equal(notes.length, 260);
-    const list = await List.inNewTab(site);
-    await list.put({ [paths.notes]: bytes, [paths.settings]: settingsOf() });
+    const list = await List.over(site, bytes);
     await list.open();
     for (const completed of [true, false]) {
         await list.untilSaid("Success writing to file!", () => list.swipe(0, 60, 350));

@@ -19,7 +19,7 @@ function givePressure() {
 }
 
 beforeEach(async () => {
-    site.phone.addScript(givePressure);
+    site.addScript(givePressure);
     list = await List.with(site, ["One", "Two", "Three"]);
     mouse = list.tab.page.mouse;
 });

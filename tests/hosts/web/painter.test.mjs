@@ -6,7 +6,7 @@ const site = Site.forEachTest();
 let tab;
 
 beforeEach(async () => {
-    tab = await site.phone.open(site.address);
+    tab = await site.open(site.address);
 });
 
 const names = ["save", "restore", "transform", "clip", "fill", "fillGradient", "stroke", "shadow", "text", "image"];

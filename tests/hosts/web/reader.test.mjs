@@ -1,14 +1,15 @@
 import assert from "node:assert/strict";
 import { after, before, test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
+import { Helper } from "./harness/helper.mjs";
 import { List } from "./harness/list.mjs";
-import { Reader } from "./harness/reader.mjs";
 import { Site } from "./harness/site.mjs";
 
 // The reader is there before the browser, which otherwise tells it nothing.
 let reader;
 before(async () => {
-    reader = await Reader.start();
+    reader = new Helper("reader.py");
+    await reader.ask("things");
 });
 after(() => reader.stop());
 const site = Site.forEachTest({ args: ["--force-renderer-accessibility"] });
@@ -33,7 +34,7 @@ function listen() {
 }
 
 async function begin(open) {
-    site.phone.addScript(listen);
+    site.addScript(listen);
     list = await open(site);
 }
 
@@ -45,7 +46,7 @@ async function then(deed, focus, { heard = [], keeps = kept, title } = {}) {
     kept = keeps;
     let found;
     for (const end = Date.now() + 5000; found !== focus && Date.now() < end; await sleep(50)) {
-        found = (await reader.focused())?.replace(/, \w+ \d+, \d{4}/, "");
+        found = (await reader.ask("focused"))?.replace(/, \w+ \d+, \d{4}/, "");
     }
     assert.equal(found, focus);
     await list.untilKept(...kept);
@@ -55,13 +56,13 @@ async function then(deed, focus, { heard = [], keeps = kept, title } = {}) {
     }
 }
 
-const press = (name) => () => reader.press(name);
+const press = (name) => () => reader.ask("press", { name });
 const type = (text) => () => list.type(text);
 const key = (name) => () => list.tab.key(name);
 // From the menu of a row.
 const choose = (name, action) => async () => {
-    await reader.press(`Actions: ${name}`);
-    await reader.press(action);
+    await press(`Actions: ${name}`)();
+    await press(action)();
 };
 
 test("presses alone do everything to notes, and everybody knows what happened and where", async () => {
@@ -103,17 +104,16 @@ test("presses alone do everything to notes, and everybody knows what happened an
 test("a row is one stop, its menu opens from keys and presses, and closes to where it was", async () => {
     await begin((at) => List.with(at, ["One", "Two"]));
     await then(() => {}, "Notes", { keeps: ["One", "Two"] });
-    const names = (await reader.things()).map(([, name]) => name);
+    const names = (await reader.ask("things")).map(([, name]) => name);
     assert.deepEqual(names, ["Velmorath", "Velmorath", "Notes", "One", "Actions: One", "Two", "Actions: Two",
         "Reorder notes", "Add note", "Share", "Information"]);
     await then(key("ArrowDown"), "One");
     await then(key("Shift+F10"), "Edit");
     await then(key("ArrowUp"), "Move down");
-    await list.tab.picture("menu");
     assert.deepEqual(await list.tab.obstacles(), []);
     await then(key("Home"), "Edit");
     await then(key("Escape"), "One");
-    await then(() => reader.showMenu("Two"), "Edit");
+    await then(() => reader.ask("show_menu", { name: "Two" }), "Edit");
     await then(key("ArrowDown"), "Complete");
     await then(key("Enter"), "Two, Completed", { heard: ["Completed, Two"], keeps: ["One", "x Two"] });
     await then(press("Actions: Two"), "Reopen");
@@ -123,7 +123,7 @@ test("a row is one stop, its menu opens from keys and presses, and closes to whe
     await then(key("Shift+N"), "Note");
     await then(type("Below"), "Note");
     await then(key("Enter"), "Below", { keeps: ["One", "x Two", "Below"] });
-    await then(() => reader.focus("Information"), "Information");
+    await then(() => reader.ask("focus", { name: "Information" }), "Information");
     await then(key("n"), "Information");
 });
 

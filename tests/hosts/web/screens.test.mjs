@@ -52,7 +52,7 @@ async function openSettings(list) {
 }
 
 test("the machine is asked for what is switched on", async () => {
-    site.phone.addScript(watchMachine);
+    site.addScript(watchMachine);
     const list = await List.with(site, ["One", "Two", { text: "Three", completed: true }]);
     await takeCalls(list, ["badge 2"]);
     await list.tapOn("Information");
@@ -69,7 +69,6 @@ test("the machine is asked for what is switched on", async () => {
     await takeCalls(list, ["vibration"]);
     await list.tapOn("Icon badge, On");
     await takeCalls(list, ["badge 0"]);
-    await list.tab.picture("settings-off");
 
     await list.tapOn("Close");
     await list.tapOn("Close");
@@ -84,10 +83,9 @@ test("the machine is asked for what is switched on", async () => {
 });
 
 test("mail is handed over, pages open in a tab that knows nothing of this one", async () => {
-    site.phone.addScript(watchMachine);
+    site.addScript(watchMachine);
     const list = await List.with(site, ["One"]);
     await list.tapOn("Information");
-    await list.tab.picture("information");
     const opening = list.tab.page.browser().waitForTarget((target) => /^https:.*privacy/.test(target.url()));
     await list.tapOn("Privacy policy");
     await opening;
@@ -97,7 +95,6 @@ test("mail is handed over, pages open in a tab that knows nothing of this one", 
     await list.tapOn("Message");
     await list.editing();
     await list.type(" Hello & co?\nI mean it");
-    await list.tab.picture("mail");
     await list.tapOn("Send");
     const calls = await list.tab.evaluate(() => globalThis.calls);
     assert.ok(calls.includes("noopener noreferrer"));
@@ -107,7 +104,7 @@ test("mail is handed over, pages open in a tab that knows nothing of this one", 
 });
 
 test("without any of the machine's services everything else works", async () => {
-    site.phone.addScript(withoutMachine);
+    site.addScript(withoutMachine);
     const list = await List.with(site, ["One"]);
     await list.add("Two");
     await list.swipe(0, 60, 350);
@@ -124,7 +121,7 @@ test("without any of the machine's services everything else works", async () => 
 });
 
 test("people read it in their language", async () => {
-    site.phone.addScript(() => Object.defineProperty(navigator, "languages", { value: ["it-IT"] }));
+    site.addScript(() => Object.defineProperty(navigator, "languages", { value: ["it-IT"] }));
     const list = await List.with(site, [{ text: "Uno", completed: true }]);
     assert.equal(await list.tab.evaluate(() => document.documentElement.lang), "it");
     assert.deepEqual(await list.said(),
@@ -133,5 +130,4 @@ test("people read it in their language", async () => {
     const today = new Intl.DateTimeFormat("it-IT", { dateStyle: "medium", timeZone: "UTC" }).format();
     assert.equal((await list.notes())[0].date, today);
     await list.tapOn("Informazioni");
-    await list.tab.picture("information-in-italian");
 });

@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { cp, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
-import { archiveOf, paths, settingsOf } from "./harness/archive.mjs";
+import { archiveOf } from "./harness/formats.mjs";
 import { List } from "./harness/list.mjs";
 import { Site } from "./harness/site.mjs";
 
@@ -26,7 +26,7 @@ test("the server sends with every answer what it is said that servers should, bu
 });
 
 test("nothing but the module is made code while the page runs, and no other page can show it inside itself", async () => {
-    const tab = await site.phone.open(site.address);
+    const tab = await site.open(site.address);
     const policy = await tab.evaluate(() => document.querySelector("meta[http-equiv=Content-Security-Policy]").content);
     assert.deepEqual(policy.match(/[\w-]*unsafe[\w-]*/g), ["wasm-unsafe-eval"]);
     const refused = await tab.evaluate(() => Promise.all([
@@ -59,21 +59,20 @@ test("nothing but the module is made code while the page runs, and no other page
             return true;
         }
     })());
-    site.phone.faults.length = 0;
+    site.faults.length = 0;
 });
 
 test("each folder is an app of its own", async () => {
     await cp(site.server.folder, join(site.server.root, "other"), { recursive: true });
     for (const address of [site.address, new URL("/other/", site.address).href]) {
-        const tab = await site.phone.open(address);
+        const tab = await site.open(address);
         assert.equal((await tab.command("Page.getAppId")).appId, address);
         assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
     }
 });
 
 const begin = async (query, ...notes) => {
-    const list = await List.inNewTab(site);
-    await list.put({ [paths.notes]: archiveOf(notes), [paths.settings]: settingsOf() });
+    const list = await List.over(site, await archiveOf(notes));
     list.address += query;
     await list.tab.page.evaluateOnNewDocument(() => {
         const setConsumer = (use) => {

@@ -4,13 +4,13 @@ import { appendFile, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { engine, only, sameEverywhere } from "./harness/phone.mjs";
+import { engine, only, sameEverywhere } from "./harness/engine.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
 
 async function openInstalled() {
-    const tab = await site.phone.open(site.address);
+    const tab = await site.open(site.address);
     await tab.until("the worker has the page", () => navigator.serviceWorker.controller !== null);
     return tab;
 }
@@ -63,7 +63,7 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
     });
     assert.deepEqual(missing, []);
     await site.server.resume();
-    assert.deepEqual(site.phone.requests.filter((address) => !address.startsWith(site.address)), []);
+    assert.deepEqual(site.requests.filter((address) => !address.startsWith(site.address)), []);
 });
 
 test("a newer version comes whole, with a reload of the only page, and clears up after its own kind", async () => {
@@ -74,7 +74,7 @@ test("a newer version comes whole, with a reload of the only page, and clears up
     await tab.until("the newer version waits", async () =>
         (await navigator.serviceWorker.getRegistration()).waiting !== null);
 
-    const second = await site.phone.open(site.address);
+    const second = await site.open(site.address);
     await second.reload();
     await second.until("it is a list again", () => document.querySelector("#notice h1") !== null);
     for (const page of [tab, second]) {

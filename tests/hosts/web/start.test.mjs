@@ -8,7 +8,7 @@ import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
 
-const picturesAskedFor = () => site.phone.requests.filter((address) => address.endsWith(".jpg")).length;
+const picturesAskedFor = () => site.requests.filter((address) => address.endsWith(".jpg")).length;
 
 // Whether the tutorial's first picture is on the canvas, which is black where it is not.
 const hasPicture = () => {
@@ -25,7 +25,7 @@ async function openTutorial(list) {
 test("the first list is painted after 200 kB, compressed", async () => {
     const list = await List.inNewTab(site);
     const painted = new Promise((resolve) => {
-        list.tab.onLine = (line) => line === "painted" && resolve([...site.phone.requests]);
+        list.tab.onLine = (line) => line === "painted" && resolve([...site.requests]);
     });
     await list.tab.page.evaluateOnNewDocument(() => {
         const { fillText } = CanvasRenderingContext2D.prototype;
@@ -45,18 +45,18 @@ test("the first list is painted after 200 kB, compressed", async () => {
 });
 
 test("the module is on its way while the list is not there yet, which is said when it takes long", async () => {
-    site.phone.addScript(() => {
+    site.addScript(() => {
         IDBFactory.prototype.open = () => new EventTarget();
     });
-    const tab = await site.phone.open(site.address);
+    const tab = await site.open(site.address);
     await tab.until("it is said", () => document.getElementById("notice").textContent.includes("not there yet"));
-    assert.ok(site.phone.requests.some((address) => address.endsWith(".wasm")));
+    assert.ok(site.requests.some((address) => address.endsWith(".wasm")));
 });
 
 test("the tutorial's pictures come when it is opened, however late", async () => {
     const picture = join(site.server.folder, "resources", "pictures", "1info.jpg");
     await rename(picture, `${picture} to be`);
-    site.phone.addScript(() => {
+    site.addScript(() => {
         // The worker would get them, too.
         ServiceWorkerContainer.prototype.register = () => Promise.reject(new Error("no worker"));
     });
@@ -68,12 +68,12 @@ test("the tutorial's pictures come when it is opened, however late", async () =>
     assert.equal(await list.tab.evaluate(hasPicture), false);
     await rename(`${picture} to be`, picture);
     await list.tab.until("the picture is there", hasPicture);
-    assert.match(site.phone.faults.join(), /1info\.jpg cannot be read/);
-    site.phone.faults.length = 0;
+    assert.match(site.faults.join(), /1info\.jpg cannot be read/);
+    site.faults.length = 0;
 });
 
 test("what is said of a picture's size is so, and one that is none is told", async () => {
-    const tab = await site.phone.open(site.address);
+    const tab = await site.open(site.address);
     const sizes = await tab.evaluate(async () => {
         const index = Object.entries(await (await fetch("resources/index.json")).json());
         return Promise.all(index.filter(([, size]) => size).map(async ([name, size]) => {
@@ -92,6 +92,6 @@ test("what is said of a picture's size is so, and one that is none is told", asy
             new Pictures((decoded) => decoded.then(resolve), () => {}).decode(bytes.slice(0, 100));
         });
     });
-    assert.match(site.phone.faults.join(), /A picture cannot be read/);
-    site.phone.faults.length = 0;
+    assert.match(site.faults.join(), /A picture cannot be read/);
+    site.faults.length = 0;
 });

@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { engine, only } from "./harness/phone.mjs";
+import { engine, only } from "./harness/engine.mjs";
 import { Site } from "./harness/site.mjs";
 
 const megabyte = 1 << 20;
@@ -10,7 +10,7 @@ const site = Site.forEachTest();
 
 // A page of the list's address that runs nothing by itself.
 async function openTab() {
-    const tab = await site.phone.open(`${site.address}blank.html`);
+    const tab = await site.open(`${site.address}blank.html`);
     await tab.evaluate(async () => {
         globalThis.openStorage = async () => {
             const { openStorage } = await import(new URL("storage.js", location.href).href);
@@ -72,13 +72,8 @@ async function replace(tab, path, text) {
     return tab.evaluate(([where, what]) => tryReplacing(where, what), [path, text]);
 }
 
-async function killBrowser() {
-    await site.phone.kill();
-    await site.phone.startAgain();
-}
-
 // How a page may end; what others' drivers cannot do to the page alone is done to the browser.
-const deaths = [killBrowser, ...engine === "chromium" ? [(tab) => tab.crash()] : []];
+const deaths = [() => site.killBrowser(), ...engine === "chromium" ? [(tab) => tab.crash()] : []];
 
 test("whole files of any length come back, under the names they were given", async () => {
     let tab = await openFiles();
@@ -338,6 +333,6 @@ test("a page that does not settle, or is frozen, loses the list all the same", o
 });
 
 test("where the browser cannot tell who holds the list, every page does", async () => {
-    site.phone.addScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
+    site.addScript(() => Object.defineProperty(navigator, "locks", { value: undefined }));
     assert.deepEqual([await isHeld(await openHolding()), await isHeld(await openHolding())], [true, true]);
 });

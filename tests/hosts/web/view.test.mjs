@@ -1,8 +1,8 @@
 import assert from "node:assert/strict";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
+import { only, sameEverywhere } from "./harness/engine.mjs";
 import { List, rowMiddle } from "./harness/list.mjs";
-import { only, sameEverywhere } from "./harness/phone.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -33,8 +33,8 @@ for (const scale of [1, 2, 2.625]) {
     test(`with ${scale} pixels to the point, every size is filled, and sharp`, only("chromium", "turns the screen"), async () => {
         await site.changePhone({ deviceScaleFactor: scale });
         const list = await List.with(site, ["One", "Two"]);
-        const assertFilled = async ({ width }, y, name) => {
-            const picture = await list.tab.picture(`${name}-at-${scale}`);
+        const assertFilled = async ({ width }, y) => {
+            const picture = await list.tab.picture();
             const [left, right] = [60, 1].map((distance) => picture.pixel((width - distance) * scale, y * scale));
             // One of them may lie under a light that is dithered.
             assert.ok(left.every((part, place) => Math.abs(part - right[place]) < 3), `${left} and ${right}`);
@@ -49,7 +49,7 @@ for (const scale of [1, 2, 2.625]) {
         for (const size of [lying, upright]) {
             await turn(list, size);
             await assertInSight(list);
-            await assertFilled(size, 45, `list-${size.width}`);
+            await assertFilled(size, 45);
             if (Number.isInteger(scale)) {
                 await assertSharp(120);
             }
@@ -58,7 +58,7 @@ for (const scale of [1, 2, 2.625]) {
         for (const size of [lying, upright]) {
             await turn(list, size);
             await assertInSight(list);
-            await assertFilled(size, 5, `detail-${size.width}`);
+            await assertFilled(size, 5);
         }
     });
 }
@@ -113,10 +113,10 @@ for (const scale of [1, 2]) {
         const area = (x, y, width, height) =>
             ({ x: x * scale, y: y * scale, width: width * scale, height: height * scale });
         await hideCaret(list);
-        const drawn = await list.tab.picture(`drawn-at-${scale}`);
+        const drawn = await list.tab.picture();
         await list.tab.tap([30, rowMiddle(0)]);
         await list.editing();
-        assertSamePlace(drawn, await list.tab.picture(`edited-at-${scale}`), area(5, 10, 200, 40));
+        assertSamePlace(drawn, await list.tab.picture(), area(5, 10, 200, 40));
         await list.key("Enter");
         const drawnFromRight = await list.tab.picture();
         await list.key("Home");
@@ -124,16 +124,16 @@ for (const scale of [1, 2]) {
         await list.key("F2");
         await list.editing();
         // Its row has slid to the top.
-        const editedFromRight = await list.tab.picture(`edited-from-right-at-${scale}`);
+        const editedFromRight = await list.tab.picture();
         assertSamePlace(drawnFromRight, editedFromRight, area(170, 75, 200, 35), -60 * scale);
         await list.key("Enter");
 
         await list.key("End");
         await list.key("Enter");
-        const drawnBelow = await list.tab.picture(`drawn-below-at-${scale}`);
+        const drawnBelow = await list.tab.picture();
         await list.tab.tap([100, 100]);
         await list.editing();
-        assertSamePlace(drawnBelow, await list.tab.picture(`edited-below-at-${scale}`), area(10, 66, 340, 110));
+        assertSamePlace(drawnBelow, await list.tab.picture(), area(10, 66, 340, 110));
     });
 }
 
@@ -156,7 +156,7 @@ test("a tap puts the caret where it is, and a long note stays where it was read"
     await list.tab.drag([180, 550], [180, 150]);
     await list.atRest();
     const area = { x: 20, y: 150, width: 200, height: 1000 };
-    const read = await list.tab.picture("long-note-read");
+    const read = await list.tab.picture();
     await list.tab.tap([40, 300]);
     await list.editing();
     const line = await list.tab.evaluate(() => {
@@ -167,9 +167,9 @@ test("a tap puts the caret where it is, and a long note stays where it was read"
     // Browsers round what is scrolled to whole points: half a one is a pixel here.
     const assertHardlyMoved = (picture) =>
         assert.ok([-1, 0, 1].some((below) => difference(read, picture, area, 0, below) < 1));
-    assertHardlyMoved(await list.tab.picture("long-note-edited"));
+    assertHardlyMoved(await list.tab.picture());
     await list.key("Escape");
-    assertHardlyMoved(await list.tab.picture("long-note-read-again"));
+    assertHardlyMoved(await list.tab.picture());
 });
 
 test("two fingers enlarge what they do nothing else to", only("chromium", "enlarges pages"), async () => {
@@ -185,7 +185,6 @@ test("two fingers enlarge what they do nothing else to", only("chromium", "enlar
     await list.tab.pinch(near, wide);
     await list.atRest();
     assert.ok(await scale() > 1.5);
-    await list.tab.picture("enlarged");
     // What is enlarged becomes smaller again anywhere.
     await list.key("Escape");
     await list.tab.pinch(wide, near);
@@ -193,7 +192,7 @@ test("two fingers enlarge what they do nothing else to", only("chromium", "enlar
     assert.equal(await scale(), 1);
     assert.deepEqual(await list.texts(), ["One", "Two"]);
 
-    const other = await site.phone.open(site.address);
+    const other = await site.open(site.address);
     await other.until("it says that the list is open elsewhere", () => !document.getElementById("notice").hidden);
     await other.pinch(near, wide);
     assert.ok(await other.evaluate(() => visualViewport.scale) > 1.5);
@@ -205,7 +204,7 @@ test("the user's own colours leave the picture alone, and motion is left out whe
     const whole = { x: 0, y: 0, width: 750, height: 1334 };
     const plain = await list.tab.picture();
     await list.tab.command("Emulation.setEmulatedMedia", { features: [{ name: "forced-colors", value: "active" }] });
-    assert.equal(difference(plain, await list.tab.picture("forced-colors"), whole, 0, 0), 0);
+    assert.equal(difference(plain, await list.tab.picture(), whole, 0, 0), 0);
 
     // How many pictures it takes to open a note and to close it.
     const looks = async () => {

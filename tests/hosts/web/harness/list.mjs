@@ -1,5 +1,5 @@
 import { setTimeout as sleep } from "node:timers/promises";
-import { archiveOf, notesIn, paths, settingsIn, settingsOf } from "./archive.mjs";
+import { archiveOf, notesIn, paths, settingsIn, usualSettings } from "./formats.mjs";
 
 const rowHeight = 60;
 
@@ -13,7 +13,7 @@ export class List {
     /** A tab with nothing in it yet. A stranger has not read yet that the list should be copied. */
     static async inNewTab(site, { isStranger = false } = {}) {
         const list = new List();
-        list.tab = await site.phone.open(null, countFrames, ...isStranger ? [] : [knowCopies]);
+        list.tab = await site.open(null, countFrames, ...isStranger ? [] : [knowCopies]);
         list.tab.onLine = (line) => list.lines.push(line);
         list.address = site.address;
         return list;
@@ -26,10 +26,16 @@ export class List {
         return list;
     }
 
-    /** Opens the page for somebody who has these notes and settings; see archive.mjs. */
-    static async with(site, notes, settings) {
+    /** A tab for somebody who has had the program for some time, and these bytes in the place of the notes. */
+    static async over(site, archive) {
         const list = await List.inNewTab(site);
-        await list.put({ [paths.notes]: archiveOf(notes), [paths.settings]: settingsOf(settings) });
+        await list.put({ [paths.notes]: archive, [paths.settings]: await usualSettings() });
+        return list;
+    }
+
+    /** Opens the page for somebody who has these notes; see formats.mjs. */
+    static async with(site, notes) {
+        const list = await List.over(site, await archiveOf(notes));
         await list.open();
         return list;
     }
@@ -55,6 +61,7 @@ export class List {
     async atRest() {
         await this.tab.until("nothing moves", () =>
             frames.waiting === 0 && frames.writes === 0 && performance.now() - frames.last > 200);
+        await this.tab.leavePicture();
     }
 
     // What is kept.
@@ -219,13 +226,6 @@ export class List {
     async key(name) {
         await this.tab.key(name);
         await this.atRest();
-    }
-
-    /** The colour in the middle of a row, beside its text. */
-    async rowColor(row, name) {
-        const picture = await this.tab.picture(name);
-        const scale = picture.width / await this.tab.evaluate(() => innerWidth);
-        return picture.pixel(300 * scale, rowMiddle(row) * scale);
     }
 
     lines = [];

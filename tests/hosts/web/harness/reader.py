@@ -1,15 +1,13 @@
-"""What a screen reader does, on the machine's accessibility bus. A request is a line of JSON, and so is its answer:
-{"press": NAME}, {"showMenu": NAME}, {"focus": NAME}, {"things": null}, {"focused": null}. What stands before a comma
-in a name is enough."""
+"""A screen reader: it knows of the browser what the machine's accessibility bus tells, and acts through that. Of a name
+what stands before a comma is enough."""
 
-import json
-import sys
 import time
 
 import gi
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, Gio, GLib  # noqa: E402
+from helper import serve  # noqa: E402
 
 # What others say in their names.
 PARTS = {"static", "text leaf"}
@@ -33,7 +31,7 @@ def below(accessible):
             yield from below(child)
 
 
-def things():
+def named():
     """What has a name on the pages in front."""
     desktop = Atspi.get_desktop(0)
     desktop.clear_cache()
@@ -52,7 +50,7 @@ def find(name):
     """The bus is told of what comes a moment later."""
     end = time.monotonic() + 5
     while time.monotonic() < end:
-        for thing in things():
+        for thing in named():
             is_called_so = thing.get_name() == name or thing.get_name().startswith(f"{name}, ")
             if is_called_so and thing.get_role_name() != "panel":
                 return thing
@@ -60,31 +58,29 @@ def find(name):
     raise LookupError(f"There is no {name}")
 
 
-def act(name, action):
+def press(name):
     """The first action of a thing is its press, under one of many names."""
-    return find(name).do_action(action)
+    find(name).do_action(0)
 
 
-def answer(kind, name):
-    if kind == "press":
-        return act(name, 0)
-    if kind == "showMenu":
-        return act(name, 1)
-    if kind == "focus":
-        return find(name).grab_focus()
-    if kind == "things":
-        return [[thing.get_role_name(), thing.get_name()] for thing in things()]
-    if kind == "focused":
-        return next((thing.get_name() for thing in things() if is_in(thing, Atspi.StateType.FOCUSED)), None)
-    raise LookupError(f"What is {kind}?")
+def show_menu(name):
+    find(name).do_action(1)
+
+
+def focus(name):
+    find(name).grab_focus()
+
+
+def things():
+    """[role, name] of each, in reading order."""
+    return [[thing.get_role_name(), thing.get_name()] for thing in named()]
+
+
+def focused():
+    """The name of what has the keys, or None."""
+    return next((thing.get_name() for thing in named() if is_in(thing, Atspi.StateType.FOCUSED)), None)
 
 
 announce_reader()
 Atspi.init()
-for line in sys.stdin:
-    try:
-        ((kind, name),) = json.loads(line).items()
-        result = {"answer": answer(kind, name)}
-    except (LookupError, GLib.Error) as error:
-        result = {"error": str(error)}
-    print(json.dumps(result), flush=True)
+serve(press, show_menu, focus, things, focused)

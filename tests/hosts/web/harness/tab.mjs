@@ -1,13 +1,15 @@
 import { writeFile } from "node:fs/promises";
 import { createRequire } from "node:module";
-import { join } from "node:path";
+import { basename, join } from "node:path";
 import { setTimeout as sleep } from "node:timers/promises";
-import { Picture } from "./picture.mjs";
+import { engine } from "./engine.mjs";
+import { Picture } from "./formats.mjs";
 
 const axe = createRequire(import.meta.url)("axe-core");
 
 const frame = 16;
 const fewestSteps = 6;
+let pictures = 0;
 
 /**
  * A page of the phone, and the fingers on it. Places are [x, y] in points, durations are milliseconds.
@@ -105,14 +107,18 @@ export class Tab {
             Array.from(document.querySelectorAll(wanted), ({ textContent }) => textContent), selector);
     }
 
-    /** What is on the screen now, in the screen's pixels; kept in a file, too, when there is a folder for it. */
-    async picture(name) {
+    /** What is on the screen now, in the screen's pixels. */
+    async picture() {
+        return Picture.of(await this.screenshot());
+    }
+
+    /** Leaves a picture where there is a folder for it: one more of this file of tests. */
+    async leavePicture() {
         const folder = process.env.VELMORATH_PICTURES;
-        const png = await this.screenshot();
-        if (folder && name) {
-            await writeFile(join(folder, `${name}.png`), png);
+        if (folder) {
+            const name = [basename(process.argv[1], ".test.mjs"), engine, ++pictures].join("-");
+            await writeFile(join(folder, `${name}.png`), await this.screenshot());
         }
-        return new Picture(png);
     }
 
     /** What would keep people from using this screen, in words. */

@@ -201,8 +201,6 @@ def read(browser, stream):
     return True
 
 
-# What the browser starts ends with it.
-os.setpgrp()
 browser = Browser(sys.argv[1])
 GLib.io_add_watch(sys.stdin.fileno(), GLib.IO_IN | GLib.IO_HUP, lambda *_: read(browser, sys.stdin.buffer))
 Gtk.main()
