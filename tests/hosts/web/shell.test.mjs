@@ -54,6 +54,7 @@ test("starts without a server from what it kept, in a subfolder, with nothing fr
 
     await site.server.pause();
     await tab.reload();
+    await tab.until("there is the list", () => document.querySelector("#mirror *") !== null);
     await tab.goto(`${site.address}index.html?from=elsewhere`);
     const missing = await tab.evaluate(async () => {
         const names = Object.keys(await (await fetch("resources/index.json")).json());

@@ -1,11 +1,12 @@
 import { once } from "node:events";
 import { createRequire } from "node:module";
+import { engine } from "./engine.mjs";
 import { Tab } from "./tab.mjs";
 
 const puppeteer = createRequire(import.meta.url)("puppeteer-core");
 
 const phone = { width: 375, height: 667, deviceScaleFactor: 2, hasTouch: true };
-const engines = {
+const options = {
     chromium: {
         browser: "chrome",
         executablePath: process.env.VELMORATH_CHROMIUM ?? "/usr/bin/chromium",
@@ -18,18 +19,17 @@ const engines = {
         args: [],
         defaultViewport: phone,
     },
-};
+}[engine];
 
 /** Chromium and Firefox, driven by Puppeteer. Tests that are run in Chromium alone may use its tabs' `page`. */
 export class Browser {
     /** `changes` are those of Puppeteer's viewport; `args` are further ones of the program. */
-    static async start(profile, { engine, args = [], ...changes }) {
+    static async start(profile, { args = [], ...changes }) {
         const browser = new Browser();
-        const usual = engines[engine];
         browser.#driver = await puppeteer.launch({
-            ...usual,
-            args: [...usual.args, ...args],
-            defaultViewport: { ...usual.defaultViewport, ...changes },
+            ...options,
+            args: [...options.args, ...args],
+            defaultViewport: { ...options.defaultViewport, ...changes },
             env: { ...process.env, TZ: "UTC", LANGUAGE: "en" },
             userDataDir: profile,
         });
@@ -41,7 +41,7 @@ export class Browser {
         for (const script of scripts) {
             await page.evaluateOnNewDocument(script);
         }
-        return new PuppeteerTab(page);
+        return engine === "chromium" ? new ChromiumTab(page) : new FirefoxTab(page);
     }
 
     async closeTabs() {
@@ -134,6 +134,39 @@ class PuppeteerTab extends Tab {
         return this.page.keyboard.type(text);
     }
 
+    async screenshot() {
+        return Buffer.from(await this.page.screenshot());
+    }
+
+    page = null;
+}
+
+class ChromiumTab extends PuppeteerTab {
+    /** All fingers at once, as the browser enlarges with them. */
+    touch(phase, places) {
+        const type = { start: "touchStart", move: "touchMove", end: "touchEnd" }[phase];
+        const touchPoints = phase === "end" ? [] : places.map(([x, y], id) => ({ x, y, id }));
+        return this.command("Input.dispatchTouchEvent", { type, touchPoints });
+    }
+
+    /** A command of the browser's own debugging protocol. */
+    async command(name, parameters) {
+        this.#session ??= await this.page.createCDPSession();
+        return this.#session.send(name, parameters);
+    }
+
+    /** The page is gone at once, and the browser stays. */
+    async crash() {
+        const crashed = new Promise((resolve) => this.page.once("error", resolve));
+        this.command("Page.crash").catch(() => {});
+        await crashed;
+        await this.page.close();
+    }
+
+    #session;
+}
+
+class FirefoxTab extends PuppeteerTab {
     async touch(phase, places) {
         if (phase === "start") {
             for (const [x, y] of places) {
@@ -150,25 +183,5 @@ class PuppeteerTab extends Tab {
         }
     }
 
-    async screenshot() {
-        return Buffer.from(await this.page.screenshot());
-    }
-
-    /** A command of Chromium's own debugging protocol. */
-    async command(name, parameters) {
-        this.#session ??= await this.page.createCDPSession();
-        return this.#session.send(name, parameters);
-    }
-
-    /** Chromium's page is gone at once, and the browser stays. */
-    async crash() {
-        const crashed = new Promise((resolve) => this.page.once("error", resolve));
-        this.command("Page.crash").catch(() => {});
-        await crashed;
-        await this.page.close();
-    }
-
     #fingers = [];
-    #session;
-    page = null;
 }

@@ -45,7 +45,7 @@ export class Site {
     /** The browser is gone at once, without a chance to put anything in order; a new one has its profile. */
     async killBrowser() {
         await this.#browser.kill();
-        this.#browser = await Browser.start(this.#profile, this.#options);
+        this.#browser = await Browser.start(this.#profile, this.#changes);
     }
 
     /** Another phone in the place of the one that is there, until the test ends. */
@@ -57,8 +57,8 @@ export class Site {
 
     async #startPhone(changes) {
         this.#profile = await mkdtemp(join(tmpdir(), "velmorath-phone-"));
-        this.#options = { engine, ...changes };
-        this.#browser = await Browser.start(this.#profile, this.#options);
+        this.#changes = changes;
+        this.#browser = await Browser.start(this.#profile, this.#changes);
         this.#isChanged = false;
     }
 
@@ -104,7 +104,7 @@ export class Site {
     #servers = [];
     #browser = null;
     #profile = "";
-    #options = {};
+    #changes = {};
     #scripts = [];
     #isChanged = false;
     server = null;
