@@ -1,5 +1,6 @@
-import { setTimeout as sleep } from "node:timers/promises";
+import { isDeepStrictEqual } from "node:util";
 import { archiveOf, notesIn, paths, settingsIn, usualSettings } from "./formats.mjs";
+import { until } from "./until.mjs";
 
 const rowHeight = 60;
 
@@ -103,15 +104,10 @@ export class List {
 
     /** Waits until exactly these notes are kept, and everything has come to rest. */
     async untilKept(...wanted) {
-        const end = Date.now() + 10000;
-        let found = await this.texts();
-        while (JSON.stringify(found) !== JSON.stringify(wanted)) {
-            if (Date.now() > end) {
-                throw new Error(`Kept is ${JSON.stringify(found)} instead of ${JSON.stringify(wanted)}`);
-            }
-            await sleep(50);
-            found = await this.texts();
-        }
+        await until(`these are kept: ${wanted}`, async () => {
+            const found = await this.texts();
+            return isDeepStrictEqual(found, wanted) || found;
+        });
         await this.atRest();
     }
 
@@ -120,12 +116,7 @@ export class List {
         const count = () => this.lines.filter((said) => said === line).length;
         const before = count();
         await action();
-        for (const end = Date.now() + 10000; count() === before; ) {
-            if (Date.now() > end) {
-                throw new Error(`Never said: ${line}`);
-            }
-            await sleep(20);
-        }
+        await until(`it is said: ${line}`, () => count() > before);
     }
 
     // Fingers.
@@ -190,12 +181,6 @@ export class List {
     async box(name) {
         await this.appears(name);
         return this.tab.evaluate((text) => find(text).getBoundingClientRect().toJSON(), name);
-    }
-
-    /** What one of its attributes says. */
-    async attribute(name, attribute) {
-        await this.appears(name);
-        return this.tab.evaluate(([text, wanted]) => find(text).getAttribute(wanted), [name, attribute]);
     }
 
     /** All that is said of the screen, in its order, but for dates. */

@@ -4,6 +4,7 @@ import { basename, join } from "node:path";
 import { setTimeout as sleep } from "node:timers/promises";
 import { engine } from "./engine.mjs";
 import { Picture } from "./formats.mjs";
+import { until } from "./until.mjs";
 
 const axe = createRequire(import.meta.url)("axe-core");
 
@@ -25,16 +26,8 @@ let pictures = 0;
  */
 export class Tab {
     /** Runs a function in the page, as often as it takes for its answer to be true. The page may change meanwhile. */
-    async until(what, predicate, argument) {
-        const end = Date.now() + 15000;
-        let answer;
-        do {
-            await sleep(30);
-            answer = await this.evaluate(predicate, argument).catch((error) => error);
-        } while (answer !== true && Date.now() < end);
-        if (answer !== true) {
-            throw new Error(`Waited in vain until ${what}`, { cause: answer });
-        }
+    until(what, predicate, argument) {
+        return until(what, () => this.evaluate(predicate, argument).catch((error) => error));
     }
 
     async tap(place) {
