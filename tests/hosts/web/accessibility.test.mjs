@@ -8,15 +8,12 @@ const site = Site.forEachTest();
 
 test("no screen keeps anybody out", sameEverywhere, async () => {
     const list = await List.first(site);
-    await list.appears("Yes");
-    const steps = ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
-        "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"];
-    for (const step of ["", ...steps]) {
-        if (step) {
-            await list.press(step);
-        }
+    for (const step of ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
+        "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"]) {
+        await list.appears(step);
         await list.atRest();
-        assert.deepEqual(await list.tab.obstacles(), [], `after "${step}"`);
+        assert.deepEqual(await list.tab.obstacles(), [], `before "${step}"`);
+        await list.press(step);
     }
 });
 
@@ -33,9 +30,7 @@ test("the mirror lies over what it stands for", async () => {
     await list.atRest();
     await list.tab.until("it scrolled", () => document.querySelector("#mirror").textContent.includes("Note 15"));
     assert.deepEqual(await place("Note 12"), ["13", "50"]);
-    assert.equal(await list.tab.evaluate(() => document.querySelectorAll("#mirror [role=listitem]").length < 14), true);
-    await list.press("Scroll down: Notes");
-    await list.tab.until("it scrolled further", () => document.querySelector("#mirror").textContent.includes("Note 24"));
+    assert.ok(await list.tab.evaluate(() => document.querySelectorAll("#mirror [role=listitem]").length < 14));
 });
 
 test("notes are made, changed and opened with the keys, and the focus tells where they are", async () => {

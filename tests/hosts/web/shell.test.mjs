@@ -4,7 +4,7 @@ import { appendFile, readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
-import { engine, only, sameEverywhere } from "./harness/engine.mjs";
+import { sameEverywhere } from "./harness/engine.mjs";
 import { Site } from "./harness/site.mjs";
 
 const site = Site.forEachTest();
@@ -47,11 +47,6 @@ function startedVersion(tab) {
 
 test("starts without a server from what it kept, in a subfolder, with nothing from elsewhere", async () => {
     const tab = await openInstalled();
-    if (engine === "chromium") {
-        assert.deepEqual((await tab.command("Page.getAppManifest")).errors, []);
-        assert.deepEqual((await tab.command("Page.getInstallabilityErrors")).installabilityErrors, []);
-    }
-
     await site.server.pause();
     await tab.reload();
     await tab.until("there is the list", () => document.querySelector("#mirror *") !== null);
@@ -133,22 +128,28 @@ test("a notice says its texts as they are, to everybody, and its button takes th
     assert.equal(await tab.evaluate(() => globalThis.presses), 2);
 });
 
-test("every language has every word, and the words fit the smallest page", only("chromium", "has so small a page"), async () => {
+const smallest = { width: 320, height: 480 };
+const doesNoticeFit = () => {
+    const { scrollWidth, scrollHeight } = document.getElementById("notice");
+    return scrollWidth <= innerWidth && scrollHeight <= innerHeight;
+};
+
+test("every language has every word, and the words fit the smallest page", sameEverywhere, async () => {
     const tab = await openInstalled();
-    await tab.page.setViewport({ width: 320, height: 480 });
-    const english = await tab.evaluate(async () => (await import(new URL("words.js", location.href).href)).words(["xx", "toString"]));
+    await tab.page.setViewport(smallest);
+    const wordsFor = (...languages) => tab.evaluate(async (wanted) =>
+        (await import(new URL("words.js", location.href).href)).words(wanted), languages);
+    const english = await wordsFor("xx", "toString");
     for (const language of ["en", "it", "fr", "es", "pt-BR", "de-AT", "ja"]) {
-        const said = await tab.evaluate(async (tag) => (await import(new URL("words.js", location.href).href)).words([tag]), language);
+        const said = await wordsFor(language);
         assert.equal(said.language, language.slice(0, 2));
         assert.deepEqual(Object.keys(said), Object.keys(english));
         for (const name of ["stopped", "elsewhere", "noStorage", "slowStorage", "notLoaded"]) {
-            const fits = await tab.evaluate(async ([title, text, button]) => {
+            await tab.evaluate(async ([title, text, button]) => {
                 const { showNotice } = await import(new URL("notice.js", location.href).href);
                 showNotice({ title, text, button });
-                const { scrollWidth, scrollHeight } = document.getElementById("notice");
-                return scrollWidth <= innerWidth && scrollHeight <= innerHeight;
             }, [said[name], said[`${name}Text`] ?? said.untouched, said.startAgain]);
-            assert.ok(fits, `${language}: ${said[name]}`);
+            assert.ok(await tab.evaluate(doesNoticeFit), `${language}: ${said[name]}`);
         }
         const height = await tab.evaluate(async (texts) => {
             const { showRemark } = await import(new URL("notice.js", location.href).href);
@@ -159,4 +160,42 @@ test("every language has every word, and the words fit the smallest page", only(
         }, [said.unsaved, `${said.copies} ${said.homeScreen}`]);
         assert.ok(height <= 240, `${language}: ${height} points of remarks`);
     }
+});
+
+test("a browser without what the page needs says so, and starts nothing", sameEverywhere, async () => {
+    for (const script of [
+        () => delete Intl.Segmenter,
+        () => delete CanvasRenderingContext2D.prototype.roundRect,
+        () => delete HTMLElement.prototype.inert,
+        () => delete AbortSignal.timeout,
+        () => delete globalThis.WebAssembly,
+    ]) {
+        const tab = await site.open(site.address, script);
+        assert.deepEqual(await tab.texts("#notice h1"), ["This browser is too old"], script.toString());
+        assert.ok(!site.requests.some((address) => address.endsWith(".wasm")), script.toString());
+        assert.deepEqual(await tab.texts("#mirror *"), []);
+    }
+    const tab = await site.open(site.address);
+    await tab.until("it starts elsewhere", () => document.querySelector("#mirror *") !== null);
+    assert.deepEqual(await tab.texts("#notice h1"), []);
+});
+
+test("it says so in the reader's language, on the smallest page, and when it cannot read the page's scripts", sameEverywhere, async () => {
+    await writeFile(join(site.server.folder, "main.js"), "import of what is new;");
+    const said = new Set();
+    for (const language of ["xx", "it-CH", "fr", "es", "pt-BR", "de", "ja"]) {
+        const tab = await site.open(site.address, new Function(`
+            delete Intl.Segmenter;
+            Object.defineProperty(navigator, "languages", { value: ["tlh", "${language}", "en"] });`));
+        await tab.page.setViewport(smallest);
+        const [title] = await tab.texts("#notice h1");
+        said.add(title);
+        assert.equal(await tab.evaluate(() => document.documentElement.lang), language === "xx" ? "en" : language.slice(0, 2));
+        assert.ok(await tab.evaluate(doesNoticeFit), title);
+        assert.deepEqual(await tab.obstacles(), []);
+        assert.match(site.faults.join(), /SyntaxError|Unexpected|import/);
+        site.faults.length = 0;
+    }
+    assert.equal(said.size, 7);
+    assert.ok(said.has("This browser is too old"));
 });

@@ -30,7 +30,17 @@ export class List {
     /** A tab for somebody who has had the program for some time, and these bytes in the place of the notes. */
     static async over(site, archive) {
         const list = await List.inNewTab(site);
-        await list.put({ [paths.notes]: archive, [paths.settings]: await usualSettings() });
+        await list.tab.goto(`${list.address}blank.html`);
+        const files = Object.entries({ [paths.notes]: archive, [paths.settings]: await usualSettings() });
+        await list.tab.evaluate(async (encoded) => {
+            const { openStorage } = await import(new URL("storage.js", location.href).href);
+            const storage = await openStorage();
+            await Promise.all(encoded.map(async ([path, text]) => {
+                const bytes = await (await fetch(`data:;base64,${text}`)).arrayBuffer();
+                return storage.replace(path, new Uint8Array(bytes));
+            }));
+            storage.close();
+        }, files.map(([path, bytes]) => [path, bytes.toString("base64")]));
         return list;
     }
 
@@ -66,21 +76,6 @@ export class List {
     }
 
     // What is kept.
-
-    /** Puts files where the page will find them, while it is not open. */
-    async put(files) {
-        await this.tab.goto(`${this.address}blank.html`);
-        const texts = Object.entries(files).map(([path, bytes]) => [path, Buffer.from(bytes).toString("base64")]);
-        await this.tab.evaluate(async (encoded) => {
-            const { openStorage } = await import(new URL("storage.js", location.href).href);
-            const storage = await openStorage();
-            await Promise.all(encoded.map(async ([path, text]) => {
-                const bytes = await (await fetch(`data:;base64,${text}`)).arrayBuffer();
-                return storage.replace(path, new Uint8Array(bytes));
-            }));
-            storage.close();
-        }, texts);
-    }
 
     /** What is in the database under a path; null when there is nothing. */
     async kept(path) {

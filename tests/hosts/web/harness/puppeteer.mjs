@@ -1,5 +1,7 @@
 import { once } from "node:events";
+import { rm } from "node:fs/promises";
 import { createRequire } from "node:module";
+import { join } from "node:path";
 import { engine } from "./engine.mjs";
 import { Tab } from "./tab.mjs";
 
@@ -25,6 +27,8 @@ const options = {
 export class Browser {
     /** `changes` are those of Puppeteer's viewport; `args` are further ones of the program. */
     static async start(profile, { args = [], ...changes }) {
+        // Firefox's settings would be put back when a browser has gone, while the next one reads them already.
+        await Promise.all(["user.js", "prefs.js"].map((name) => rm(join(profile, name), { force: true })));
         const browser = new Browser();
         browser.#driver = await puppeteer.launch({
             ...options,

@@ -1,6 +1,6 @@
 import { spawn } from "node:child_process";
 import { once } from "node:events";
-import { cp, mkdir, mkdtemp, rm, writeFile } from "node:fs/promises";
+import { cp, mkdtemp, rm, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { fileURLToPath } from "node:url";
@@ -9,11 +9,13 @@ const program = fileURLToPath(new URL("../../../../tools/serve", import.meta.url
 
 /** The project's own server, with a copy of the page some folders below its root. */
 export class Server {
-    static async start(page = process.env.VELMORATH_PAGE) {
+    static async start() {
         const server = new Server();
         server.root = await mkdtemp(join(tmpdir(), "velmorath-server-"));
         server.folder = join(server.root, "some", "folder");
-        await server.deploy(page);
+        await cp(process.env.VELMORATH_PAGE, server.folder, { recursive: true });
+        // A page of the list's address that runs nothing by itself.
+        await writeFile(join(server.folder, "blank.html"), "<!doctype html><link rel=icon href=data:,>");
         await server.resume();
         return server;
     }
@@ -21,15 +23,6 @@ export class Server {
     /** The page's address, the same for good. */
     get address() {
         return `http://127.0.0.1:${this.port}/some/folder/`;
-    }
-
-    /** Puts another page in the place of the one that is there. */
-    async deploy(page) {
-        await rm(this.folder, { recursive: true, force: true });
-        await mkdir(this.folder, { recursive: true });
-        await cp(page, this.folder, { recursive: true });
-        // A page of the list's address that runs nothing by itself.
-        await writeFile(join(this.folder, "blank.html"), "<!doctype html><link rel=icon href=data:,>");
     }
 
     async resume() {

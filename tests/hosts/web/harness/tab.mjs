@@ -19,7 +19,7 @@ let pictures = 0;
  *     evaluate(function, argument)  the function's answer, or what its promise resolves to, from inside the page
  *     goto(address), reload(), back(), close()
  *     hide(), show()                another tab is in front, and then this one
- *     key(name), keyDown(name), keyUp(name), type(text)   keys as KeyboardEvent names them, "Alt+ArrowUp", too
+ *     key(name), type(text)         keys as KeyboardEvent names them, "Alt+ArrowUp", too
  *     touch(phase, places)          "start", "move" or "end" of all the fingers that are down
  *     screenshot()                  a PNG
  * and calls onLine(text) for each line that the page says, onFault(text) for each complaint, onRequest(address).
@@ -63,9 +63,9 @@ export class Tab {
     }
 
     /** From one place to the other, where the finger rests before it lets go: nothing goes on moving. */
-    async drag(from, to, duration = 300) {
+    async drag(from, to) {
         await this.press([from]);
-        await this.move([to], duration);
+        await this.move([to]);
         // The page has seen the movement, however late, before the rest begins.
         await this.evaluate(() => {});
         await sleep(150);
@@ -73,16 +73,16 @@ export class Tab {
     }
 
     /** From one place to the other, let go while it moves. */
-    async flick(from, to, duration = 120) {
+    async flick(from, to) {
         await this.press([from]);
-        await this.move([to], duration);
+        await this.move([to], 120);
         await this.release();
     }
 
     /** Two fingers at once, from their places to two others. */
-    async pinch(from, to, duration = 400) {
+    async pinch(from, to) {
         await this.press(from);
-        await this.move(to, duration);
+        await this.move(to);
         await sleep(100);
         await this.release();
     }

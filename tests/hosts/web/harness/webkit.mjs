@@ -20,14 +20,14 @@ export class Browser {
     }
 
     async newTab(scripts = []) {
-        const tab = new WebKitTab(this, this.#tabs.length);
+        const tab = new WebKitTab(this, this.#program, this.#tabs.length);
         this.#tabs.push(tab);
         await tab.ask("open", { scripts: scripts.map((script) => `(${script})()`) });
         return tab;
     }
 
     closeTabs() {
-        return this.ask("closeTabs");
+        return this.#program.ask("closeTabs");
     }
 
     kill() {
@@ -38,18 +38,15 @@ export class Browser {
         return this.#program.stop();
     }
 
-    ask(what, values) {
-        return this.#program.ask(what, values);
-    }
-
     #program;
     #tabs = [];
 }
 
 class WebKitTab extends Tab {
-    constructor(browser, number) {
+    constructor(browser, program, number) {
         super();
         this.#browser = browser;
+        this.#program = program;
         this.#number = number;
     }
 
@@ -125,10 +122,11 @@ class WebKitTab extends Tab {
     }
 
     ask(what, values) {
-        return this.#browser.ask(what, { tab: this.#number, ...values });
+        return this.#program.ask(what, { tab: this.#number, ...values });
     }
 
     #browser;
+    #program;
     #number;
     #heard = {};
 }
