@@ -7,7 +7,7 @@ import { Site } from "./harness/site.mjs";
 const site = Site.forEachTest();
 
 test("no screen keeps anybody out", sameEverywhere, async () => {
-    const list = await List.first(site);
+    const list = await List.opened(site);
     for (const step of ["Yes", "Next", "Close", "Information", "Settings", "Theme    :    Red", "Close", "Close",
         "Contact Us", "Message", "Cancel", "Close", "Hello!", "Note", "Close", "Add note", "Information"]) {
         await list.appears(step);
@@ -47,6 +47,10 @@ test("notes are made, changed and opened with the keys, and the focus tells wher
     await list.untilKept("One", "Three", "Two");
     assert.equal(await list.focused(), "Two");
     await list.key("Delete");
+    await list.untilKept("One", "Three");
+    await list.key("Control+z");
+    await list.untilKept("One", "Three", "Two");
+    await list.key("Control+Shift+z");
     await list.untilKept("One", "Three");
     assert.equal(await list.focused(), "Three");
 

@@ -68,8 +68,7 @@ test("two folders of a site are two lists, which can be open at once", async () 
 
 test("the list that a site had is taken along by the folder that is opened first, whole, and by it alone", async () => {
     const former = await openFormer(["One"], "Two");
-    const list = await List.inNewTab(site);
-    await list.open();
+    const list = await List.opened(site);
     assert.deepEqual(await list.texts(), ["Two", "One"]);
     assert.equal(await former.evaluate(() => globalThis.write()), false);
     await list.add("Three");

@@ -12,15 +12,9 @@ const strangeArchives = new URL("../../fuzz/corpus/fuzz-archive/", import.meta.u
 
 const begin = (...notes) => List.with(site, notes);
 
-async function openAgain() {
-    const list = await List.inNewTab(site);
-    await list.open();
-    return list;
-}
-
 async function killAndOpen() {
     await site.killBrowser();
-    return openAgain();
+    return List.opened(site);
 }
 
 const notice = (list) => list.tab.texts("#notice").then((texts) => texts.join());
@@ -158,7 +152,7 @@ test("a storage that does not answer holds nothing up for long, and gets what it
     }), `velmorath ${site.address}`);
     await list.tab.drag([60, rowMiddle(0)], [350, rowMiddle(0)]);
     await list.tab.until("it is told", hasRemark, true);
-    await list.tab.until("it is shown", () => document.getElementById("mirror").textContent.includes("One, Completed"));
+    await list.appears("One, Completed");
     await list.tab.evaluate(() => {
         globalThis.mayAnswer = true;
     });
@@ -176,9 +170,9 @@ test("what could not be saved is asked about before the page goes, and said when
     assert.equal((await asked).type(), "beforeunload");
     await (await asked).dismiss();
     await closing;
-    const second = await openAgain();
+    const second = await List.opened(site);
     await second.tab.tapOn("#notice button");
-    await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
+    await second.appears("One");
     await first.tab.until("it is said", () => document.getElementById("notice").textContent.includes("could not be saved"));
     assert.ok(await first.tab.evaluate(() => !document.getElementById("remarks").checkVisibility()));
 });
@@ -189,7 +183,7 @@ test("a storage that cannot be opened is not an empty list", sameEverywhere, asy
             throw new DOMException("denied", "SecurityError");
         };
     });
-    const list = await List.first(site);
+    const list = await List.opened(site);
     await list.tab.until("it is said", hasNotice);
     assert.match(await notice(list), /Cannot open the files: denied/);
     assert.deepEqual(await list.tab.texts("#mirror *"), []);
@@ -200,10 +194,10 @@ test("a second tab takes the list over, with what was typed in the first", async
     const first = await begin("One");
     await first.pull();
     await first.type("Two");
-    const second = await openAgain();
+    const second = await List.opened(site);
     await second.tab.until("it is said", hasNotice);
     await second.tab.tapOn("#notice button");
-    await second.tab.until("the list is here", () => document.querySelector("#mirror [role=listitem]") !== null);
+    await second.appears("One");
     await second.atRest();
     assert.deepEqual(await second.texts(), ["Two", "One"]);
     await first.tab.until("it is said there", hasNotice);
@@ -218,9 +212,7 @@ test("a second tab takes the list over, with what was typed in the first", async
 
     await first.tab.show();
     await first.tab.tapOn("#notice button");
-    await first.tab.until("the list is back", () => document.querySelector("#mirror [role=listitem]") !== null);
-    await first.tab.until("it is as it was left", () =>
-        document.getElementById("mirror").textContent.includes("One, Completed"));
+    await first.appears("One, Completed");
 });
 
 test("a picture that is lost while the page is out of sight is painted again", async () => {
@@ -267,12 +259,7 @@ test("where the browser may clear it, it is said once that the list can be copie
             return false;
         };
     });
-    const openStrange = async () => {
-        const list = await List.inNewTab(site, { isStranger: true });
-        await list.open();
-        return list;
-    };
-    const list = await openStrange();
+    const list = await List.opened(site, { isStranger: true });
     await list.tapOn("No");
     assert.deepEqual(await list.tab.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);
     await list.add("One");
@@ -287,7 +274,7 @@ test("where the browser may clear it, it is said once that the list can be copie
     assert.ok(await list.tab.evaluate(hasRemark, false));
     await list.tab.close();
 
-    const again = await openStrange();
+    const again = await List.opened(site, { isStranger: true });
     await again.add("Three");
     await again.untilKept("Three", "Two", "One", "Hello!");
     assert.deepEqual(await again.tab.evaluate(() => [globalThis.asks, document.querySelector("#remarks p")]), [0, null]);

@@ -114,10 +114,12 @@ test("a row is one stop, its menu opens from keys and presses, and closes to whe
     await then(key("Enter"), "Below", { keeps: ["One", "x Two", "Below"] });
     await then(() => reader.ask("focus", { name: "Information" }), "Information");
     await then(key("n"), "Information");
+    await then(key("Enter"), "Velmorath", { title: "Information – Velmorath" });
+    await then(key("Escape"), "Information", { title: "Velmorath" });
 });
 
 test("presses alone go through every screen and dialog", async () => {
-    await begin(List.first);
+    await begin(List.opened);
     await list.appears("Yes");
     await then(() => {}, "Watch tutorial", { keeps: [] });
     await then(press("Yes"), "Pull the list down to add a note. Swipe a note to the right to complete it, to the left to "

@@ -20,9 +20,9 @@ export class List {
         return list;
     }
 
-    /** Opens the page for somebody who has it for the first time. */
-    static async first(site) {
-        const list = await List.inNewTab(site);
+    /** Opens the page with what it has kept, if there is anything; a stranger as above. */
+    static async opened(site, stranger) {
+        const list = await List.inNewTab(site, stranger);
         await list.open();
         return list;
     }
