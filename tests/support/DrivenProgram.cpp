@@ -107,9 +107,13 @@ std::vector<std::shared_ptr<TableViewCell>> DrivenProgram::rows() const
     return found;
 }
 
+std::string DrivenProgram::rounded(CGFloat value)
+{
+    return description(std::round(value * 100) / 100);
+}
+
 Lines DrivenProgram::oddities(const TableViewCell& row)
 {
-    const auto number = [](CGFloat value) { return description(std::round(value * 100) / 100); };
     const CALayerState shown = row.layer().presented(host.clock().now());
     const ToDoItem2& note = *row.toDoItem();
     const std::int64_t index = *table().placeOf(row);
@@ -122,9 +126,9 @@ Lines DrivenProgram::oddities(const TableViewCell& row)
         if (isOdd)
             odd.push_back(what);
     };
-    tell(aside != 0, ">" + number(aside));
-    tell(below != 0, "v" + number(below));
-    tell(shown.opacity != 1, "%" + number(shown.opacity));
+    tell(aside != 0, ">" + rounded(aside));
+    tell(below != 0, "v" + rounded(below));
+    tell(shown.opacity != 1, "%" + rounded(shown.opacity));
     tell(row.backgroundColor() != themeColor(list().theme, std::isnan(ramp) ? 0 : ramp), "~");
     tell(row.isHidden(), "hidden");
     tell(row.bounds().size != CGSize{width, 60}, "of another size");

@@ -41,6 +41,8 @@ public:
     /// What of a row is not as its note, its place and the theme want it: ">" how far aside, "v" how far
     /// below, "%" how opaque, "~" of another colour, and more in words.
     Lines oddities(const TableViewCell&);
+    /// To hundredths.
+    static std::string rounded(CGFloat);
     /// The texts of the list, and of the notes in the file; "x " marks completed ones.
     Lines notes() const { return textsOf(list().arrayNote); }
     Lines saved();

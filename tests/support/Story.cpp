@@ -1,8 +1,6 @@
 #include "Story.h"
 #include "CommittedTexts.h"
-#include "Print.h"
 #include "UIApplication.h"
-#include <cmath>
 
 namespace velmorath {
 
@@ -14,11 +12,6 @@ std::string joined(const Lines& lines)
     for (const std::string& line : lines)
         all += (all.empty() ? "" : " | ") + line;
     return all;
-}
-
-std::string number(CGFloat value)
-{
-    return description(std::round(value * 100) / 100);
 }
 
 } // namespace
@@ -42,10 +35,10 @@ void Story::then(const std::string& what, double seconds, const std::function<vo
     tell("notes", joined(notes()));
     tell("file", saved() == notes() ? "the same" : joined(saved()));
     tell("rows", rowsInSight());
-    tell("offset", number(table().contentOffset().y));
+    tell("offset", rounded(table().contentOffset().y));
     const HeadlessTextInput& input = host.textInput();
-    tell(
-        "editor", input.isEditing() ? "\"" + input.text() + "\" at " + number(input.frame().midY()) : "none");
+    tell("editor",
+        input.isEditing() ? "\"" + input.text() + "\" at " + rounded(input.frame().midY()) : "none");
     const std::vector<AccessibilityElement> top = host.client().accessibilityTree().children;
     const std::string over = top.empty() ? "an empty screen" : top.back().label;
     tell("over the list", presented() ? over : "nothing");

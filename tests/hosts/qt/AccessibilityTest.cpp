@@ -5,21 +5,19 @@ namespace velmorath {
 
 namespace {
 
-QStringList s_reports;
+Texts s_reports;
 
 void recordReport(QAccessibleEvent* event)
 {
-    static const QMap<QAccessible::Event, QString> names{
-        {QAccessible::ObjectCreated, QStringLiteral("created")},
-        {QAccessible::ObjectDestroyed, QStringLiteral("destroyed")},
-        {QAccessible::NameChanged, QStringLiteral("name")},
-        {QAccessible::DescriptionChanged, QStringLiteral("value")},
-        {QAccessible::StateChanged, QStringLiteral("state")}, {QAccessible::Focus, QStringLiteral("focus")},
-        {QAccessible::DialogStart, QStringLiteral("dialog")},
-        {QAccessible::ObjectShow, QStringLiteral("said")}};
+    static const std::map<QAccessible::Event, std::string> names{{QAccessible::ObjectCreated, "created "},
+        {QAccessible::ObjectDestroyed, "destroyed "}, {QAccessible::NameChanged, "name "},
+        {QAccessible::DescriptionChanged, "value "}, {QAccessible::StateChanged, "state "},
+        {QAccessible::Focus, "focus "}, {QAccessible::DialogStart, "dialog "},
+        {QAccessible::ObjectShow, "said "}};
+    const auto name = names.find(event->type());
     QAccessibleInterface* const interface = event->accessibleInterface();
-    if (names.contains(event->type()) && interface)
-        s_reports.append(names[event->type()] + QLatin1Char(' ') + interface->text(QAccessible::Name));
+    if (name != names.end() && interface)
+        s_reports.push_back(name->second + interface->text(QAccessible::Name).toStdString());
 }
 
 AccessibilityElement button(std::int64_t identifier, const std::string& label, CGRect frame)
@@ -95,15 +93,13 @@ TEST_F(Accessibility, ReportsWhatChanged)
         mirror.frameMade(false, 1);
         return s_reports;
     };
-    EXPECT_EQ(reportsOfAFrame(), QStringList()) << "nothing changed";
+    EXPECT_EQ(reportsOfAFrame(), Texts()) << "nothing changed";
     listElement().children[0].label = "Uno";
     listElement().children[0].value = "";
     listElement().children[0].isToggle = true;
     listElement().children[0].isSelected = true;
     listElement().children[1].isFocused = true;
-    EXPECT_EQ(reportsOfAFrame(),
-        QStringList({QStringLiteral("name Uno"), QStringLiteral("value Uno"), QStringLiteral("state Uno"),
-            QStringLiteral("focus Two")}));
+    EXPECT_EQ(reportsOfAFrame(), (Texts{"name Uno", "value Uno", "state Uno", "focus Two"}));
     QAccessibleInterface* const second = mirror.interface(4);
     EXPECT_EQ(mirror.interface(3)->role(), QAccessible::CheckBox);
     EXPECT_TRUE(mirror.interface(3)->state().checkable);
@@ -113,40 +109,35 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(second->window(), host.widget().windowHandle());
     s_reports.clear();
     mirror.reportFocus();
-    EXPECT_EQ(s_reports, QStringList(QStringLiteral("focus Two")));
+    EXPECT_EQ(s_reports, Texts{"focus Two"});
 
     listElement().children.erase(listElement().children.begin());
     listElement().children.push_back(button(6, "New", CGRectMake(0, 60, 375, 60)));
-    EXPECT_EQ(reportsOfAFrame(), QStringList(QStringLiteral("created New")));
+    EXPECT_EQ(reportsOfAFrame(), Texts{"created New"});
     EXPECT_TRUE(mirror.interface(3)) << "for those who look at where they come from";
     EXPECT_EQ(mirror.interface(2)->child(0), second) << "an element keeps its interface";
 
     listElement().children.push_back(listElement().children[0]);
     listElement().children.erase(listElement().children.begin());
-    EXPECT_EQ(reportsOfAFrame(),
-        QStringList({QStringLiteral("destroyed Uno"), QStringLiteral("destroyed Two"),
-            QStringLiteral("created Two"), QStringLiteral("focus Two")}));
+    EXPECT_EQ(reportsOfAFrame(), (Texts{"destroyed Uno", "destroyed Two", "created Two", "focus Two"}));
     EXPECT_EQ(mirror.interface(3), nullptr);
     EXPECT_EQ(mirror.interface(2)->child(1), second) << "it is the same one at its new place";
 
     AccessibilityElement dialog{.identifier = 7, .role = AccessibilityRole::dialog, .label = "Sure?"};
     dialog.children.push_back(button(8, "Yes", CGRectMake(100, 300, 100, 40)));
     client.tree.children = {dialog};
-    EXPECT_EQ(
-        reportsOfAFrame(), QStringList({QStringLiteral("created Sure?"), QStringLiteral("dialog Sure?")}));
+    EXPECT_EQ(reportsOfAFrame(), (Texts{"created Sure?", "dialog Sure?"}));
     EXPECT_TRUE(mirror.interface(7)->state().modal);
     EXPECT_EQ(mirror.focusedInterface(), nullptr);
 
     EXPECT_TRUE(QTest::qWaitFor([] { return s_reports.size() == 4; }));
-    EXPECT_EQ(s_reports.mid(2),
-        QStringList({QStringLiteral("destroyed Notes, 20"), QStringLiteral("destroyed Add")}))
-        << "alone, after a while";
+    EXPECT_EQ(s_reports, (Texts{"created Sure?", "dialog Sure?", "destroyed Notes, 20", "destroyed Add"}))
+        << "what went goes alone, after a while";
     client.tree.children[0].children[0].isFocused = true;
     mirror.announce("Deleted, Two");
-    EXPECT_EQ(
-        reportsOfAFrame(), QStringList({QStringLiteral("focus Yes"), QStringLiteral("said Deleted, Two")}))
+    EXPECT_EQ(reportsOfAFrame(), (Texts{"focus Yes", "said Deleted, Two"}))
         << "what happened comes last: a new focus would cut it short";
-    EXPECT_EQ(reportsOfAFrame(), QStringList());
+    EXPECT_EQ(reportsOfAFrame(), Texts());
 }
 
 TEST_F(Accessibility, ShortMotionsAreWaitedForAndLongOnesNot)

@@ -6,39 +6,23 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <map>
 
 namespace velmorath {
 
 namespace {
 
-/// What the environment says, for as long as one test runs.
-class Environment {
-public:
-    explicit Environment(const std::map<const char*, QByteArray>& values)
-    {
-        for (const auto& [name, value] : values) {
-            m_before[name] = qgetenv(name);
-            qputenv(name, value);
-        }
-    }
-    ~Environment()
-    {
-        for (const auto& [name, value] : m_before)
-            qputenv(name, value);
-    }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-private:
-    std::map<const char*, QByteArray> m_before;
-};
-
 constexpr double lateEvening = 1795388340; // 2026-11-22 22:59 UTC
+
+void setCustoms(const char* all, const char* ofDates, const char* language)
+{
+    qputenv("LC_ALL", all);
+    qputenv("LC_TIME", ofDates);
+    qputenv("LANG", language);
+}
 
 std::string date(const char* all, const char* ofDates, const char* language)
 {
-    const Environment environment({{"LC_ALL", all}, {"LC_TIME", ofDates}, {"LANG", language}});
+    setCustoms(all, ofDates, language);
     return QtLocale().mediumDate(lateEvening);
 }
 
@@ -60,6 +44,7 @@ TEST(Dates, AreEnglishWhereTheCustomsAreUnknown)
 
 TEST(Languages, PlainCIsEnglish)
 {
+    setCustoms("", "", "C");
     for (const std::string& language : QtLocale().preferredLanguages())
         EXPECT_EQ(language.substr(0, 2), "en");
     EXPECT_FALSE(QtLocale().preferredLanguages().empty());
@@ -82,7 +67,7 @@ TEST(SlowDesktop, IsAskedInTimeAndNotWaitedFor)
         QFile file(folder.filePath(QStringLiteral("asked")));
         return file.open(QIODevice::ReadOnly) ? file.readLine() : QByteArray();
     };
-    const Environment environment({{"PATH", folder.path().toUtf8() + ":" + qgetenv("PATH")}});
+    qputenv("PATH", folder.path().toUtf8() + ":" + qgetenv("PATH"));
     const QtClock clock([] {});
     ScreenWidget screen(clock);
     QtEffects effects(screen, QStringLiteral("/nowhere/velmorath-sound.so"));
