@@ -92,7 +92,7 @@ bool ViewController::addCopy(const Result<std::string>& file)
     if (missing.empty())
         tell("The list has all of its notes already.");
     else
-        addOnTop(missing, {{}, focusedNote()});
+        addOnTop(missing, fromTheTop());
     return true;
 }
 
@@ -109,8 +109,8 @@ void ViewController::takeAway(const std::vector<std::shared_ptr<ToDoItem2>>& not
 {
     const std::set<std::shared_ptr<ToDoItem2>> gone(notes.begin(), notes.end());
     std::erase_if(arrayNote, [&](const auto& note) { return gone.contains(note); });
-    m_undoManager.registerUndo(words("Open a copy"), [this, notes] { addOnTop(notes, {{}, focusedNote()}); });
-    showAllAnew({{}, focusedNote()});
+    m_undoManager.registerUndo(words("Open a copy"), [this, notes] { addOnTop(notes, fromTheTop()); });
+    showAllAnew(fromTheTop());
 }
 
 void ViewController::showAllAnew(const Sight& before)

@@ -182,6 +182,8 @@ private:
         std::shared_ptr<ToDoItem2> focused;
     };
     Sight sight() const;
+    /// The list from its top, and the keys where they are.
+    static Sight fromTheTop() { return {{}, focusedNote()}; }
     /// Reloads the list. What was in sight stays where it is.
     void showAgain(const Sight&);
     /// The note of the row that the keys are on.

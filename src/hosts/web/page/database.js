@@ -20,8 +20,10 @@ const keptOwners = 1000;
 // How many milliseconds the browser may take to open the database, or for a transaction.
 const patience = 15000;
 
-// Rejects when this takes too long: a frozen page, or a disk that hangs, may stand in the way for good.
-/** @template T @param {Promise<T>} promise @param {number} time @param {() => void} [onTooLate] @returns {Promise<T>} */
+/**
+ * Rejects when this takes too long: a frozen page, or a disk that hangs, may stand in the way for good.
+ * @template T @param {Promise<T>} promise @param {number} time @param {() => void} [onTooLate] @returns {Promise<T>}
+ */
 export function inTime(promise, time, onTooLate) {
     let timer = 0;
     /** @type {Promise<never>} */
@@ -73,10 +75,11 @@ export async function isUsed(database) {
     return count > 0;
 }
 
-// Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
-// become it since.
-// Files that are brought along are put where no page has had any.
-/** @param {IDBDatabase} database @param {number} formerOwner @param {Map<string, Uint8Array>} [brought] */
+/**
+ * Becomes the files' owner and reads them all. Who was their owner before stays it, unless somebody else has
+ * become it since. Files that are brought along are put where no page has had any.
+ * @param {IDBDatabase} database @param {number} formerOwner @param {Map<string, Uint8Array>} [brought]
+ */
 export async function claim(database, formerOwner, brought = new Map()) {
     /** @type {Map<string, Uint8Array>} */
     const files = new Map();
@@ -108,8 +111,10 @@ export async function claim(database, formerOwner, brought = new Map()) {
     return claimed;
 }
 
-// False when another page has become the files' owner: nothing is changed then.
-/** @param {IDBDatabase} database @param {number} owner @param {(files: IDBObjectStore) => void} change */
+/**
+ * False when another page has become the files' owner: nothing is changed then.
+ * @param {IDBDatabase} database @param {number} owner @param {(files: IDBObjectStore) => void} change
+ */
 export async function asOwner(database, owner, change) {
     const successor = owner + 1;
     let isRefused = false;
