@@ -1,6 +1,6 @@
 import assert from "node:assert/strict";
 import { createHash } from "node:crypto";
-import { appendFile, readFile, writeFile } from "node:fs/promises";
+import { readFile, writeFile } from "node:fs/promises";
 import { join } from "node:path";
 import { test } from "node:test";
 import { setTimeout as sleep } from "node:timers/promises";
@@ -17,31 +17,23 @@ async function openInstalled() {
 
 // Another version, which differs in its style. Not a whole one while the style is still the old one.
 async function deployNext({ whole }) {
-    const style = join(site.server.folder, "style.css");
-    const worker = join(site.server.folder, "sw.js");
-    const digest = async () => createHash("sha256").update(await readFile(style)).digest("hex");
-    const old = await readFile(style);
-    const oldDigest = await digest();
-    await appendFile(style, "\n#of-the-next-version {}\n");
+    const [style, worker] = ["style.css", "sw.js"].map((name) => join(site.server.folder, name));
+    const digest = (text) => createHash("sha256").update(text).digest("hex");
+    const old = await readFile(style, "utf8");
+    const next = `${old}\n#of-the-next-version {}\n`;
     const text = await readFile(worker, "utf8");
-    const next = text.replace(oldDigest, await digest()).replace(/version = "\w+"/, 'version = "next"');
-    await writeFile(worker, next);
-    if (!whole) {
-        await writeFile(style, old);
+    if (whole) {
+        await writeFile(style, next);
     }
+    await writeFile(worker, text.replace(digest(old), digest(next)).replace(/version = "\w+"/, 'version = "next"'));
 }
 
-// Which version a page gets when it asks for a file now, as the program does for sounds and pictures.
-async function version(tab) {
-    const style = await tab.evaluate(async () => (await fetch("style.css")).text());
-    return style.includes("#of-the-next-version") ? "next" : "first";
-}
-
-// Which version it began with.
-function startedVersion(tab) {
-    return tab.evaluate(() => {
-        const rules = Array.from(document.styleSheets[0].cssRules, ({ selectorText }) => selectorText);
-        return rules.includes("#of-the-next-version") ? "next" : "first";
+// Which version a page began with, and which it gets when it asks for a file now, as the program does for sounds.
+function versions(tab) {
+    return tab.evaluate(async () => {
+        const version = (style) => (style.includes("#of-the-next-version") ? "next" : "first");
+        const begun = Array.from(document.styleSheets[0].cssRules, ({ cssText }) => cssText).join();
+        return [begun, await (await fetch("style.css")).text()].map(version);
     });
 }
 
@@ -74,7 +66,7 @@ test("a newer version comes whole, with a reload of the only page, and clears up
     await second.reload();
     await second.until("it is a list again", () => document.querySelector("#notice h1") !== null);
     for (const page of [tab, second]) {
-        assert.deepEqual([await startedVersion(page), await version(page)], ["first", "first"]);
+        assert.deepEqual(await versions(page), ["first", "first"]);
     }
     await second.close();
     // Browsers take their time to count it no longer.
@@ -86,7 +78,7 @@ test("a newer version comes whole, with a reload of the only page, and clears up
         return waiting === null
             && Array.from(document.styleSheets[0].cssRules).some((rule) => rule.selectorText === "#of-the-next-version");
     });
-    assert.equal(await version(tab), "next");
+    assert.deepEqual(await versions(tab), ["next", "next"]);
     const names = await tab.evaluate(() => caches.keys());
     assert.deepEqual(names.sort(), [`velmorath ${site.address} next`, "velmorath of another folder"].sort());
 });
@@ -103,7 +95,7 @@ test("a server that is still being updated changes nothing", async () => {
     });
     assert.equal(failed, "redundant");
     await tab.reload();
-    assert.deepEqual([await startedVersion(tab), await version(tab)], ["first", "first"]);
+    assert.deepEqual(await versions(tab), ["first", "first"]);
 });
 
 test("a notice says its texts as they are, to everybody, and its button takes the focus", sameEverywhere, async () => {
