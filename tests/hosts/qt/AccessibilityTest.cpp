@@ -20,40 +20,23 @@ void recordReport(QAccessibleEvent* event)
         s_reports.push_back(name->second + interface->text(QAccessible::Name).toStdString());
 }
 
-AccessibilityElement button(std::int64_t identifier, const std::string& label, CGRect frame)
+AccessibilityElement element(
+    std::int64_t identifier, AccessibilityRole role, const std::string& label, CGRect frame)
 {
-    return {.identifier = identifier,
-        .role = AccessibilityRole::button,
-        .label = label,
-        .frame = frame,
-        .isFocusable = true,
-        .isPressable = true};
+    return {.identifier = identifier, .role = role, .label = label, .frame = frame};
 }
 
 class Accessibility : public HostFixture {
 protected:
     Accessibility()
     {
-        const AccessibilityElement one{.identifier = 3,
-            .role = AccessibilityRole::listItem,
-            .label = "One",
-            .value = "Completed",
-            .frame = CGRectMake(0, 0.5, 375, 60),
-            .isFocusable = true,
-            .isPressable = true,
-            .index = 0,
-            .actions = {"Reopen", "Delete"}};
-        AccessibilityElement two = one;
-        two.identifier = 4;
-        two.label = "Two";
-        two.frame = CGRectMake(0, 60, 375, 60);
-        const AccessibilityElement list{.identifier = 2,
-            .role = AccessibilityRole::list,
-            .label = "Notes",
-            .frame = CGRectMake(0, 0, 375, 600),
-            .count = 20,
-            .children = {one, two}};
-        client.tree = {.identifier = 1, .children = {list, button(5, "Add", CGRectMake(0, 600, 375, 60))}};
+        AccessibilityElement list = element(2, AccessibilityRole::list, "Notes", CGRectMake(0, 0, 375, 600));
+        list.count = 20;
+        list.children = {element(3, AccessibilityRole::listItem, "One", CGRectMake(0, 0, 375, 60)),
+            element(4, AccessibilityRole::listItem, "Two", CGRectMake(0, 60, 375, 60))};
+        list.children[0].value = "Completed";
+        client.tree = {.identifier = 1,
+            .children = {list, element(5, AccessibilityRole::button, "Add", CGRectMake(0, 600, 375, 60))}};
     }
     ~Accessibility() override { QAccessible::setActive(false); }
 
@@ -112,7 +95,8 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(s_reports, Texts{"focus Two"});
 
     listElement().children.erase(listElement().children.begin());
-    listElement().children.push_back(button(6, "New", CGRectMake(0, 60, 375, 60)));
+    listElement().children.push_back(
+        element(6, AccessibilityRole::listItem, "New", CGRectMake(0, 60, 375, 60)));
     EXPECT_EQ(reportsOfAFrame(), Texts{"created New"});
     EXPECT_TRUE(mirror.interface(3)) << "for those who look at where they come from";
     EXPECT_EQ(mirror.interface(2)->child(0), second) << "an element keeps its interface";
@@ -123,8 +107,8 @@ TEST_F(Accessibility, ReportsWhatChanged)
     EXPECT_EQ(mirror.interface(3), nullptr);
     EXPECT_EQ(mirror.interface(2)->child(1), second) << "it is the same one at its new place";
 
-    AccessibilityElement dialog{.identifier = 7, .role = AccessibilityRole::dialog, .label = "Sure?"};
-    dialog.children.push_back(button(8, "Yes", CGRectMake(100, 300, 100, 40)));
+    AccessibilityElement dialog = element(7, AccessibilityRole::dialog, "Sure?", {});
+    dialog.children = {element(8, AccessibilityRole::button, "Yes", CGRectMake(100, 300, 100, 40))};
     client.tree.children = {dialog};
     EXPECT_EQ(reportsOfAFrame(), (Texts{"created Sure?", "dialog Sure?"}));
     EXPECT_TRUE(mirror.interface(7)->state().modal);
