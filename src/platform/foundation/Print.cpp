@@ -71,8 +71,12 @@ std::pair<std::string, int> shortestDecimal(double value)
         return includesEnds ? lowest <= digits && digits <= highest : lowest < digits && digits < highest;
     };
     std::string digits;
-    for (std::size_t count = first + 1; !isNear(digits); ++count)
+    for (std::size_t count = first + 1; !isNear(digits); ++count) {
         digits = rounded(exact, count);
+        // Above a power of two there is room for more than what is nearest.
+        if (isPower && !isNear(digits))
+            digits = highest.substr(0, count) + std::string(size - count, '0');
+    }
     const std::size_t begin = digits.find_first_not_of('0');
     const auto places = static_cast<int>(size - begin) - 1;
     digits = digits.substr(begin, digits.find_last_not_of('0') - begin + 1);
