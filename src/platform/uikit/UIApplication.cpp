@@ -121,7 +121,7 @@ void UIApplication::touchesChanged(const std::vector<HostTouch>& touches, double
         m_touchDispatcher.touchesChanged(*keyWindow(), touches, time);
 }
 
-bool UIApplication::listens() const
+bool UIApplication::beginInput()
 {
     // Nothing moves under a finger, neither by the wheel nor by keys.
     if (m_ignoringInteraction > 0 || m_windows.empty() || numberOfTouches() > 0)
@@ -132,7 +132,7 @@ bool UIApplication::listens() const
 
 void UIApplication::scrolled(CGPoint location, CGVector by)
 {
-    if (!listens())
+    if (!beginInput())
         return;
     const std::shared_ptr<UIView> hit = keyWindow()->hitTest(location);
     for (UIView* view = hit.get(); view; view = view->superview()) {
@@ -144,7 +144,7 @@ void UIApplication::scrolled(CGPoint location, CGVector by)
 
 bool UIApplication::keyPressed(const HostKeyPress& press)
 {
-    if (m_editedView || !listens())
+    if (m_editedView || !beginInput())
         return false;
     if (press.isRepeat && !mayRepeat(press.key))
         return true;
@@ -162,17 +162,17 @@ AccessibilityElement UIApplication::accessibilityTree()
 
 bool UIApplication::pressElement(std::int64_t identifier)
 {
-    return listens() && m_accessibilityTree.press(*keyWindow(), identifier);
+    return beginInput() && m_accessibilityTree.press(*keyWindow(), identifier);
 }
 
 bool UIApplication::performElementAction(std::int64_t identifier, std::size_t action)
 {
-    return listens() && m_accessibilityTree.perform(*keyWindow(), identifier, action);
+    return beginInput() && m_accessibilityTree.perform(*keyWindow(), identifier, action);
 }
 
 bool UIApplication::focusElement(std::int64_t identifier)
 {
-    if (m_editedView || !listens())
+    if (m_editedView || !beginInput())
         return false;
     const std::shared_ptr<UIView> view = m_accessibilityTree.view(*keyWindow(), identifier);
     if (!view || !view->canBecomeFocused())

@@ -103,8 +103,9 @@ private:
 
     UIApplication() = default;
     void launch(const std::string& delegateClassName);
-    /// Whether the program listens just now to anything but the fingers that are down; a frame follows then.
-    bool listens() const;
+    /// Before what the user does other than by fingers: asks for the frame that follows. False when the
+    /// program does not listen to it just now.
+    bool beginInput();
 
     std::shared_ptr<UIApplicationDelegate> m_delegate;
     std::vector<std::shared_ptr<UIWindow>> m_windows;
