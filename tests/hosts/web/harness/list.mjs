@@ -189,7 +189,7 @@ export class List {
         return texts.map(withoutDate);
     }
 
-    /** Presses what has this name. Not as a screen reader does: see reader.mjs. */
+    /** Presses what has this name. Not as a screen reader does: see reader.py. */
     async press(name) {
         await this.appears(name);
         await this.tab.evaluate((text) => find(text).click(), name);
