@@ -26,7 +26,9 @@ Result<Notes> SharedNoteFile::read()
 void SharedNoteFile::setBase(const Notes& notes)
 {
     m_base.resize(notes.size());
-    std::transform(notes.begin(), notes.end(), m_base.begin(), [](const auto& note) { return *note; });
+    auto base = m_base.begin();
+    for (const auto& note : notes)
+        *base++ = *note;
 }
 
 Notes SharedNoteFile::load()

@@ -66,13 +66,16 @@ std::optional<Error> makeFolders(const std::string& folder)
     return {};
 }
 
+// A piece at a time: the disk takes up what it has got while the next is copied.
 bool writeAll(int descriptor, std::string_view bytes)
 {
+    constexpr std::size_t piece = 1 << 20;
     while (!bytes.empty()) {
-        auto written = write(descriptor, bytes.data(), bytes.size());
+        auto written = write(descriptor, bytes.data(), std::min(bytes.size(), piece));
         if (written < 0 && errno != EINTR)
             return false;
         bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+        sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
     }
     return true;
 }

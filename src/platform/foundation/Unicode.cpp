@@ -1,5 +1,6 @@
 #include "Unicode.h"
-#include <cstddef>
+#include <cstdint>
+#include <cstring>
 
 namespace velmorath {
 namespace {
@@ -42,11 +43,16 @@ bool isLowSurrogate(char32_t unit)
 
 bool isASCII(std::string_view bytes)
 {
-    // Without an early end the compiler looks at many bytes at once.
-    unsigned char all = 0;
+    // Many bytes at once.
+    std::uint64_t all = 0;
+    for (; bytes.size() >= sizeof all; bytes.remove_prefix(sizeof all)) {
+        std::uint64_t some;
+        std::memcpy(&some, bytes.data(), sizeof some);
+        all |= some;
+    }
     for (char byte : bytes)
         all |= static_cast<unsigned char>(byte);
-    return all < 0x80;
+    return (all & 0x8080808080808080) == 0;
 }
 
 char32_t takeCharacter(std::string_view& utf8)
