@@ -16,6 +16,18 @@ namespace {
 
 constexpr std::string_view completedMark = "x ";
 
+SettingsDictionary storedSettingsOr(const std::string& theme)
+{
+    const SettingsDictionary* stored = UserDefaults::standard().dictionary(settingsKey);
+    return stored ? *stored : defaultSettings(theme);
+}
+
+void store(const SettingsDictionary& settings)
+{
+    UserDefaults::standard().setObject(settingsKey, settings);
+    UserDefaults::standard().synchronize();
+}
+
 } // namespace
 
 DrivenProgram::DrivenProgram()
@@ -33,11 +45,10 @@ DrivenProgram::~DrivenProgram()
 void DrivenProgram::put(const Notes& notes, const SettingsDictionary& settings)
 {
     UserDefaults& defaults = UserDefaults::standard();
-    defaults.setObject(settingsKey, settings);
     defaults.setBool("HasLaunchedOnce", true);
     defaults.setObject("primoAvvioApp7", "No");
     defaults.setObject("nuovaNota", "No");
-    defaults.synchronize();
+    store(settings);
     KeyedArchiver::archiveRootObject(notes, archivePath(), [](bool success) {
         if (!success)
             std::abort();
@@ -46,8 +57,7 @@ void DrivenProgram::put(const Notes& notes, const SettingsDictionary& settings)
 
 void DrivenProgram::start(const Lines& texts, const std::string& theme)
 {
-    const SettingsDictionary* stored = UserDefaults::standard().dictionary(settingsKey);
-    put(notesFrom(texts), stored ? *stored : defaultSettings(theme));
+    put(notesFrom(texts), storedSettingsOr(theme));
     launch();
     takeLines();
 }
@@ -178,12 +188,9 @@ Lines DrivenProgram::filesInDocuments()
 
 void DrivenProgram::set(const std::string& key, const std::string& value)
 {
-    UserDefaults& defaults = UserDefaults::standard();
-    const SettingsDictionary* stored = defaults.dictionary(settingsKey);
-    SettingsDictionary settings = stored ? *stored : defaultSettings("Blue");
+    SettingsDictionary settings = storedSettingsOr("Blue");
     settings.insert_or_assign(key, value);
-    defaults.setObject(settingsKey, settings);
-    defaults.synchronize();
+    store(settings);
 }
 
 void DrivenProgram::failOn(HeadlessFiles::Operation failing)

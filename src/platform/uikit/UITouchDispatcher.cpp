@@ -105,23 +105,10 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
         }
     }
     const bool areNew = toRecognizer == &UIGestureRecognizer::touchesBegan;
+    // A gesture that begins as soon as the finger is down has it before the others hear of it.
     Recognizers winners;
     for (const auto& recognizer : addressed) {
-        UITouches touches;
-        for (const std::int64_t identifier : fingers) {
-            // What a recognizer before this one set off may have taken the touch away.
-            const auto finger = m_fingers.find(identifier);
-            if (finger == m_fingers.end())
-                continue;
-            const std::shared_ptr<UITouch>& touch = finger->second.touch;
-            const bool isItsOwn =
-                areNew ? contains(finger->second.recognizers, recognizer) : recognizer->isTracking(*touch);
-            // A gesture that begins as soon as the finger is down has it before the others hear of it.
-            const bool isTaken = std::any_of(winners.begin(), winners.end(),
-                [&](const auto& winner) { return winner->isTracking(*touch); });
-            if (isItsOwn && !isTaken)
-                touches.push_back(touch);
-        }
+        const UITouches touches = touchesFor(recognizer, fingers, areNew, winners);
         if (touches.empty())
             continue;
         ((*recognizer).*toRecognizer)(touches);
@@ -130,6 +117,24 @@ void UITouchDispatcher::deliverToRecognizers(const std::vector<std::int64_t>& fi
             winners.push_back(recognizer);
         }
     }
+}
+
+UITouches UITouchDispatcher::touchesFor(const std::shared_ptr<UIGestureRecognizer>& recognizer,
+    const std::vector<std::int64_t>& fingers, bool areNew, const Recognizers& winners) const
+{
+    UITouches touches;
+    for (const std::int64_t identifier : fingers) {
+        // What a recognizer before this one set off may have taken the touch away.
+        const auto finger = m_fingers.find(identifier);
+        if (finger == m_fingers.end())
+            continue;
+        const std::shared_ptr<UITouch>& touch = finger->second.touch;
+        const auto tracks = [&](const auto& other) { return other->isTracking(*touch); };
+        const bool isItsOwn = areNew ? contains(finger->second.recognizers, recognizer) : tracks(recognizer);
+        if (isItsOwn && std::none_of(winners.begin(), winners.end(), tracks))
+            touches.push_back(touch);
+    }
+    return touches;
 }
 
 void UITouchDispatcher::giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner)

@@ -39,6 +39,10 @@ private:
     bool addFinger(UIView& root, const HostTouch&, double time);
     void deliver(const std::vector<std::int64_t>& fingers, Deliver, DeliverToView);
     void deliverToRecognizers(const std::vector<std::int64_t>& fingers, Deliver);
+    /// What a recognizer is told of these fingers: when they are new, of those on its view, afterwards of
+    /// those that it tracks; never of what one of the winners has.
+    UITouches touchesFor(const std::shared_ptr<UIGestureRecognizer>&,
+        const std::vector<std::int64_t>& fingers, bool areNew, const Recognizers& winners) const;
     void deliverToViews(const std::vector<std::int64_t>& fingers, DeliverToView);
     void giveTouchesTo(const std::shared_ptr<UIGestureRecognizer>& winner);
     bool isGestureGoingOn() const;
