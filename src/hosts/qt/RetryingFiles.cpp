@@ -15,10 +15,12 @@ RetryingFiles::RetryingFiles(
 void RetryingFiles::replace(const std::string& path, std::string_view bytes, Completion completion)
 {
     PosixFiles::replace(path, bytes, [&](const std::optional<Error>& error) {
-        if (error)
-            m_unsaved[path] = {std::string(bytes), isUnreadable(path) ? version(path) : knownVersion(path)};
-        else
+        if (error) {
+            const auto unreadable = isUnreadable(path) ? version(path) : std::nullopt;
+            m_unsaved[path] = {std::string(bytes), unreadable ? unreadable : knownVersion(path)};
+        } else {
             m_unsaved.erase(path);
+        }
         updateTimer();
         completion(error);
     });

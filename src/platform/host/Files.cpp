@@ -10,13 +10,21 @@ void Files::markUnreadable(const std::string& path)
 
 void Files::replace(const std::string& path, std::string_view bytes, Completion completion)
 {
-    const auto error = isUnreadable(path) && exists(path) ? setAside(path, "unreadable") : std::nullopt;
-    if (error) {
-        completion(error);
-        return;
+    const bool wasUnreadable = isUnreadable(path);
+    const bool isGone = wasUnreadable && !exists(path);
+    if (wasUnreadable && !isGone) {
+        if (const auto error = setAside(path, "unreadable")) {
+            completion(error);
+            return;
+        }
     }
     m_unreadable.erase(path);
-    write(path, bytes, std::move(completion));
+    write(path, bytes, [this, path, isGone, completion = std::move(completion)](const auto& error) {
+        // It may come back, as when its folder is on another machine.
+        if (error && isGone)
+            m_unreadable.insert(path);
+        completion(error);
+    });
 }
 
 } // namespace velmorath

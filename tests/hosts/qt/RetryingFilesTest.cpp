@@ -76,6 +76,19 @@ TEST_F(RetryingFilesTest, WhatOthersPutThereMeanwhileIsNotOverwritten)
     EXPECT_EQ(changes, (std::vector{true, false}));
 }
 
+TEST_F(RetryingFilesTest, AnUnreadableFileThatWasGoneForAWhileIsSetAsideAllTheSame)
+{
+    EXPECT_TRUE(save("damaged"));
+    files.markUnreadable(path);
+    breakFolder();
+    EXPECT_FALSE(save("first"));
+    mendFolder();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return saved(path) == "first"; }));
+    EXPECT_EQ(saved(path + ".unreadable"), "damaged");
+    EXPECT_TRUE(save("second"));
+    EXPECT_FALSE(files.exists(path + ".unreadable-2"));
+}
+
 } // namespace
 
 } // namespace velmorath
