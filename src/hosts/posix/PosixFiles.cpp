@@ -66,7 +66,8 @@ std::optional<Error> makeFolders(const std::string& folder)
     return {};
 }
 
-// A piece at a time: the disk takes up what it has got while the next is copied.
+// A piece at a time: the disk, where it can, takes up what it has got while the next is copied. What it fails
+// at it says when it is flushed.
 bool writeAll(int descriptor, std::string_view bytes)
 {
     constexpr std::size_t piece = 1 << 20;
