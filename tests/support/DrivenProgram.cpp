@@ -16,16 +16,11 @@ namespace {
 
 constexpr std::string_view completedMark = "x ";
 
+// As loadSettings(), but the program says nothing of it.
 SettingsDictionary storedSettingsOr(const std::string& theme)
 {
     const SettingsDictionary* stored = UserDefaults::standard().dictionary(settingsKey);
     return stored ? *stored : defaultSettings(theme);
-}
-
-void store(const SettingsDictionary& settings)
-{
-    UserDefaults::standard().setObject(settingsKey, settings);
-    UserDefaults::standard().synchronize();
 }
 
 } // namespace
@@ -48,7 +43,7 @@ void DrivenProgram::put(const Notes& notes, const SettingsDictionary& settings)
     defaults.setBool("HasLaunchedOnce", true);
     defaults.setObject("primoAvvioApp7", "No");
     defaults.setObject("nuovaNota", "No");
-    store(settings);
+    saveSettings(settings);
     KeyedArchiver::archiveRootObject(notes, archivePath(), [](bool success) {
         if (!success)
             std::abort();
@@ -190,7 +185,7 @@ void DrivenProgram::set(const std::string& key, const std::string& value)
 {
     SettingsDictionary settings = storedSettingsOr("Blue");
     settings.insert_or_assign(key, value);
-    store(settings);
+    saveSettings(settings);
 }
 
 void DrivenProgram::failOn(HeadlessFiles::Operation failing)
