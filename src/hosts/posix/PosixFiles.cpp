@@ -76,7 +76,8 @@ bool writeAll(int descriptor, std::string_view bytes)
         if (written < 0 && errno != EINTR)
             return false;
         bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
-        sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
+        if (!bytes.empty())
+            sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
     }
     return true;
 }
